@@ -1,0 +1,35 @@
+# The compiler and linker options of every target, as one interface library.
+add_library(build_options INTERFACE)
+
+if(CMAKE_CXX_COMPILER_ID MATCHES "GNU|Clang")
+  target_compile_options(build_options INTERFACE -Wall -Wextra -Wpedantic -Werror)
+elseif(MSVC)
+  target_compile_options(build_options INTERFACE /W4 /WX /utf-8 /permissive-)
+endif()
+
+if(WIN32)
+  # The oldest release that the program runs on is Windows XP.
+  target_compile_definitions(build_options INTERFACE
+    _WIN32_WINNT=0x0501 WINVER=0x0501 WIN32_LEAN_AND_MEAN NOMINMAX STRICT)
+endif()
+
+if(INSTALLER_CHECKED)
+  target_compile_definitions(build_options INTERFACE _GLIBCXX_ASSERTIONS)
+  target_compile_options(build_options INTERFACE
+    -fsanitize=undefined -fsanitize-undefined-trap-on-error)
+endif()
+if(INSTALLER_SANITIZE)
+  target_compile_options(build_options INTERFACE
+    -fsanitize=address,undefined -fno-sanitize-recover=all -fno-omit-frame-pointer)
+  target_link_options(build_options INTERFACE -fsanitize=address,undefined)
+endif()
+
+# What ships: small, without exceptions, hardened.
+add_library(release_options INTERFACE)
+if(MINGW)
+  target_compile_options(build_options INTERFACE
+    -ffunction-sections -fdata-sections -fstack-protector-strong)
+  target_link_options(build_options INTERFACE -static -Wl,--gc-sections)
+  target_link_options(release_options INTERFACE
+    -Wl,--dynamicbase,--nxcompat -Wl,--no-insert-timestamp)
+endif()

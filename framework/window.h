@@ -1,0 +1,22 @@
+#pragma once
+
+#include <windows.h>
+
+#include <string>
+
+/// A window handle with the operations that the dialogs use. Does not own the window: dialogs
+/// end with their modal loop, controls with their dialog.
+class CWnd {
+  public:
+    CWnd() = default;
+    virtual ~CWnd() = default;
+    CWnd(const CWnd&) = delete;
+    CWnd& operator=(const CWnd&) = delete;
+
+    void SetWindowText(const std::string& text);
+    void ShowWindow(int command);
+    LRESULT SendMessage(UINT message, WPARAM wParam = 0, LPARAM lParam = 0) const;
+
+    /// Null before the window exists and after it ended.
+    HWND m_hWnd = nullptr;
+};

@@ -1,0 +1,39 @@
+// Multibyte-aware, case-insensitive text operations: their one home.
+//
+// Texts are byte strings in the ANSI code page. In a double-byte page the second byte of a
+// character can be a letter, a backquote or a backslash, so a byte-wise operation would see
+// characters that are not there.
+#pragma once
+
+#include <array>
+#include <string>
+#include <string_view>
+
+/// What the operations need to know of a code page.
+struct CodePage {
+    std::array<unsigned char, 256> lower{};  ///< lower-case form of each single-byte character
+    std::array<bool, 256> lead{};            ///< true: the byte starts a two-byte character
+};
+
+/// Folds A to Z only, has no two-byte characters.
+CodePage asciiCodePage();
+
+/// Makes `page` the code page of every operation below, for the whole process. The start-up
+/// calls it once with the system's page; until then the page is asciiCodePage().
+void useCodePage(const CodePage& page);
+
+/// The text with every single-byte character folded; two-byte characters are kept.
+std::string lowerCase(std::string_view text);
+
+bool equalIgnoringCase(std::string_view left, std::string_view right);
+
+/// Offset of the first occurrence at or behind `from`, never inside a two-byte character;
+/// npos when there is none. `from` must be a character boundary.
+std::size_t findIgnoringCase(std::string_view text, std::string_view pattern,
+                             std::size_t from = 0);
+
+/// Offset of the last backslash character (not of a second byte 0x5C); npos when there is none.
+std::size_t findLastBackslash(std::string_view text);
+
+/// The path, with a backslash appended when its last character is not one.
+std::string withTrailingBackslash(std::string_view path);

@@ -1,0 +1,21 @@
+// printf-style formatting into strings, with the cuts that fixed buffers made.
+#pragma once
+
+#include <cstddef>
+#include <string>
+
+#if defined(__GNUC__)
+#define FORMAT_TEXT_CHECKED __attribute__((format(gnu_printf, 1, 2)))
+#else
+#define FORMAT_TEXT_CHECKED
+#endif
+
+/// Characters in a composed path, terminator not counted. Mirrors MAX_PATH (minwindef.h).
+inline constexpr std::size_t maximumPathLength = 260;
+
+/// The whole formatted text, however long.
+FORMAT_TEXT_CHECKED std::string formatText(const char* format, ...);
+
+/// As formatText, cut to maximumPathLength characters: every composed path, and every other text
+/// that was given a buffer of 261 bytes.
+FORMAT_TEXT_CHECKED std::string formatPath(const char* format, ...);

@@ -1,0 +1,18 @@
+// Resource ids of the program. Dialog and control ids are those that accessibility tools and the
+// field's unattended-installation scripts address; they do not change.
+#pragma once
+
+#define IDI_INSTALLER 128
+
+#define IDD_INSTALL_PRODUCT 283
+#define IDC_INSTALL_PROMPT 4001
+#define IDC_LIVE_PRODUCT 4006
+#define IDC_FILE_VIEWER 4007
+#define IDC_DEMONSTRATION 4008
+#define IDC_HELP_BUTTON 57670
+
+#define IDD_ASK_UNINSTALL 575
+#define IDC_VERSION_LIST 4034
+#define IDC_VERSIONS_FOUND 4035
+#define IDC_UNINSTALL_QUESTION 4036
+#define IDC_SELECT_ALL 4037
