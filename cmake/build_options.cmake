@@ -24,12 +24,14 @@ if(INSTALLER_SANITIZE)
   target_link_options(build_options INTERFACE -fsanitize=address,undefined)
 endif()
 
-# What ships: small, without exceptions, hardened.
-add_library(release_options INTERFACE)
 if(MINGW)
   target_compile_options(build_options INTERFACE
     -ffunction-sections -fdata-sections -fstack-protector-strong)
   target_link_options(build_options INTERFACE -static -Wl,--gc-sections)
-  target_link_options(release_options INTERFACE
-    -Wl,--dynamicbase,--nxcompat -Wl,--no-insert-timestamp)
+endif()
+
+# The program's own code neither throws nor asks for types at run time; tests may do both.
+add_library(product_code_options INTERFACE)
+if(CMAKE_CXX_COMPILER_ID MATCHES "GNU|Clang")
+  target_compile_options(product_code_options INTERFACE -fno-exceptions -fno-rtti)
 endif()

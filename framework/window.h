@@ -15,7 +15,6 @@ class CWnd {
 
     void SetWindowText(const std::string& text);
     void ShowWindow(int command);
-    LRESULT SendMessage(UINT message, WPARAM wParam = 0, LPARAM lParam = 0) const;
 
     /// Null before the window exists and after it ended.
     HWND m_hWnd = nullptr;

@@ -4,7 +4,9 @@
 #include <cstddef>
 #include <string>
 
-#if defined(__GNUC__)
+#if defined(__clang__)
+#define FORMAT_TEXT_CHECKED __attribute__((format(printf, 1, 2)))
+#elif defined(__GNUC__)
 #define FORMAT_TEXT_CHECKED __attribute__((format(gnu_printf, 1, 2)))
 #else
 #define FORMAT_TEXT_CHECKED

@@ -1,0 +1,31 @@
+#include "framework/win_app.h"
+
+namespace {
+
+CWinApp* application = nullptr;
+
+}  // namespace
+
+CWinApp::CWinApp(const char* applicationName) : m_pszAppName(applicationName) {
+    application = this;
+}
+
+bool CWinApp::InitInstance() {
+    return true;
+}
+
+int CWinApp::Run() {
+    if (m_pMainWnd == nullptr) {
+        PostQuitMessage(0);
+    }
+    MSG message{};
+    while (GetMessageA(&message, nullptr, 0, 0) > 0) {
+        TranslateMessage(&message);
+        DispatchMessageA(&message);
+    }
+    return static_cast<int>(message.wParam);
+}
+
+CWinApp* AfxGetApp() {
+    return application;
+}

@@ -1,0 +1,80 @@
+#include "platform/ansi_text.h"
+
+namespace {
+
+// Process-wide like the code page it describes.
+CodePage codePage = asciiCodePage();
+
+unsigned char byteAt(std::string_view text, std::size_t offset) {
+    return static_cast<unsigned char>(text[offset]);
+}
+
+/// Bytes in the character at `offset`; a lead byte at the very end stands alone.
+std::size_t characterLength(std::string_view text, std::size_t offset) {
+    return codePage.lead[byteAt(text, offset)] && offset + 1 < text.size() ? 2 : 1;
+}
+
+}  // namespace
+
+CodePage asciiCodePage() {
+    CodePage page;
+    for (std::size_t byte = 0; byte < page.lower.size(); ++byte) {
+        const bool upper = byte >= 'A' && byte <= 'Z';
+        page.lower[byte] = static_cast<unsigned char>(upper ? byte - 'A' + 'a' : byte);
+    }
+    return page;
+}
+
+void useCodePage(const CodePage& page) {
+    codePage = page;
+}
+
+std::string lowerCase(std::string_view text) {
+    std::string lower(text);
+    for (std::size_t offset = 0; offset < lower.size();) {
+        const std::size_t length = characterLength(lower, offset);
+        if (length == 1) {
+            lower[offset] = static_cast<char>(codePage.lower[byteAt(lower, offset)]);
+        }
+        offset += length;
+    }
+    return lower;
+}
+
+bool equalIgnoringCase(std::string_view left, std::string_view right) {
+    return left.size() == right.size() && lowerCase(left) == lowerCase(right);
+}
+
+std::size_t findIgnoringCase(std::string_view text, std::string_view pattern, std::size_t from) {
+    const std::string lowerText = lowerCase(text);
+    const std::string lowerPattern = lowerCase(pattern);
+    for (std::size_t offset = from; offset + lowerPattern.size() <= lowerText.size();) {
+        if (lowerText.compare(offset, lowerPattern.size(), lowerPattern) == 0) {
+            return offset;
+        }
+        if (offset == lowerText.size()) {
+            break;
+        }
+        offset += characterLength(lowerText, offset);
+    }
+    return std::string::npos;
+}
+
+std::size_t findLastBackslash(std::string_view text) {
+    std::size_t last = std::string_view::npos;
+    for (std::size_t offset = 0; offset < text.size(); offset += characterLength(text, offset)) {
+        if (text[offset] == '\\') {
+            last = offset;
+        }
+    }
+    return last;
+}
+
+std::string withTrailingBackslash(std::string_view path) {
+    std::string result(path);
+    const std::size_t last = findLastBackslash(path);
+    if (last == std::string_view::npos || last + 1 != path.size()) {
+        result += '\\';
+    }
+    return result;
+}
