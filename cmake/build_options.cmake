@@ -27,7 +27,8 @@ endif()
 if(MINGW)
   target_compile_options(build_options INTERFACE
     -ffunction-sections -fdata-sections -fstack-protector-strong)
-  target_link_options(build_options INTERFACE -static -Wl,--gc-sections)
+  # -fstack-protector at the link names the library that checked code needs.
+  target_link_options(build_options INTERFACE -static -fstack-protector-strong -Wl,--gc-sections)
 endif()
 
 # The program's own code neither throws nor asks for types at run time; tests may do both.
