@@ -1,0 +1,45 @@
+#pragma once
+
+#include <string>
+
+#include "catalogue/product_data.h"
+#include "catalogue/product_data_file.h"
+#include "drivers/driver_package_table.h"
+#include "framework/win_app.h"
+#include "platform/operating_system.h"
+
+/// The application object: runs the whole installation in InitInstance and holds the run's state,
+/// which only its own steps write.
+class CInstallApp : public CWinApp {
+  public:
+    CInstallApp();
+
+    /// The install sequence from the command line to the hand-over. False: the run ended before
+    /// the hand-over, and whatever there was to say has been shown.
+    bool InitInstance() override;
+
+    // The steps, each in a file of its own.
+    bool ParseCommandLine(std::string& sourceDirectory, std::string& installDirectory);
+    bool CheckEnvironment();
+    bool SelectProductType(bool refreshPrompt, bool liveOnly);
+    void LaunchSetup();
+    void InstallDirectly();
+
+    int operatingSystemCode = operating_system_code::windowsXp;
+    int productNumber = 0;
+    std::string hardwarePrompt;
+    std::string sourceDirectory;  ///< ends in a backslash
+    std::string installDirectory;
+    std::string productName;
+    std::string productCode;
+    std::string selectionError;  ///< shown when the choice ends without a usable result
+    std::string typeSuffix;      ///< when not empty, follows the word "LIVE"
+    ProductDataFile productData;
+    std::string prompt;
+    std::string title;  ///< at most 260 characters
+    unsigned productType = 0;
+    DriverPackageTable driverPackages;
+    const DeviceFamily* deviceFamily = nullptr;  ///< this product's, within driverPackages
+    int selectionState = 5;  ///< 1 once the choice of the product type begins
+    CProductData catalogue;
+};
