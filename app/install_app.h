@@ -18,12 +18,26 @@ class CInstallApp : public CWinApp {
     /// the hand-over, and whatever there was to say has been shown.
     bool InitInstance() override;
 
-    // The steps, each in a file of its own.
+    // The steps, in their order. A step that says false has shown why.
     bool ParseCommandLine(std::string& sourceDirectory, std::string& installDirectory);
     bool CheckEnvironment();
-    bool SelectProductType(bool refreshPrompt, bool liveOnly);
-    void LaunchSetup();
+    /// Reads the program's texts, the stamp and the build; sets the title and the prompt.
+    void IdentifyProduct();
+    /// The whole rest of the run for the free protocol viewer.
     void InstallDirectly();
+    bool PrepareHardwareFamily();
+    bool PrepareOrdinary();
+    /// Shows a failure; the run goes on.
+    void InstallDrivers();
+    /// False when the user cancelled. With `liveOnly` nobody is asked.
+    bool SelectProductType(bool refreshPrompt, bool liveOnly);
+    /// After the choice of a demonstration, its product replaces the stamped one.
+    bool SwitchToDemonstration();
+    /// Shows a failure; there is nothing left to do after it.
+    void LaunchSetup();
+
+    /// The build on the media. Looks for the product-data file again until it has been loaded.
+    std::string BuildVersion();
 
     int operatingSystemCode = operating_system_code::windowsXp;
     int productNumber = 0;
@@ -40,6 +54,6 @@ class CInstallApp : public CWinApp {
     unsigned productType = 0;
     DriverPackageTable driverPackages;
     const DeviceFamily* deviceFamily = nullptr;  ///< this product's, within driverPackages
-    int selectionState = 5;  ///< 1 once the choice of the product type begins
+    int selectionState = 5;                      ///< 1 once the choice of the product type begins
     CProductData catalogue;
 };

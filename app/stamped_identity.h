@@ -7,7 +7,7 @@
 //       24   104  product name, zero-terminated, zero-filled
 #pragma once
 
-#include <cstddef>
+#include <string>
 
 inline constexpr char stampMarker[] = {'<', '#', 'P', 'R', 'O', 'D', 'U', 'C',
                                        'T', '-', 'S', 'T', 'A', 'M', 'P', '>'};
@@ -21,3 +21,11 @@ static_assert(sizeof(StampedIdentity) == 128 && sizeof(stampMarker) == 16);
 
 /// This executable's block. Volatile: its content is not what the compiler saw.
 extern volatile StampedIdentity stampedIdentity;
+
+/// The two texts of the block; empty where nothing was stamped.
+struct ProductIdentity {
+    std::string code;
+    std::string name;
+};
+
+ProductIdentity readStampedIdentity();

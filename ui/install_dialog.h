@@ -4,13 +4,7 @@
 
 #include "framework/button.h"
 #include "framework/dialog.h"
-
-/// Bits of the product type; exactly one is set once a choice has been made.
-namespace product_type {
-inline constexpr unsigned live = 2;
-inline constexpr unsigned viewer = 4;
-inline constexpr unsigned demonstration = 8;
-}  // namespace product_type
+#include "ui/product_type.h"
 
 /// "Install Product": asks for the live product, the file viewer or the demonstration.
 class CInstallDlg : public CDialog {

@@ -1,0 +1,3 @@
+#include "app/install_app.h"
+
+CInstallApp theApp;

@@ -1,0 +1,85 @@
+#include "app/setup_parameters.h"
+
+#include <gtest/gtest.h>
+
+#include "app/program_folder.h"
+#include "ui/product_type.h"
+
+namespace {
+
+using namespace product_type;
+
+TEST(SetupParameters, ClosesEachFieldAndCutsAt2048) {
+    EXPECT_EQ(composeSetupParameters({{"-build", "1.2.3.4"}, {"-pf", "A B"}, {"-tmp", ""}}),
+              "/hide_usd -build=1.2.3.4`-pf=A B`-tmp=`");
+    EXPECT_EQ(composeSetupParameters({{"-t", std::string(2035, 'x')}}).back(), '`');
+    const std::string cut = composeSetupParameters({{"-t", std::string(2036, 'x')}});
+    EXPECT_EQ(cut.size(), 2048u);
+    EXPECT_EQ(cut.back(), 'x');
+}
+
+TEST(SetupParameters, TypeWord) {
+    struct {
+        unsigned type;
+        int number;
+        const char *suffix, *bitness, *word;
+    } const cases[] = {
+        {live, 4, "", "x64", "LIVE"},
+        {live, 7, "", "x64", "LIVE x64"},
+        {live, 51, "", "x86", "LIVE x86"},
+        {live, 7, "Pro", "x64", "LIVE Pro x64"},
+        {live, 58, "Pro", "x64", "LIVE Pro x86"},
+        {demonstration, 7, "Pro", "x64", "DEMO"},
+        {viewer, 51, "Pro", "x64", "VIEW"},
+        {viewer, 60, "", "x64", "VIEW x86"},
+        {demonstration, 58, "", "", "DEMO x86"},
+        {0, 4, "Pro", "", "LIVE Pro"},
+        {demonstration | viewer, 4, "", "", "DEMO"},
+    };
+    for (const auto& row : cases) {
+        EXPECT_EQ(productTypeWord(row.type, row.number, row.suffix, row.bitness), row.word);
+    }
+}
+
+TEST(SetupParameters, BitnessNeedsBothTheProductAndTheSystem) {
+    EXPECT_EQ(setupBitness(true, true), "x64");
+    EXPECT_EQ(setupBitness(true, false), "x86");
+    EXPECT_EQ(setupBitness(false, true), "x86");
+}
+
+TEST(SetupParameters, TemporaryFolderEndsInTheLastBackslash) {
+    EXPECT_EQ(temporaryFolder("C:\\a b`\\"), "C:\\a b`\\");
+    EXPECT_EQ(temporaryFolder("C:\\a\\b"), "C:\\a\\");
+    EXPECT_EQ(temporaryFolder("a"), "");
+}
+
+TEST(ProgramFolder, IsNumberedFromTwo) {
+    const std::string longName(300, 'n');
+    struct {
+        int product;
+        std::string name;
+        std::vector<std::string> taken;
+        std::string folder;
+    } const cases[] = {
+        {4, "X", {}, "Halvick X"},
+        {4, "X", {"Halvick X"}, "Halvick X 2"},
+        {4, "X", {"Halvick X", "Halvick X 2"}, "Halvick X 3"},
+        {4, "X", {"Halvick X 2"}, "Halvick X"},
+        {55, "X", {"X", "Halvick X"}, "X 2"},
+        {56, "X", {}, "X"},
+        {4, longName, {}, "Halvick " + longName},
+        // The number no longer fits: the search ends all the same.
+        {4,
+         longName,
+         {"Halvick " + longName, "Halvick " + longName.substr(0, 252)},
+         "Halvick " + longName.substr(0, 252)},
+    };
+    for (const auto& row : cases) {
+        const auto isTaken = [&row](const std::string& name) {
+            return std::find(row.taken.begin(), row.taken.end(), name) != row.taken.end();
+        };
+        EXPECT_EQ(uniqueProgramFolder(row.name, row.product, isTaken), row.folder);
+    }
+}
+
+}  // namespace
