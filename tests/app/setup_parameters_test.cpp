@@ -12,8 +12,8 @@ using namespace product_type;
 TEST(SetupParameters, ClosesEachFieldAndCutsAt2048) {
     EXPECT_EQ(composeSetupParameters({{"-build", "1.2.3.4"}, {"-pf", "A B"}, {"-tmp", ""}}),
               "/hide_usd -build=1.2.3.4`-pf=A B`-tmp=`");
-    EXPECT_EQ(composeSetupParameters({{"-t", std::string(2035, 'x')}}).back(), '`');
-    const std::string cut = composeSetupParameters({{"-t", std::string(2036, 'x')}});
+    EXPECT_EQ(composeSetupParameters({{"-t", std::string(2034, 'x')}}).back(), '`');
+    const std::string cut = composeSetupParameters({{"-t", std::string(2035, 'x')}});
     EXPECT_EQ(cut.size(), 2048u);
     EXPECT_EQ(cut.back(), 'x');
 }
