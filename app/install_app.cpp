@@ -6,6 +6,7 @@
 
 #include "app/install_messages.h"
 #include "app/install_path.h"
+#include "app/setup_request.h"
 #include "app/show_message.h"
 #include "app/stamped_identity.h"
 #include "catalogue/product_code.h"
@@ -86,13 +87,13 @@ void CInstallApp::IdentifyProduct() {
         productCode = identity.code;
     }
     productName = identity.name;
-    title = installTitle(productName, BuildVersion());
+    ReadProductData();
+    title = installTitle(productName, catalogue.buildVersion());
     prompt = "Please select the type of product to install.";
 }
 
-std::string CInstallApp::BuildVersion() {
+void CInstallApp::ReadProductData() {
     productData.loadProductValues(catalogue);
-    return catalogue.buildVersion();
 }
 
 bool CInstallApp::PrepareHardwareFamily() {
@@ -155,13 +156,9 @@ bool CInstallApp::SwitchToDemonstration() {
     if ((productType & product_type::demonstration) == 0) {
         return true;
     }
-    std::string demonstrationCode;
-    if (!catalogue.demonstrationCode(productCode, demonstrationCode)) {
+    if (!switchToDemonstration(catalogue, productCode, productName, productNumber)) {
         showMessage(invalidInstallerMessage(productCode));
         return false;
     }
-    productCode = demonstrationCode;
-    catalogue.productName(productCode, productName);
-    productNumber = numberFromCode(productCode);
     return true;
 }

@@ -36,8 +36,8 @@ class CInstallApp : public CWinApp {
     /// Shows a failure; there is nothing left to do after it.
     void LaunchSetup();
 
-    /// The build on the media. Looks for the product-data file again until it has been loaded.
-    std::string BuildVersion();
+    /// Looks for the product-data file until it has been loaded; a file that is missing is none.
+    void ReadProductData();
 
     int operatingSystemCode = operating_system_code::windowsXp;
     int productNumber = 0;

@@ -1,6 +1,6 @@
 #include "app/install_app.h"
 #include "app/program_folder.h"
-#include "app/setup_parameters.h"
+#include "app/setup_request.h"
 #include "app/setup_utility.h"
 #include "platform/operating_system_query.h"
 #include "platform/shell_runner.h"
@@ -10,20 +10,12 @@ void CInstallApp::LaunchSetup() {
     if (!locateSetupUtility(sourceDirectory, m_pszAppName, setupPath)) {
         return;
     }
-    const std::string bitness =
-        setupBitness(catalogue.hasProcessorSpecificSetups(productCode), isWow64());
-
-    std::string folderName;
-    catalogue.displayName(productCode, programFolderEdition(productType), folderName);
+    ReadProductData();
+    const SetupRequest request{productCode, productNumber,   productType,
+                               typeSuffix,  sourceDirectory, isWow64()};
     const auto isTaken = [](const std::string&) { return false; };
-
-    const std::string parameters = composeSetupParameters({
-        {"-build", BuildVersion()},
-        {"-pid", productCode},
-        {"-pf", uniqueProgramFolder(folderName, productNumber, isTaken)},
-        {"-type", productTypeWord(productType, productNumber, typeSuffix, bitness)},
-        {"-bitness", bitness},
-        {"-tmp", temporaryFolder(sourceDirectory)},
-    });
+    const std::string programFolder =
+        uniqueProgramFolder(programFolderName(catalogue, request), productNumber, isTaken);
+    const std::string parameters = setupParameters(catalogue, request, programFolder);
     ShellRunner().start(setupPath.c_str(), parameters.c_str(), "open");
 }
