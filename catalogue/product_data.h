@@ -11,6 +11,7 @@
 class CProductData {
   public:
     using TextMap = std::map<std::string, std::string, std::less<>>;
+    using ValueMap = std::map<std::string_view, std::string_view>;
     using TextSet = std::set<std::string, std::less<>>;
 
     CProductData();
@@ -50,7 +51,9 @@ class CProductData {
     TextMap ProductDecoders;
     TextMap DisplayNameTemplates;
     TextMap ProductConfigurations;
-    TextMap ProductDataValues;
+
+    /// Parts of the text that the ProductDataFile keeps, which outlives them.
+    ValueMap ProductDataValues;
 
     /// Why the last failing look-up failed.
     std::string lastError;

@@ -1,7 +1,7 @@
-// The text of the product-data file: comments, sections, values.
+// The text of the product-data file: comments, sections, values. Every operation takes time in
+// proportion to the text, whatever is in it.
 #pragma once
 
-#include <map>
 #include <string>
 #include <string_view>
 
@@ -10,15 +10,18 @@
 /// Header of the only section that is read.
 inline constexpr std::string_view versionSectionHeader = "[Version Number]";
 
-/// The file's lines without those that begin with ";", joined by single line feeds.
-std::string withoutComments(std::string_view fileContent);
+/// The file's lines without those that begin with ";", joined by single line feeds. A carriage
+/// return at the end of a line stays.
+std::string withoutComments(std::string fileContent);
 
-/// The body behind `header` up to the next "[", trimmed; false when it is missing or empty.
-bool extractSection(std::string_view text, std::string_view header, std::string& body);
+/// The body behind `header` (letter case ignored) up to the next "[", trimmed, as a part of
+/// `text`; false when it is missing or empty.
+bool extractSection(std::string_view text, std::string_view header, std::string_view& body);
 
-/// Fills `values` (emptied first) from lines "key=value" that end in a carriage return; the first
-/// of two equal keys wins. True when there is any.
-bool parseValues(std::string_view body, CProductData::TextMap& values);
+/// Fills `values` (emptied first) with parts of `body`, from lines "key=value" that end in a
+/// carriage return; the first of two equal keys wins. True when there is any.
+bool parseValues(std::string_view body, CProductData::ValueMap& values);
 
-/// Reads the version section into `values`, which is left alone when there is no such section.
-bool readVersionSection(std::string_view text, CProductData::TextMap& values);
+/// Reads the version section into `values` as parts of `text`; `values` is left alone when there
+/// is no such section.
+bool readVersionSection(std::string_view text, CProductData::ValueMap& values);

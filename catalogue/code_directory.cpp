@@ -1,0 +1,69 @@
+#include "catalogue/code_directory.h"
+
+#include "catalogue/product_code.h"
+#include "catalogue/product_data.h"
+#include "catalogue/product_names.h"
+
+namespace {
+
+/// Codes of retired and partner products, and the one that stands for all.
+constexpr TextRow furtherNames[] = {
+    {"**", "All Products"},
+    {"01", "Tavlink Async Analyzer"},
+    {"02", "Tavlink Async Plus"},
+    {"09", "Tavlink Parallel Analyzer"},
+    {"0a", "Tavlink ISDN Analyzer"},
+    {"0d", "Tavlink Async Portable"},
+    {"0k", "Tavlink Frame Relay Analyzer"},
+    {"0m", "Tavlink X.25 Analyzer"},
+    {"0n", "Partner Async Analyzer"},
+    {"0p", "Tavlink Async Basic"},
+    {"0r", "Tavlink Token Ring Analyzer"},
+    {"0s", "Tavlink Async Demo"},
+    {"0t", "Tavlink CAN Analyzer"},
+    {"0v", "Tavlink Bluetooth Basic"},
+    {"0w", "Tavlink Process Analyzer"},
+    {"0x", "Tavlink HDLC Analyzer"},
+    {"0y", "Tavlink Fieldbus Analyzer"},
+    {"0z", "Partner Serial Viewer"},
+    {"10", "Partner Serial Analyzer"},
+    {"11", "Partner Serial Plus"},
+    {"12", "Tavlink Modem Analyzer"},
+    {"13", "Partner Ethernet Analyzer"},
+    {"14", "Partner Universal Analyzer"},
+    {"15", "Tavlink Industrial Serial"},
+    {"18", "Partner Ethernet Plus"},
+    {"19", "Partner Bluetooth Analyzer"},
+    {"1a", "Tavlink Industrial Ethernet"},
+    {"1f", "Partner Serial Demo"},
+    {"1g", "Partner Ethernet Demo"},
+    {"1n", "Partner Async Plus"},
+};
+
+CProductData::TextMap buildDirectory() {
+    CProductData::TextMap directory;
+    for (const TextRow& row : productNames) {
+        directory.emplace(row.key, row.value);
+    }
+    for (const TextRow& row : furtherNames) {
+        directory.emplace(row.key, row.value);
+    }
+    return directory;
+}
+
+}  // namespace
+
+bool findDirectoryName(std::string_view code, std::string& name) {
+    static const CProductData::TextMap directory = buildDirectory();
+    name.clear();
+    const auto found = directory.find(code);
+    if (found == directory.end()) {
+        return false;
+    }
+    name = found->second;
+    return true;
+}
+
+bool findDirectoryName(int productNumber, std::string& name) {
+    return findDirectoryName(codeFromNumber(productNumber), name);
+}
