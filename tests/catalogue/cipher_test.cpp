@@ -1,0 +1,46 @@
+#include "catalogue/cipher.h"
+
+#include <gtest/gtest.h>
+
+#include "catalogue/program_texts.h"
+
+namespace {
+
+TEST(Cipher, GivesBackWhatItTook) {
+    std::string every(70'000, '\0');
+    for (std::size_t index = 0; index < every.size(); ++index) {
+        every[index] = static_cast<char>(index * index >> 3);
+    }
+    for (const std::string& plain : {std::string(), std::string("[Version Number]\r\n"), every}) {
+        std::string result = "old", error;
+        EXPECT_TRUE(decipher(encipher(plain), result, error)) << error;
+        EXPECT_EQ(result, plain);
+    }
+    EXPECT_EQ(encipher("[Version Number]").find("Version"), std::string::npos);
+}
+
+TEST(Cipher, DetectsDamageToAnyByte) {
+    const std::string whole = encipher("[Version Number]\r\nVersion Number=16.4.10002.0\r\n");
+    std::string plain, error;
+    for (std::size_t index = 0; index < whole.size(); ++index) {
+        for (int mask = 1; mask < 256; ++mask) {
+            std::string damaged = whole;
+            damaged[index] = static_cast<char>(damaged[index] ^ mask);
+            error.clear();
+            EXPECT_FALSE(decipher(damaged, plain, error)) << index;
+            EXPECT_FALSE(error.empty());
+            EXPECT_TRUE(plain.empty());
+        }
+        EXPECT_FALSE(decipher(whole.substr(0, index), plain, error)) << index;
+    }
+    EXPECT_FALSE(decipher(whole + '\0', plain, error));
+    EXPECT_FALSE(decipher("[Version Number]\r\nVersion Number=1\r\n", plain, error));
+}
+
+TEST(ProgramTexts, AreReadable) {
+    const ProgramTexts texts = readProgramTexts();
+    EXPECT_TRUE(texts.hardwarePrompt.starts_with("Please select the type of product to install."));
+    EXPECT_TRUE(texts.selectionError.ends_with("."));
+}
+
+}  // namespace

@@ -1,0 +1,97 @@
+#include "catalogue/product_data_text.h"
+
+#include <gtest/gtest.h>
+
+#include "catalogue/program_directory.h"
+
+namespace {
+
+using Values = CProductData::ValueMap;
+
+TEST(ProductDataText, DropsLinesThatBeginWithASemicolon) {
+    struct {
+        const char *content, *text;
+    } const cases[] = {
+        {"a\r\n;b=1\r\nc;d\r\n", "a\r\nc;d\r"},
+        {" ;a\n;\n\nb", " ;a\n\nb"},
+        {";a", ""},
+        {"a\n;b", "a"},
+        {"", ""},
+    };
+    for (const auto& row : cases) {
+        EXPECT_EQ(withoutComments(row.content), row.text);
+    }
+}
+
+TEST(ProductDataText, ReadsTheVersionSection) {
+    struct {
+        const char* text;
+        Values values;  // empty: not read
+    } const cases[] = {
+        {"[Version Number]\r\nVersion Number=16.4.1\r\nOther=2\r",
+         {{"Version Number", "16.4.1"}, {"Other", "2"}}},
+        {"x[version NUMBER]a = b=c \r\n\t\r\n;d=1\r\r\n", {{"a ", " b=c "}, {";d", "1"}}},
+        {"[Version Number]\nVersion Number=16.4.1\nOther=2\n",
+         {{"Version Number", "16.4.1\nOther=2"}, {"16.4.1\nOther", "2"}}},
+        {"[Version Number]\r\na=1\r\nb= 2\nc=3\n", {{"a", "1"}, {"b", " 2\nc=3"}, {" 2\nc", "3"}}},
+        {"[Version Number]\r\na=1\r\na=2\r\nA=3", {{"a", "1"}, {"A", "3"}}},
+        {"[Version Number]\r\na=1[2\r\nb=3", {{"a", "1"}}},
+        {"[Version Number]\r\na=1\r\n[Other]\r\nb=2\r\n[Version Number]\r\nc=3", {{"a", "1"}}},
+        {"[Version Number]\r\na=\r\nb", {{"a", ""}}},
+        {"[Version Number]=", {{"", ""}}},
+        {"[Version Number]\r\n \t\r\n", {}},
+        {"[Version Number]\r\n[Other]\r\na=1", {}},
+        {"[Version]\r\na=1", {}},
+        {"", {}},
+    };
+    for (const auto& row : cases) {
+        Values values{{"old", "1"}};
+        EXPECT_EQ(readVersionSection(row.text, values), !row.values.empty()) << row.text;
+        EXPECT_EQ(values, row.values.empty() ? (Values{{"old", "1"}}) : row.values) << row.text;
+    }
+    Values values{{"old", "1"}};
+    EXPECT_FALSE(readVersionSection("[Version Number]\r\nno value", values));
+    EXPECT_TRUE(values.empty());
+}
+
+// Each of these would take hours if any step looked at the rest of the text once per line or key.
+TEST(ProductDataText, TakesTimeInProportionToTheText) {
+    constexpr std::size_t size = 2'000'000;
+    std::string pairs;
+    while (pairs.size() < size) {
+        pairs += std::to_string(pairs.size()) + "=\n";
+    }
+    std::string garbage(size, '\0');
+    for (std::uint32_t index = 0, state = 1; index < size; ++index) {
+        state = state * 1664525 + 1013904223;
+        garbage[index] = static_cast<char>(state >> 24);
+    }
+    for (const std::string& content :
+         {std::string(size, '\n'), std::string(size, '\0'), std::string(size, '='),
+          std::string(size, '['), pairs, garbage}) {
+        const std::string text = withoutComments(std::string(versionSectionHeader) + content);
+        Values values;
+        readVersionSection(text, values);
+        EXPECT_LE(values.size(), size);
+    }
+}
+
+TEST(ProgramDirectory, EndsInTheLastSeparator) {
+    const std::string longest = "\\" + std::string(254, 'd') + "\\";
+    struct {
+        std::string path, directory;
+    } const cases[] = {
+        {"C:\\media\\x\\installer.exe", "C:\\media\\x\\"},
+        {"\\\\server\\share\\installer.exe", "\\\\server\\share\\"},
+        {"C:\\a/b.exe", "C:\\a/"},
+        {"C:installer.exe", "C:"},
+        {"installer.exe", ""},
+        {"C:" + longest + "i.exe", "C:" + longest},
+        {"C:\\" + longest + "i.exe", ""},
+    };
+    for (const auto& row : cases) {
+        EXPECT_EQ(programDirectory(row.path), row.directory);
+    }
+}
+
+}  // namespace

@@ -1,0 +1,19 @@
+// Stamping a product's identity into an installer, on the bytes of the executable.
+#pragma once
+
+#include <string>
+#include <string_view>
+
+#include "catalogue/product_data.h"
+
+/// Finds the product that `given` names, letter case ignored. `stamped` is the code as it goes
+/// into the executable: as given, but for the directly installed edition, which is stamped "1Q".
+/// `note` is empty or a warning. False with `error` filled for a code that is no product's.
+bool chooseStampedCode(const CProductData& catalogue, std::string_view given, std::string& stamped,
+                       std::string& note, std::string& error);
+
+/// Fills the block of app/stamped_identity.h and sets the checksum of the executable. False with
+/// `error` filled and `image` unchanged when it is no 32-bit Windows executable, is signed, does
+/// not hold the block exactly once, or a text is empty or does not fit.
+bool stampImage(std::string& image, std::string_view code, std::string_view name,
+                std::string& error);
