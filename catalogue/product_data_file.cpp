@@ -2,9 +2,6 @@
 
 #include <windows.h>
 
-#include <optional>
-
-#include "catalogue/cipher.h"
 #include "catalogue/product_data_text.h"
 #include "catalogue/program_directory.h"
 #include "platform/ansi_text.h"
@@ -28,24 +25,6 @@ bool exists(const std::string& path) {
     return true;
 }
 
-/// The plain text of the file; nothing, with `reason` filled, when there is none to be had.
-std::optional<std::string> readPlainText(const std::string& path, bool enciphered,
-                                         std::string& reason) {
-    std::optional<std::string> content = readFileContent(path);
-    if (!content) {
-        reason = "The file cannot be read.";
-        return content;
-    }
-    std::string plain;
-    if (enciphered) {
-        if (!decipher(*content, plain, reason)) {
-            return std::nullopt;
-        }
-        *content = std::move(plain);
-    }
-    return content;
-}
-
 }  // namespace
 
 bool ProductDataFile::loadText(const std::string& folder, std::string& path, std::string& error) {
@@ -55,24 +34,19 @@ bool ProductDataFile::loadText(const std::string& folder, std::string& path, std
     }
     path.clear();
     const std::string base = folder.empty() ? ownFolder() : withTrailingBackslash(folder);
-    std::string candidate = base + "ProductData.inx";
-    const bool enciphered = exists(candidate);
-    if (!enciphered) {
-        candidate = base + "ProductData.ini";
+    for (const ProductDataName& name : productDataNames) {
+        const std::string candidate = base + name.file;
         if (!exists(candidate)) {
-            error = "Cannot find product data.";
+            continue;
+        }
+        if (!productDataText(readFileContent(candidate), name.enciphered, text, error)) {
             return false;
         }
+        path = loadedPath = candidate;
+        return true;
     }
-    std::string reason;
-    std::optional<std::string> plain = readPlainText(candidate, enciphered, reason);
-    if (!plain) {
-        error = "Cannot load product data - " + reason;
-        return false;
-    }
-    text = withoutComments(std::move(*plain));
-    path = loadedPath = candidate;
-    return true;
+    error = "Cannot find product data.";
+    return false;
 }
 
 bool ProductDataFile::loadProductValues(CProductData& catalogue, std::string* path) {

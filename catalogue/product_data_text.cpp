@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <cstring>
 
+#include "catalogue/cipher.h"
 #include "platform/ansi_text.h"
 
 namespace {
@@ -14,6 +15,19 @@ std::string_view withoutLeadingBlanks(std::string_view text) {
 }
 
 }  // namespace
+
+bool productDataText(std::optional<std::string> fileContent, bool enciphered, std::string& text,
+                     std::string& error) {
+    std::string reason = "The file cannot be read.";
+    std::string plain;
+    const bool readable = fileContent && (!enciphered || decipher(*fileContent, plain, reason));
+    if (!readable) {
+        error = "Cannot load product data - " + reason;
+        return false;
+    }
+    text = withoutComments(std::move(enciphered ? plain : *fileContent));
+    return true;
+}
 
 std::string withoutComments(std::string fileContent) {
     std::size_t kept = 0;

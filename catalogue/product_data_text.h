@@ -2,6 +2,7 @@
 // proportion to the text, whatever is in it.
 #pragma once
 
+#include <optional>
 #include <string>
 #include <string_view>
 
@@ -9,6 +10,21 @@
 
 /// Header of the only section that is read.
 inline constexpr std::string_view versionSectionHeader = "[Version Number]";
+
+/// The names that the file goes by, in the order in which they are looked for.
+struct ProductDataName {
+    const char* file;
+    bool enciphered;
+};
+inline constexpr ProductDataName productDataNames[] = {
+    {"ProductData.inx", true},
+    {"ProductData.ini", false},
+};
+
+/// The text without comment lines, from the bytes of a file; nothing, for a file that could not be
+/// read, fails too. False with `error` filled then and when the bytes cannot be deciphered.
+bool productDataText(std::optional<std::string> fileContent, bool enciphered, std::string& text,
+                     std::string& error);
 
 /// The file's lines without those that begin with ";", joined by single line feeds. A carriage
 /// return at the end of a line stays.

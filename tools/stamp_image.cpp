@@ -50,6 +50,23 @@ void writeText(std::string& image, std::size_t offset, std::size_t size, std::st
     image.replace(offset, size, std::string(text) + std::string(size - text.size(), '\0'));
 }
 
+enum class BlockSearch { Found, Missing, Repeated };
+
+BlockSearch findBlock(std::string_view image, std::size_t& block) {
+    const std::string_view marker(stampMarker, sizeof stampMarker);
+    block = image.find(marker);
+    if (block == std::string::npos || image.size() - block < sizeof(StampedIdentity)) {
+        return BlockSearch::Missing;
+    }
+    return image.find(marker, block + 1) == std::string::npos ? BlockSearch::Found
+                                                              : BlockSearch::Repeated;
+}
+
+std::string_view readText(std::string_view image, std::size_t offset, std::size_t size) {
+    const std::string_view bytes = image.substr(offset, size);
+    return bytes.substr(0, bytes.find('\0'));
+}
+
 }  // namespace
 
 bool chooseStampedCode(const CProductData& catalogue, std::string_view given, std::string& stamped,
@@ -76,7 +93,6 @@ bool stampImage(std::string& image, std::string_view code, std::string_view name
                 std::string& error) {
     constexpr std::size_t checksumOffset = 64;
     constexpr std::size_t certificateTable = 96 + 4 * 8;
-    const std::string_view marker(stampMarker, sizeof stampMarker);
 
     const auto refuse = [&error](const char* reason) {
         error = reason;
@@ -95,12 +111,14 @@ bool stampImage(std::string& image, std::string_view code, std::string_view name
     if (numberAt(image, header + certificateTable, 4) != 0) {
         return refuse("The executable is signed; stamp it first, then sign it.");
     }
-    const std::size_t block = image.find(marker);
-    if (block == std::string::npos || image.size() - block < sizeof(StampedIdentity)) {
-        return refuse("The executable has no room for a product's identity.");
-    }
-    if (image.find(marker, block + 1) != std::string::npos) {
-        return refuse("The executable has room for a product's identity more than once.");
+    std::size_t block = 0;
+    switch (findBlock(image, block)) {
+        case BlockSearch::Missing:
+            return refuse("The executable has no room for a product's identity.");
+        case BlockSearch::Repeated:
+            return refuse("The executable has room for a product's identity more than once.");
+        case BlockSearch::Found:
+            break;
     }
     writeText(image, block + offsetof(StampedIdentity, productCode),
               sizeof StampedIdentity::productCode, code);
@@ -111,5 +129,17 @@ bool stampImage(std::string& image, std::string_view code, std::string_view name
     for (std::size_t index = 0; index < 4; ++index) {
         image[header + checksumOffset + index] = static_cast<char>(checksum >> (8 * index));
     }
+    return true;
+}
+
+bool readStamp(std::string_view image, std::string& code, std::string& name) {
+    std::size_t block = 0;
+    if (findBlock(image, block) != BlockSearch::Found) {
+        return false;
+    }
+    code = readText(image, block + offsetof(StampedIdentity, productCode),
+                    sizeof StampedIdentity::productCode);
+    name = readText(image, block + offsetof(StampedIdentity, productName),
+                    sizeof StampedIdentity::productName);
     return true;
 }

@@ -17,3 +17,6 @@ bool chooseStampedCode(const CProductData& catalogue, std::string_view given, st
 /// not hold the block exactly once, or a text is empty or does not fit.
 bool stampImage(std::string& image, std::string_view code, std::string_view name,
                 std::string& error);
+
+/// Reads the block. False when the image does not hold it exactly once.
+bool readStamp(std::string_view image, std::string& code, std::string& name);

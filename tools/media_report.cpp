@@ -1,0 +1,227 @@
+#include "tools/media_report.h"
+
+#include "app/install_messages.h"
+#include "app/install_path.h"
+#include "app/program_folder.h"
+#include "app/setup_request.h"
+#include "catalogue/product_code.h"
+#include "catalogue/product_data_text.h"
+#include "drivers/driver_package_table.h"
+#include "platform/ansi_text.h"
+#include "tools/stamp_image.h"
+#include "ui/product_type.h"
+
+namespace {
+
+/// Fills the catalogue's values from the product-data file; says where the build comes from.
+std::string readBuild(const FolderReader& besideInstaller, CProductData& catalogue,
+                      std::string& text, std::vector<std::string>& problems) {
+    for (const ProductDataName& name : productDataNames) {
+        std::optional<std::string> content = besideInstaller(name.file);
+        if (!content) {
+            continue;
+        }
+        std::string error;
+        if (!productDataText(std::move(content), name.enciphered, text, error)) {
+            problems.push_back(std::string(name.file) + ": " + error);
+            return "compiled in, since " + std::string(name.file) + " cannot be used";
+        }
+        readVersionSection(text, catalogue.ProductDataValues);
+        const auto value = catalogue.ProductDataValues.find("Version Number");
+        if (value != catalogue.ProductDataValues.end() && !value->second.empty()) {
+            if (value->second.find('\n') != std::string_view::npos) {
+                problems.push_back(std::string(name.file) +
+                                   ": lines do not end in CR LF; the build swallows what follows");
+            }
+            return name.file;
+        }
+        return "compiled in, since " + std::string(name.file) +
+               " gives no \"Version Number\" in the section \"[Version Number]\"";
+    }
+    return "compiled in, since there is no product-data file beside the installer";
+}
+
+void addDriverFiles(const DeviceFamily& family, std::vector<MediaFile>& files) {
+    files.push_back({"flatten.exe", "unpacks the driver archives"});
+    for (const DriverPackage& package : family.packages) {
+        files.push_back({package.archive, "drivers"});
+    }
+}
+
+HandOver handOver(CProductData& catalogue, const MediaReport& report, const char* choice,
+                  unsigned productType, bool on64BitWindows, const std::string& directory) {
+    SetupRequest request{report.productCode, numberFromCode(report.productCode),
+                         productType,        "",
+                         directory,          on64BitWindows};
+    if (productType == product_type::demonstration) {
+        std::string name;
+        switchToDemonstration(catalogue, request.productCode, name, request.productNumber);
+    }
+    const std::string folder =
+        uniqueProgramFolder(programFolderName(catalogue, request), request.productNumber,
+                            [](const std::string&) { return false; });
+    return {choice, on64BitWindows, setupParameters(catalogue, request, folder)};
+}
+
+/// The path and the choices of every product but the directly installed one.
+void followSequence(CProductData& catalogue, const std::string& directory, MediaReport& report) {
+    DriverPackageTable table;
+    buildDriverPackageTable(table);
+    const DeviceFamily* family = findDeviceFamily(table, lowerCase(report.productCode));
+    const InstallPath path = installPath(family);
+    if (path == InstallPath::EndSilently) {
+        report.path = "ends silently, nothing is installed";
+        return;
+    }
+    const bool liveOnly = path == InstallPath::Ordinary && isLiveOnly(family);
+    if (path == InstallPath::HardwareFamily) {
+        report.path = "drivers, then \"Install Product\"";
+    } else if (liveOnly) {
+        report.path = "older versions, then drivers, then the live product without a question";
+    } else {
+        report.path = "older versions, then \"Install Product\"";
+    }
+    if (family != nullptr) {
+        addDriverFiles(*family, report.files);
+    }
+    struct {
+        const char* name;
+        unsigned type;
+        bool offered;
+    } const choices[] = {
+        {"Live Product", product_type::live, true},
+        {"File Viewer", product_type::viewer,
+         !liveOnly && catalogue.hasFileViewerEdition(report.productCode)},
+        {"Demonstration", product_type::demonstration,
+         !liveOnly && catalogue.hasDemonstrationEdition(report.productCode)},
+    };
+    for (const auto& choice : choices) {
+        for (const bool on64BitWindows : {false, true}) {
+            if (choice.offered) {
+                report.handOvers.push_back(handOver(catalogue, report, choice.name, choice.type,
+                                                    on64BitWindows, directory));
+            }
+        }
+    }
+}
+
+std::string jsonText(const std::string& text) {
+    std::string json = "\"";
+    for (const char character : text) {
+        if (character == '"' || character == '\\') {
+            json += '\\';
+            json += character;
+        } else if (static_cast<unsigned char>(character) < 0x20 ||
+                   static_cast<unsigned char>(character) >= 0x7F) {
+            // Bytes of the code page go as the characters of the same number.
+            char escape[7];
+            std::snprintf(escape, sizeof escape, "\\u%04x", static_cast<unsigned char>(character));
+            json += escape;
+        } else {
+            json += character;
+        }
+    }
+    return json + "\"";
+}
+
+const char* windowsName(const HandOver& handOver) {
+    return handOver.on64BitWindows ? "64-bit Windows" : "32-bit Windows";
+}
+
+}  // namespace
+
+bool MediaReport::isComplete() const {
+    bool complete = problems.empty();
+    for (const MediaFile& file : files) {
+        complete = complete && file.present;
+    }
+    return complete;
+}
+
+MediaReport examineMedia(const std::string& installer, const FolderReader& besideInstaller,
+                         const std::function<bool(const std::string& name)>& onMedia,
+                         const std::string& directory) {
+    MediaReport report;
+    CProductData catalogue;
+    std::string productDataText;  // holds what the catalogue's values refer to
+    if (!readStamp(installer, report.productCode, report.productName) ||
+        report.productCode.empty()) {
+        report.problems.push_back("The executable is not a stamped installer.");
+        return report;
+    }
+    std::string knownName;
+    if (!isDirectInstallEdition(report.productCode) &&
+        !catalogue.productName(report.productCode, knownName)) {
+        report.problems.push_back(catalogue.lastError);
+    }
+    report.buildOrigin = readBuild(besideInstaller, catalogue, productDataText, report.problems);
+    report.build = catalogue.buildVersion();
+    report.title = installTitle(report.productName, report.build);
+
+    const std::string sourceDirectory = withTrailingBackslash(directory);
+    if (isDirectInstallEdition(report.productCode)) {
+        report.path = "older viewers are stopped and removed, then the viewer is installed";
+        report.files.push_back({"UninstallQmx.exe", "removes older viewers"});
+        report.handOvers.push_back(
+            {"without a question", false,
+             directSetupParameters(catalogue, report.productCode, sourceDirectory)});
+    } else {
+        followSequence(catalogue, sourceDirectory, report);
+    }
+    if (!report.handOvers.empty()) {
+        report.files.push_back({"Setup.Exe", "installs the product"});
+    }
+    for (MediaFile& file : report.files) {
+        file.present = onMedia(file.name);
+    }
+    return report;
+}
+
+std::string asText(const MediaReport& report) {
+    std::string text = "product   " + report.productCode + "  " + report.productName +
+                       "\ntitle     " + report.title + "\npath      " + report.path +
+                       "\nbuild     " + report.build + "  (" + report.buildOrigin + ")\n";
+    for (const MediaFile& file : report.files) {
+        text += std::string(file.present ? "found     " : "MISSING   ") + file.name + "  (" +
+                file.purpose + ")\n";
+    }
+    for (const std::string& problem : report.problems) {
+        text += "PROBLEM   " + problem + "\n";
+    }
+    for (const HandOver& handOver : report.handOvers) {
+        text += "\n" + handOver.choice + ", " + windowsName(handOver) + "\n    " +
+                handOver.parameters + "\n";
+    }
+    return text + (report.isComplete() ? "\ncomplete\n" : "\nNOT COMPLETE\n");
+}
+
+std::string asJson(const MediaReport& report) {
+    std::string json =
+        "{\n  \"productCode\": " + jsonText(report.productCode) +
+        ",\n  \"productName\": " + jsonText(report.productName) +
+        ",\n  \"title\": " + jsonText(report.title) + ",\n  \"path\": " + jsonText(report.path) +
+        ",\n  \"build\": " + jsonText(report.build) +
+        ",\n  \"buildOrigin\": " + jsonText(report.buildOrigin) + ",\n  \"files\": [";
+    const char* separator = "\n";
+    for (const MediaFile& file : report.files) {
+        json += separator + ("    {\"name\": " + jsonText(file.name)) +
+                ", \"purpose\": " + jsonText(file.purpose) +
+                ", \"present\": " + (file.present ? "true" : "false") + "}";
+        separator = ",\n";
+    }
+    json += "],\n  \"problems\": [";
+    separator = "\n";
+    for (const std::string& problem : report.problems) {
+        json += separator + ("    " + jsonText(problem));
+        separator = ",\n";
+    }
+    json += "],\n  \"handOvers\": [";
+    separator = "\n";
+    for (const HandOver& handOver : report.handOvers) {
+        json += separator + ("    {\"choice\": " + jsonText(handOver.choice)) +
+                ", \"windows\": " + jsonText(windowsName(handOver)) +
+                ", \"parameters\": " + jsonText(handOver.parameters) + "}";
+        separator = ",\n";
+    }
+    return json + "],\n  \"complete\": " + (report.isComplete() ? "true" : "false") + "\n}\n";
+}
