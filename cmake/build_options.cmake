@@ -25,6 +25,12 @@ if(INSTALLER_SANITIZE)
     -fno-sanitize=vptr)
   target_link_options(build_options INTERFACE -fsanitize=address,undefined)
 endif()
+if(INSTALLER_FUZZERS)
+  target_compile_options(build_options INTERFACE
+    -fsanitize=fuzzer-no-link,address,undefined -fno-sanitize-recover=all)
+  target_compile_definitions(build_options INTERFACE _GLIBCXX_ASSERTIONS)
+  target_link_options(build_options INTERFACE -fsanitize=address,undefined)
+endif()
 
 if(MINGW)
   target_compile_options(build_options INTERFACE
