@@ -1,0 +1,195 @@
+#include "platform/operating_system.h"
+
+#include <cstring>
+#include <utility>
+
+#include "platform/ansi_text.h"
+#include "platform/format_text.h"
+
+namespace {
+
+// Mirror winnt.h and winbase.h.
+constexpr std::uint32_t platformWin32s = 0;
+constexpr std::uint32_t platformWindows = 1;
+constexpr std::uint32_t platformNt = 2;
+constexpr std::uint8_t productTypeWorkstation = 1;
+constexpr std::uint16_t suiteHomeServer = 0x8000;
+constexpr std::uint16_t architectureAmd64 = 9;
+
+/// A release before the service pack is appended to its name.
+struct Release {
+    int code = operating_system_code::notRecognised;
+    const char* name = "";
+};
+
+OperatingSystemIdentity queryFailure(std::uint32_t error) {
+    return {operating_system_code::notRecognised,
+            formatText("GetVersionEx failed with %d.", static_cast<int>(error)),
+            NameDelivery::Direct};
+}
+
+OperatingSystemIdentity withServicePack(int code, std::string baseName,
+                                        const OperatingSystemFacts& facts) {
+    return {code, std::move(baseName) + ' ' + facts.servicePack, NameDelivery::Checked};
+}
+
+OperatingSystemIdentity windows9x(const OperatingSystemFacts& facts) {
+    if (facts.majorVersion != 4) {
+        // Kept: this answer leaves before the name reaches the caller.
+        return {operating_system_code::notRecognised,
+                formatText("Platform id is VER_PLATFORM_WIN32_WINDOWS but Major Version is %d"
+                           " - should be 4.",
+                           static_cast<int>(facts.majorVersion)),
+                NameDelivery::Withheld};
+    }
+    switch (facts.minorVersion) {
+        case 0:
+            if (equalIgnoringCase(facts.servicePack, " C")) {
+                return {2, "Windows 95 OSR2", NameDelivery::Checked};
+            }
+            return withServicePack(1, "Windows 95", facts);
+        case 10:
+            if (equalIgnoringCase(facts.servicePack, " A")) {
+                return {4, "Windows 98 Second Edition", NameDelivery::Checked};
+            }
+            return withServicePack(3, "Windows 98", facts);
+        case 90:
+            return withServicePack(5, "Windows Me", facts);
+        default:
+            return withServicePack(operating_system_code::notRecognised, "", facts);
+    }
+}
+
+Release windows5(const OperatingSystemFacts& facts) {
+    switch (facts.minorVersion) {
+        case 0:
+            return {8, "Windows 2000"};
+        case 1:
+            return {operating_system_code::windowsXp, "Windows XP"};
+        case 2:
+            // Kept: the architecture comes first and the product type is not looked at, so every
+            // 64-bit 5.2 system takes the packages of the x64 edition.
+            if (facts.nativeArchitecture == architectureAmd64) {
+                return {10, "Windows XP Professional x64 Edition"};
+            }
+            if ((facts.suiteMask & suiteHomeServer) != 0) {
+                return {12, "Windows Home Server"};
+            }
+            return facts.serverR2Metric == 0 ? Release{11, "Windows Server 2003"}
+                                             : Release{13, "Windows Server 2003 R2"};
+        default:
+            return {};
+    }
+}
+
+OperatingSystemIdentity windows6OrLater(const OperatingSystemFacts& facts) {
+    struct Row {
+        std::uint32_t majorVersion;
+        std::uint32_t minorVersion;
+        Release workstation;
+        Release server;
+    };
+    // Kept: 6.1 alone gives the server the lower code; the driver packages name these codes.
+    static constexpr Row rows[] = {
+        {6, 0, {14, "Windows Vista"}, {15, "Windows Server 2008"}},
+        {6, 1, {17, "Windows 7"}, {16, "Windows Server 2008 R2"}},
+        {6, 2, {18, "Windows 8"}, {19, "Windows Server 2012"}},
+        {6, 3, {20, "Windows 8.1"}, {21, "Windows Server 2012 R2"}},
+        {10,
+         0,
+         {22, "Windows 10 Insider Preview"},
+         {operating_system_code::newestKnown, "Windows Server 10 Technical Preview"}},
+    };
+    for (const Row& row : rows) {
+        if (row.majorVersion == facts.extendedMajorVersion &&
+            row.minorVersion == facts.extendedMinorVersion) {
+            const Release& release =
+                facts.productType == productTypeWorkstation ? row.workstation : row.server;
+            return withServicePack(release.code, release.name, facts);
+        }
+    }
+    // Kept: the parenthesis stays open.
+    return withServicePack(
+        operating_system_code::unknownNewer,
+        formatText("unknown or new (%d.%d", static_cast<int>(facts.extendedMajorVersion),
+                   static_cast<int>(facts.extendedMinorVersion)),
+        facts);
+}
+
+OperatingSystemIdentity windowsNt(const OperatingSystemFacts& facts) {
+    if (needsExtendedQuery(facts) && facts.extendedQueryFailed) {
+        return queryFailure(facts.extendedQueryError);
+    }
+    Release release;
+    switch (facts.majorVersion) {
+        case 0:
+        case 1:
+        case 2:
+            break;
+        case 3:
+            release = {6, "Windows NT 3.51"};
+            break;
+        case 4:
+            release = {7, "Windows NT 4.0"};
+            break;
+        case 5:
+            release = windows5(facts);
+            break;
+        case 6:
+            return windows6OrLater(facts);
+        default:
+            // Kept: a release this new has no name of its own, only its service pack.
+            release = {operating_system_code::unknownNewer, ""};
+            break;
+    }
+    return withServicePack(release.code, release.name, facts);
+}
+
+}  // namespace
+
+bool needsExtendedQuery(const OperatingSystemFacts& facts) {
+    return !facts.queryFailed && facts.platformId == platformNt &&
+           (facts.majorVersion == 6 || (facts.majorVersion == 5 && facts.minorVersion == 2));
+}
+
+OperatingSystemIdentity identifyOperatingSystem(const OperatingSystemFacts& facts) {
+    if (facts.queryFailed) {
+        return queryFailure(facts.queryError);
+    }
+    switch (facts.platformId) {
+        case platformWin32s:
+            return withServicePack(0, "Win32s", facts);
+        case platformWindows:
+            return windows9x(facts);
+        case platformNt:
+            return windowsNt(facts);
+        default:
+            return withServicePack(operating_system_code::notRecognised, "", facts);
+    }
+}
+
+int deliverOperatingSystemName(const OperatingSystemIdentity& identity, char* buffer,
+                               std::size_t size) {
+    if (buffer == nullptr || size == 0) {
+        return operating_system_code::noBuffer;
+    }
+    std::size_t length = identity.name.size();
+    switch (identity.delivery) {
+        case NameDelivery::Withheld:
+            return identity.code;
+        case NameDelivery::Direct:
+            length = length < size ? length : size - 1;
+            break;
+        case NameDelivery::Checked:
+            if (length > size) {
+                return operating_system_code::nameTooLong;
+            }
+            if (length == size) {
+                length = 0;
+            }
+            break;
+    }
+    std::memcpy(buffer, identity.name.data(), length);
+    buffer[length] = '\0';
+    return identity.code;
+}

@@ -1,0 +1,14 @@
+#include "platform/version_resource.h"
+
+#include <functional>
+
+std::string versionResourceText(std::string_view block, const char* value, std::size_t length) {
+    const char* end = block.data() + block.size();
+    const std::less<> before;
+    if (length == 0 || before(value, block.data()) || !before(value, end)) {
+        return {};
+    }
+    const std::string_view rest(value, static_cast<std::size_t>(end - value));
+    const std::string_view text = rest.substr(0, length);
+    return "Version " + std::string(text.substr(0, text.find('\0')));
+}
