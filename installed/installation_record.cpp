@@ -1,0 +1,50 @@
+#include "installed/installation_record.h"
+
+namespace {
+
+// "Lard" and "Seinda" are the products' own and only carried along.
+constexpr std::string_view knownFields[] = {
+    "Registry Key",      "Registry Subkey",   "Product Id", "Product Name",
+    "Program Folder",    "Installation Path", "Lard",       "Path",
+    "Temp Reference",    "User Data Key",     "Seinda",     "Version",
+    "Product Character",
+};
+
+constexpr std::string_view requiredFields[] = {
+    "Product Id", "Product Name", "Program Folder", "Seinda", "Temp Reference",
+};
+
+}  // namespace
+
+InstallationRecord::InstallationRecord() {
+    for (const std::string_view name : knownFields) {
+        fields.emplace(name, std::string());
+    }
+}
+
+std::string_view fieldText(const InstallationRecord& record, std::string_view name) {
+    const auto field = record.fields.find(name);
+    return field == record.fields.end() ? std::string_view() : field->second;
+}
+
+bool isValid(const InstallationRecord& record) {
+    for (const std::string_view name : requiredFields) {
+        if (fieldText(record, name).empty()) {
+            return false;
+        }
+    }
+    return fieldText(record, "Installation Path").empty() != fieldText(record, "Path").empty();
+}
+
+void storeValue(InstallationRecord& record, FieldMap& extras, std::string_view name,
+                std::string_view text) {
+    if (const auto field = record.fields.find(name); field != record.fields.end()) {
+        field->second = text;
+        return;
+    }
+    extras.insert_or_assign(std::string(name), std::string(text));
+    if (name == oldUserDataKey) {
+        // Not a field of every record, yet a legacy one answers from it.
+        record.fields.emplace(name, text);
+    }
+}

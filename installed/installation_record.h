@@ -1,0 +1,31 @@
+#pragma once
+
+#include <map>
+#include <string>
+#include <string_view>
+
+/// Texts by name; letter case counts.
+using FieldMap = std::map<std::string, std::string, std::less<>>;
+
+/// One installation, as the products record it in the maker's registry tree.
+struct InstallationRecord {
+    /// Has every known field, empty.
+    InstallationRecord();
+
+    bool legacy = false;            ///< read from the older tree
+    std::string executableVersion;  ///< the analyser's file version, when it could be read
+    FieldMap fields;                ///< by value name
+};
+
+/// Where installations of the older tree keep their user data key.
+inline constexpr std::string_view oldUserDataKey = "Old User Data Key";
+
+/// The field's text; empty when the record has no such field. Points into the record.
+std::string_view fieldText(const InstallationRecord& record, std::string_view name);
+
+/// Whether the record says enough to be an installation: what it is, and one place where it is.
+bool isValid(const InstallationRecord& record);
+
+/// Sets the record's field of this name, or else the extra value.
+void storeValue(InstallationRecord& record, FieldMap& extras, std::string_view name,
+                std::string_view text);
