@@ -13,6 +13,8 @@
 #include "catalogue/program_texts.h"
 #include "drivers/driver_installation.h"
 #include "framework/message_box.h"
+#include "installed/ask_uninstall_dialog.h"
+#include "installed/installed_product_discovery.h"
 #include "platform/ansi_text.h"
 #include "platform/system_code_page.h"
 #include "platform/system_library.h"
@@ -110,6 +112,7 @@ bool CInstallApp::PrepareHardwareFamily() {
 }
 
 bool CInstallApp::PrepareOrdinary() {
+    OfferUninstall();
     const bool liveOnly = isLiveOnly(deviceFamily);
     if (liveOnly) {
         InstallDrivers();
@@ -117,6 +120,18 @@ bool CInstallApp::PrepareOrdinary() {
     selectionState = 1;
     prompt = hardwarePrompt;
     return SelectProductType(false, liveOnly);
+}
+
+void CInstallApp::OfferUninstall() {
+    std::vector<InstalledProduct> products;
+    if (replacesMakerProducts(productNumber)) {
+        findInstalledMakerProducts(products);
+    } else {
+        findInstalledProductsFor(productNumber, products);
+    }
+    if (!products.empty()) {
+        CAskUninstallDlg(products).DoModal();
+    }
 }
 
 void CInstallApp::InstallDrivers() {

@@ -6,6 +6,7 @@
 #include "catalogue/product_data_file.h"
 #include "drivers/driver_package_table.h"
 #include "framework/win_app.h"
+#include "installed/installation_index.h"
 #include "platform/operating_system.h"
 
 /// The application object: runs the whole installation in InitInstance and holds the run's state,
@@ -27,6 +28,8 @@ class CInstallApp : public CWinApp {
     void InstallDirectly();
     bool PrepareHardwareFamily();
     bool PrepareOrdinary();
+    /// Whatever becomes of the older versions, the run goes on.
+    void OfferUninstall();
     /// Shows a failure; the run goes on.
     void InstallDrivers();
     /// False when the user cancelled. With `liveOnly` nobody is asked.
@@ -49,6 +52,7 @@ class CInstallApp : public CWinApp {
     std::string selectionError;  ///< shown when the choice ends without a usable result
     std::string typeSuffix;      ///< when not empty, follows the word "LIVE"
     ProductDataFile productData;
+    InstallationIndex installationIndex;
     std::string prompt;
     std::string title;  ///< at most 260 characters
     unsigned productType = 0;

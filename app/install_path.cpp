@@ -18,3 +18,7 @@ bool isLiveOnly(const DeviceFamily* family) {
     return family != nullptr && family->installKind == install_kind::liveOnly &&
            !family->packages.empty();
 }
+
+bool replacesMakerProducts(int productNumber) {
+    return productNumber == 60;
+}

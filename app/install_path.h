@@ -20,3 +20,6 @@ InstallPath installPath(const DeviceFamily* family);
 /// On the ordinary path: the family's drivers are installed, and with them the choice of the
 /// product type falls away.
 bool isLiveOnly(const DeviceFamily* family);
+
+/// The multiprotocol product replaces every product of the maker; any other only its own versions.
+bool replacesMakerProducts(int productNumber);

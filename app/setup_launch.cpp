@@ -13,7 +13,10 @@ void CInstallApp::LaunchSetup() {
     ReadProductData();
     const SetupRequest request{productCode, productNumber,   productType,
                                typeSuffix,  sourceDirectory, isWow64()};
-    const auto isTaken = [](const std::string&) { return false; };
+    const auto isTaken = [this](const std::string& name) {
+        std::vector<std::size_t> matches;
+        return installationIndex.find(name, installation_selector::programFolder, matches);
+    };
     const std::string programFolder =
         uniqueProgramFolder(programFolderName(catalogue, request), productNumber, isTaken);
     const std::string parameters = setupParameters(catalogue, request, programFolder);

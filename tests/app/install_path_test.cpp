@@ -24,6 +24,8 @@ TEST(InstallPath, FollowsTheInstallKind) {
     }
     EXPECT_EQ(installPath(nullptr), InstallPath::Ordinary);
     EXPECT_FALSE(isLiveOnly(nullptr));
+    EXPECT_TRUE(replacesMakerProducts(60));
+    EXPECT_FALSE(replacesMakerProducts(59));
     EXPECT_TRUE(isDirectInstallEdition("1q") && isDirectInstallEdition("1Q"));
     EXPECT_FALSE(isDirectInstallEdition("1r"));
 }
