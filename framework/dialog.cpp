@@ -47,8 +47,7 @@ LRESULT CDialog::Default() {
     return 0;
 }
 
-INT_PTR CALLBACK CDialog::DialogProcedure(HWND window, UINT message, WPARAM wParam,
-                                          LPARAM lParam) {
+INT_PTR CALLBACK CDialog::DialogProcedure(HWND window, UINT message, WPARAM wParam, LPARAM lParam) {
     if (message == WM_INITDIALOG) {
         SetWindowLongPtrA(window, DWLP_USER, lParam);
         auto* dialog = reinterpret_cast<CDialog*>(lParam);
@@ -65,7 +64,7 @@ INT_PTR CDialog::HandleMessage(UINT message, WPARAM wParam, LPARAM lParam) {
     if (message == WM_COMMAND) {
         for (const CommandEntry& entry : map.commands) {
             if (entry.id == LOWORD(wParam) && entry.notification == HIWORD(wParam)) {
-                (this->*entry.handler)();
+                entry.handler(*this);
                 return TRUE;
             }
         }
@@ -83,7 +82,7 @@ INT_PTR CDialog::HandleMessage(UINT message, WPARAM wParam, LPARAM lParam) {
     for (const MessageEntry& entry : map.messages) {
         if (entry.message == message) {
             passedOn = false;
-            const LRESULT result = (this->*entry.handler)(wParam, lParam);
+            const LRESULT result = entry.handler(*this, wParam, lParam);
             if (passedOn) {
                 return FALSE;
             }

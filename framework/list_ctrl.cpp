@@ -82,8 +82,8 @@ void CListCtrl::SetItemData(int item, LPARAM data) {
 }
 
 bool CListCtrl::GetCheck(int item) const {
-    const auto state = static_cast<UINT>(SendMessageA(
-        m_hWnd, LVM_GETITEMSTATE, static_cast<WPARAM>(item), LVIS_STATEIMAGEMASK));
+    const auto state = static_cast<UINT>(
+        SendMessageA(m_hWnd, LVM_GETITEMSTATE, static_cast<WPARAM>(item), LVIS_STATEIMAGEMASK));
     return (state & LVIS_STATEIMAGEMASK) == INDEXTOSTATEIMAGEMASK(checkedImage);
 }
 

@@ -1,4 +1,6 @@
 // Message maps: ordinary tables from what a window receives to the member function that handles it.
+// They hold plain functions, since a pointer to a member of a derived dialog is no constant once it
+// is converted, and the tables would be filled at run time.
 #pragma once
 
 #include <windows.h>
@@ -7,8 +9,8 @@
 
 class CDialog;
 
-using MessageHandler = LRESULT (CDialog::*)(WPARAM, LPARAM);
-using CommandHandler = void (CDialog::*)();
+using MessageHandler = LRESULT (*)(CDialog&, WPARAM, LPARAM);
+using CommandHandler = void (*)(CDialog&);
 
 struct MessageEntry {
     UINT message;
@@ -28,12 +30,22 @@ struct MessageMap {
     std::span<const CommandEntry> commands;
 };
 
-template <class Dialog>
-constexpr MessageEntry onMessage(UINT message, LRESULT (Dialog::*handler)(WPARAM, LPARAM)) {
-    return {message, static_cast<MessageHandler>(handler)};
+/// The dialog as the class that the member function belongs to.
+template <class Dialog, class Result, class... Arguments>
+Dialog& handlingDialog(CDialog& dialog, Result (Dialog::*)(Arguments...)) {
+    return static_cast<Dialog&>(dialog);
 }
 
-template <class Dialog>
-constexpr CommandEntry onClicked(UINT id, void (Dialog::*handler)()) {
-    return {id, BN_CLICKED, static_cast<CommandHandler>(handler)};
+/// onMessage<&CMyDialog::OnPaint>(WM_PAINT)
+template <auto member>
+constexpr MessageEntry onMessage(UINT message) {
+    return {message, [](CDialog& dialog, WPARAM wParam, LPARAM lParam) -> LRESULT {
+                return (handlingDialog(dialog, member).*member)(wParam, lParam);
+            }};
+}
+
+/// onClicked<&CMyDialog::OnHelp>(IDC_HELP_BUTTON)
+template <auto member>
+constexpr CommandEntry onClicked(UINT id) {
+    return {id, BN_CLICKED, [](CDialog& dialog) { (handlingDialog(dialog, member).*member)(); }};
 }

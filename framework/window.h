@@ -16,6 +16,7 @@ class CWnd {
     void SetWindowText(const std::string& text);
     void ShowWindow(int command);
 
-    /// Null before the window exists and after it ended.
+    /// Null before the window exists. A dialog's is null again after its modal loop; a control's
+    /// is good only within that loop.
     HWND m_hWnd = nullptr;
 };

@@ -1,0 +1,20 @@
+// How far the "Install Product" dialog grows to fit its prompt.
+#pragma once
+
+#include <span>
+#include <string_view>
+#include <vector>
+
+/// In pixels.
+struct TextExtent {
+    int width;
+    int height;
+};
+
+/// The prompt's lines, at least one. CR, LF, CR LF and LF CR each end a line. A single break
+/// character that ends the prompt is kept in its line. The pieces point into `prompt`.
+std::vector<std::string_view> promptLines(std::string_view prompt);
+
+/// Pixels by which the prompt's control of `width` by `height` pixels, and the dialog, become
+/// taller; 0 when the lines fit. `width` must be positive and `lines` not empty.
+int promptGrowth(std::span<const TextExtent> lines, int width, int height);
