@@ -41,10 +41,10 @@ bool CAskUninstallDlg::OnInitDialog() {
 }
 
 MessageMap CAskUninstallDlg::GetMessageMap() const {
-    static const CommandEntry commands[] = {
-        onClicked(IDNO, &CAskUninstallDlg::OnSkip),
-        onClicked(IDYES, &CAskUninstallDlg::OnConfirm),
-        onClicked(IDC_SELECT_ALL, &CAskUninstallDlg::OnSelectAll),
+    static constexpr CommandEntry commands[] = {
+        onClicked<&CAskUninstallDlg::OnSkip>(IDNO),
+        onClicked<&CAskUninstallDlg::OnConfirm>(IDYES),
+        onClicked<&CAskUninstallDlg::OnSelectAll>(IDC_SELECT_ALL),
     };
     return {{}, commands};
 }
