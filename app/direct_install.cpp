@@ -1,0 +1,94 @@
+#include <windows.h>
+
+#include "app/direct_install_texts.h"
+#include "app/install_app.h"
+#include "app/install_log.h"
+#include "app/setup_request.h"
+#include "app/setup_utility.h"
+#include "app/show_message.h"
+#include "app/uninstall_command.h"
+#include "catalogue/viewer_names.h"
+#include "installed/installed_product_discovery.h"
+#include "installed/running_instances.h"
+#include "platform/format_text.h"
+#include "platform/shell_runner.h"
+
+namespace {
+
+std::vector<InstalledProduct> findInstalledViewers() {
+    std::vector<InstalledProduct> viewers;
+    for (const char* name : {testSuiteViewerName, protocolViewerName}) {
+        std::vector<InstalledProduct> found;
+        findInstalledProducts(name, found);
+        // Discovery also finds names that only contain this one: nobody is asked here, so a
+        // product that is not exactly the viewer is left alone.
+        for (const InstalledProduct& product : found) {
+            if (product.displayName == name) {
+                viewers.push_back(product);
+            }
+        }
+    }
+    return viewers;
+}
+
+SystemTime currentTime() {
+    SYSTEMTIME now;
+    GetSystemTime(&now);
+    return {now.wYear, now.wMonth, now.wDay, now.wHour, now.wMinute, now.wSecond};
+}
+
+bool copyUninstaller(const std::string& source, const std::string& target) {
+    if (CopyFileA(source.c_str(), target.c_str(), FALSE)) {
+        return true;
+    }
+    const DWORD error = GetLastError();
+    appendToInstallLog(copyFailedLogLine(currentTime(), source, target, error));
+    return false;
+}
+
+/// At most three minutes.
+void waitWhileExists(const std::string& path) {
+    for (int second = 0;
+         second < 180 && GetFileAttributesA(path.c_str()) != INVALID_FILE_ATTRIBUTES; ++second) {
+        Sleep(1000);
+    }
+}
+
+void uninstall(const InstalledProduct& product, const std::string& sourceDirectory) {
+    UninstallCommand command = cutUninstallCommand(product.uninstallString);
+    bool waitForMarker = false;
+    if (command.runsSetup) {
+        const std::string source = formatPath("%sUninstallQmx.exe", sourceDirectory.c_str());
+        const std::string target = uninstallerTarget(command);
+        if (copyUninstaller(source, target)) {
+            command = {.program = target};
+        } else {
+            waitForMarker = true;
+        }
+    }
+    ShellRunner().runAndWait(command.program.c_str(), command.arguments.c_str(), "open");
+    // The product's own setup program leaves its work to a process that nobody can wait for.
+    if (waitForMarker) {
+        waitWhileExists(importMarkerPath(product));
+    }
+}
+
+}  // namespace
+
+void CInstallApp::InstallDirectly() {
+    for (const InstalledProduct& product : findInstalledViewers()) {
+        const DWORD code = terminateProcessesByPath(analyserProgram, analyserPath(product));
+        if (code != 0) {
+            showMessage(couldNotStopMessage(product, code));
+            return;
+        }
+        uninstall(product, sourceDirectory);
+    }
+    std::string setupPath;
+    if (!locateSetupUtility(sourceDirectory, m_pszAppName, setupPath)) {
+        return;
+    }
+    ReadProductData();
+    const std::string parameters = directSetupParameters(catalogue, productCode, sourceDirectory);
+    ShellRunner().start(setupPath.c_str(), parameters.c_str(), "open");
+}
