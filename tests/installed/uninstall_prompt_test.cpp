@@ -1,0 +1,35 @@
+#include "installed/uninstall_prompt.h"
+
+#include <gtest/gtest.h>
+
+namespace {
+
+TEST(UninstallPrompt, SpeaksOfOneVersionOrOfSeveral) {
+    for (const std::size_t count : {0u, 2u, 3u}) {
+        EXPECT_STREQ(uninstallPromptTexts(count).found,
+                     "We found the following versions of the Tavlink Protocol Analysis System "
+                     "software on your computer:");
+        EXPECT_STREQ(uninstallPromptTexts(count).question, "Would you like to uninstall them?");
+    }
+    EXPECT_STREQ(uninstallPromptTexts(1).found,
+                 "We found the following version of the Tavlink Protocol Analysis System software "
+                 "on your computer:");
+    EXPECT_STREQ(uninstallPromptTexts(1).question, "Would you like to uninstall it?");
+}
+
+TEST(UninstallPrompt, SortsInOneOrderOnly) {
+    EXPECT_LT(compareLowerCaseNames("alpha 12", "beta 2", 1), 0);
+    EXPECT_GT(compareLowerCaseNames("\xE9", "z", 1), 0);
+    EXPECT_EQ(compareLowerCaseNames("alpha 12", "beta 2", 0), 0);
+}
+
+TEST(UninstallPrompt, RunsEveryProductOfATickedNameForEveryTick) {
+    const std::vector<InstalledProduct> products{
+        {"Beta", "b1", ""}, {"Alpha", "a", ""}, {"Beta", "b2", ""}, {"beta", "lower", ""}};
+    using Commands = std::vector<std::string>;
+    EXPECT_EQ(uninstallCommands({}, products), Commands());
+    EXPECT_EQ(uninstallCommands({"Alpha", "Beta"}, products), (Commands{"a", "b1", "b2"}));
+    EXPECT_EQ(uninstallCommands({"Beta", "Beta"}, products), (Commands{"b1", "b2", "b1", "b2"}));
+}
+
+}  // namespace
