@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
+#include <set>
 
 #include "catalogue/code_directory.h"
 #include "catalogue/product_code.h"
@@ -80,15 +81,46 @@ TEST(ProductData, TablesAgree) {
             }
         }
     }
+    for (const auto* table :
+         {&data.RelatedProducts, &data.ProductImportFormats, &data.ProductDecoders,
+          &data.ProductConfigurations, &data.DisplayNameTemplates}) {
+        for (const auto& [code, unused] : *table) {
+            EXPECT_TRUE(findDirectoryName(code, name)) << code;
+        }
+    }
     for (const auto& [code, decoders] : data.ProductDecoders) {
         for (const std::string& decoder : split(decoders)) {
             EXPECT_TRUE(data.DecoderDescriptions.contains(decoder)) << decoder;
         }
     }
+    const std::set<std::string> uncategorised{"**", "aa", "ca", "ea", "ha"};
     for (const auto& [code, description] : data.DecoderDescriptions) {
         const bool named = description.find("-" + code + " (") != std::string::npos ||
                            description.ends_with(" - " + code);
         EXPECT_EQ(named, code != "**") << description;
+        EXPECT_EQ(data.DecoderCategories.contains(code), !uncategorised.contains(code)) << code;
+    }
+    for (const std::string& decoder : split(data.ProductDecoders.at("1m"))) {
+        EXPECT_EQ(data.DecoderCategories.at(decoder), "Vostrel") << decoder;
+    }
+    for (const auto& [code, formats] : data.ProductImportFormats) {
+        for (const std::string& format : split(formats)) {
+            EXPECT_TRUE(data.ImportFormatNames.contains(format == "0_vr" ? "0" : format)) << code;
+        }
+    }
+    for (const auto& [format, shortName] : data.ImportFormatShortNames) {
+        const std::string& longName = data.ImportFormatNames.at(format);
+        EXPECT_TRUE(longName == shortName || longName == shortName + " file") << longName;
+        EXPECT_TRUE(data.ImportFormatFilters.contains(format));
+        EXPECT_EQ(data.ImportFormatMedia.contains(format), format != "9");
+    }
+    for (const auto& [format, filter] : data.ImportFormatFilters) {
+        const std::size_t pattern = filter.find("(*.");
+        const std::string parts =
+            pattern == std::string::npos
+                ? ""
+                : " (" + filter.substr(pattern + 1, 5) + ")|" + filter.substr(pattern + 1, 5) + "|";
+        EXPECT_TRUE(filter.ends_with(" Files" + parts)) << filter;
     }
     EXPECT_EQ(split(data.ProductDecoders.at("1m")).size(), 37u);
 }
@@ -113,7 +145,10 @@ TEST(ProductData, RowsThatDiffer) {
     EXPECT_EQ(data.DecoderCategories.at("sb"), "Wireless");
     EXPECT_EQ(data.DecoderCategories.at("b*"), "Vostrel");
     EXPECT_EQ(data.FieldbusTypes.at("CAN2A"), "0x7f010100;0x7f010102");
+    EXPECT_EQ(data.ProductConfigurations.at("0g"), "AsyncDemo");
     EXPECT_EQ(data.ProductConfigurations.at("1g"), "EthernetDemo");
+    EXPECT_EQ(data.ProductConfigurations.at("04"), "TavlinkClassic");
+    EXPECT_EQ(data.ProductConfigurations.at("0h"), "TavlinkDemo");
 }
 
 TEST(ProductData, Editions) {

@@ -2,6 +2,7 @@
 
 #include <gtest/gtest.h>
 
+#include "catalogue/cipher.h"
 #include "catalogue/program_directory.h"
 
 namespace {
@@ -16,10 +17,32 @@ TEST(ProductDataText, DropsLinesThatBeginWithASemicolon) {
         {" ;a\n;\n\nb", " ;a\n\nb"},
         {";a", ""},
         {"a\n;b", "a"},
+        {"\n", ""},
         {"", ""},
     };
     for (const auto& row : cases) {
         EXPECT_EQ(withoutComments(row.content), row.text);
+    }
+}
+
+TEST(ProductDataText, ComesFromThePlainOrTheEncipheredFile) {
+    const std::string plain = ";c\r\na=1\r\n";
+    struct {
+        std::optional<std::string> content;
+        bool enciphered;
+        const char *text, *error;
+    } const cases[] = {
+        {plain, false, "a=1\r", ""},
+        {encipher(plain), true, "a=1\r", ""},
+        {plain, true, "", "Cannot load product data - The text is not enciphered."},
+        {std::nullopt, true, "", "Cannot load product data - The file cannot be read."},
+        {std::nullopt, false, "", "Cannot load product data - The file cannot be read."},
+    };
+    for (const auto& row : cases) {
+        std::string text, error;
+        EXPECT_EQ(productDataText(row.content, row.enciphered, text, error), *row.error == '\0');
+        EXPECT_EQ(text, row.text);
+        EXPECT_EQ(error, row.error);
     }
 }
 
@@ -39,6 +62,7 @@ TEST(ProductDataText, ReadsTheVersionSection) {
         {"[Version Number]\r\na=1\r\n[Other]\r\nb=2\r\n[Version Number]\r\nc=3", {{"a", "1"}}},
         {"[Version Number]\r\na=\r\nb", {{"a", ""}}},
         {"[Version Number]=", {{"", ""}}},
+        {"[Version Number]a=1\rb=2\rc=", {{"a", "1"}, {"b", "2"}, {"c", ""}}},
         {"[Version Number]\r\n \t\r\n", {}},
         {"[Version Number]\r\n[Other]\r\na=1", {}},
         {"[Version]\r\na=1", {}},
@@ -86,6 +110,7 @@ TEST(ProgramDirectory, EndsInTheLastSeparator) {
         {"C:\\a/b.exe", "C:\\a/"},
         {"C:installer.exe", "C:"},
         {"installer.exe", ""},
+        {"C:", "C:"},
         {"C:" + longest + "i.exe", "C:" + longest},
         {"C:\\" + longest + "i.exe", ""},
     };

@@ -100,13 +100,4 @@ TEST(StampImage, ChoosesTheCode) {
     }
 }
 
-// The block as the program sees it before anything was stamped.
-TEST(StampedIdentity, IsEmptyInTheBuild) {
-    const ProductIdentity identity = readStampedIdentity();
-    EXPECT_EQ(identity.code + identity.name, "");
-    for (std::size_t index = 0; index < marker.size(); ++index) {
-        EXPECT_EQ(stampedIdentity.marker[index], marker[index]);
-    }
-}
-
 }  // namespace
