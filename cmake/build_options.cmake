@@ -39,8 +39,12 @@ if(MINGW)
   target_link_options(build_options INTERFACE -static -fstack-protector-strong -Wl,--gc-sections)
 endif()
 
-# The program's own code neither throws nor asks for types at run time; tests may do both.
+# The program's own code neither throws nor asks for types at run time, and has one thread; tests
+# may do all of it.
 add_library(product_code_options INTERFACE)
 if(CMAKE_CXX_COMPILER_ID MATCHES "GNU|Clang")
-  target_compile_options(product_code_options INTERFACE -fno-exceptions -fno-rtti)
+  target_compile_options(product_code_options INTERFACE
+    -fno-exceptions -fno-rtti -fno-threadsafe-statics)
+elseif(MSVC)
+  target_compile_options(product_code_options INTERFACE /Zc:threadSafeInit-)
 endif()
