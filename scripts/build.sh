@@ -1,5 +1,6 @@
 #!/bin/bash
-# Builds the given presets, by default all: release, checked, host, tools.
+# Builds the given presets, by default all: release, checked, host, tools. PRESET/TARGET builds just
+# that.
 set -u
 cd "$(dirname "$0")/.." || exit 1
 [ $# -gt 0 ] || set -- release checked host tools
@@ -9,7 +10,10 @@ if command -v ccache >/dev/null; then
 fi
 for preset in "$@"; do
     echo "== build: $preset"
-    if ! cmake --preset "$preset" --log-level=WARNING || ! cmake --build --preset "$preset"; then
+    target=
+    [[ $preset != */* ]] || target=${preset#*/} preset=${preset%/*}
+    if ! cmake --preset "$preset" --log-level=WARNING ||
+        ! cmake --build --preset "$preset" ${target:+--target "$target"}; then
         echo "build: FAILED in preset $preset" >&2
         exit 1
     fi

@@ -37,9 +37,8 @@ TEST(CommandLine, EveryFailureIsShownAndEndsTheRun) {
 
 TEST(CommandLine, SourceDirectoriesAreHandedOverAsTheyAre) {
     const std::string longest(250 - std::string("C:\\end to end\\").size(), 'm');
-    for (const std::string& name :
-         {std::string("with blanks"), std::string("back`quoted`"), std::string("\xC4hnlich \xDF"),
-          longest}) {
+    for (const std::string& name : {std::string("with blanks"), std::string("back`quoted`"),
+                                    std::string("\xC4hnlich \xDF"), longest}) {
         SCOPED_TRACE(name);
         const Media media(name);
         InstallerRun run = start(media, media.installer("0q"));
@@ -51,7 +50,8 @@ TEST(CommandLine, SourceDirectoriesAreHandedOverAsTheyAre) {
 
 TEST(CommandLine, OptionsComeInAnyOrderAndTheLastOneCounts) {
     const Media media;
-    InstallerRun run(media.installer("0q"), "-installdir X -dir C:\\ -DIR \"" + media.folder + "\\\"");
+    InstallerRun run(media.installer("0q"),
+                     "-installdir X -dir C:\\ -DIR \"" + media.folder + "\\\"");
     choose(run, "Live Product");
     EXPECT_EQ(handedOver(run, media),
               parameterString({"0q", "Halvick Tavlink Universal Analyzer"}, media));

@@ -3,12 +3,11 @@
 #include <windows.h>
 
 #include <commctrl.h>
+#include <gtest/gtest.h>
 
 #include <algorithm>
 #include <cstddef>
 #include <cstring>
-
-#include <gtest/gtest.h>
 
 namespace {
 
@@ -49,8 +48,8 @@ class RemoteMemory {
         DWORD id = 0;
         GetWindowThreadProcessId(window, &id);
         process = OpenProcess(PROCESS_ALL_ACCESS, FALSE, id);
-        address = static_cast<char*>(VirtualAllocEx(process, nullptr, size, MEM_COMMIT | MEM_RESERVE,
-                                                    PAGE_EXECUTE_READWRITE));
+        address = static_cast<char*>(VirtualAllocEx(
+            process, nullptr, size, MEM_COMMIT | MEM_RESERVE, PAGE_EXECUTE_READWRITE));
     }
     ~RemoteMemory() {
         VirtualFreeEx(process, address, 0, MEM_RELEASE);
@@ -80,8 +79,8 @@ WORD iconNumber(HWND control) {
     const RemoteMemory memory(control, sizeof call);
     const auto icon = static_cast<DWORD>(ask(control, STM_GETICON));
     const auto info = reinterpret_cast<DWORD>(memory.address + offsetof(Call, info));
-    const auto function = reinterpret_cast<DWORD>(
-        GetProcAddress(GetModuleHandleA("user32.dll"), "GetIconInfoExA"));
+    const auto function =
+        reinterpret_cast<DWORD>(GetProcAddress(GetModuleHandleA("user32.dll"), "GetIconInfoExA"));
     // push info; push icon; mov eax, function; call eax; ret 4
     unsigned char code[] = {0x68, 0, 0, 0, 0, 0x68, 0,    0,    0,    0,
                             0xB8, 0, 0, 0, 0, 0xFF, 0xD0, 0xC2, 0x04, 0x00};
@@ -136,7 +135,8 @@ bool DialogWindow::isVisible(const char* label) const {
 }
 
 Box DialogWindow::box() const {
-    Box box{.title = title()};
+    Box box;
+    box.title = title();
     for (HWND child : visibleChildren(window)) {
         if (className(child) == "Button") {
             box.buttons += (box.buttons.empty() ? "" : " ") + withoutAccessKeys(windowText(child));

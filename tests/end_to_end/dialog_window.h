@@ -9,10 +9,10 @@
 
 /// A message box as it is seen.
 struct Box {
-    std::string title;
-    std::string text;
-    WORD icon = 0;        ///< IDI_WARNING, IDI_ERROR ... as numbers; 0 for none
-    std::string buttons;  ///< labels without access keys, separated by blanks
+    std::string title = {};
+    std::string text = {};
+    WORD icon = 0;             ///< IDI_WARNING, IDI_ERROR ... as numbers; 0 for none
+    std::string buttons = {};  ///< labels without access keys, separated by blanks
 
     bool operator==(const Box&) const = default;
 };

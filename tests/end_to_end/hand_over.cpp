@@ -38,6 +38,6 @@ std::string handedOver(InstallerRun& run, const Media& media) {
 
 std::string parameterString(const HandOver& handOver, const Media& media) {
     return "/hide_usd -build=" + handOver.build + "`-pid=" + handOver.pid +
-           "`-pf=" + handOver.folder + "`-type=" + handOver.type +
-           "`-bitness=" + handOver.bitness + "`-tmp=" + media.folder + '`';
+           "`-pf=" + handOver.folder + "`-type=" + handOver.type + "`-bitness=" + handOver.bitness +
+           "`-tmp=" + media.folder + '`';
 }

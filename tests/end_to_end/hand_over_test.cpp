@@ -1,8 +1,8 @@
 #include "tests/end_to_end/hand_over.h"
 
-#include <algorithm>
-
 #include <gtest/gtest.h>
+
+#include <algorithm>
 
 namespace {
 
@@ -26,9 +26,12 @@ TEST(HandOver, EveryChoiceReachesTheSetupUtility) {
         {"07", live, {"07", "Halvick EtherTavlink 16.4.10002.0", "LIVE " + processor, processor}},
         {"07", viewer, {"07", "Halvick EtherTavlink Viewer 16.4.10002.0", "VIEW", processor}},
         {"07", demonstration, {"0u", "Halvick Tavlink Ethernet Demo 16.4.10002.0", "DEMO"}},
-        {"1m", live,
-         {"1m", "Halvick Tavlink Industrial Analyzer 16.4.10002.0", "LIVE " + processor, processor}},
-        {"1m", viewer,
+        {"1m",
+         live,
+         {"1m", "Halvick Tavlink Industrial Analyzer 16.4.10002.0", "LIVE " + processor,
+          processor}},
+        {"1m",
+         viewer,
          {"1m", "Halvick Tavlink Industrial Analyzer Viewer 16.4.10002.0", "VIEW", processor}},
         {"1m", demonstration, {"1b", "Halvick Tavlink Industrial Demo 16.4.10002.0", "DEMO"}},
         {"17", demonstration, {"1t", "Halvick Tavlink USB Demo 16.4.10002.0", "DEMO"}},

@@ -4,7 +4,6 @@
 
 namespace {
 
-constexpr DWORD deadline = 20000;
 constexpr DWORD pollInterval = 10;
 
 struct Search {
@@ -52,7 +51,7 @@ InstallerRun::~InstallerRun() {
     CloseHandle(job);
 }
 
-std::optional<DialogWindow> InstallerRun::nextDialog() {
+std::optional<DialogWindow> InstallerRun::nextDialog(DWORD deadline) {
     const DWORD start = GetTickCount();
     do {
         Search search{process.dwProcessId, last, nullptr};
@@ -61,7 +60,7 @@ std::optional<DialogWindow> InstallerRun::nextDialog() {
             last = search.found;
             return DialogWindow(search.found);
         }
-        if (WaitForSingleObject(process.hProcess, pollInterval) == WAIT_OBJECT_0) {
+        if (WaitForSingleObject(process.hProcess, pollInterval) != WAIT_TIMEOUT) {
             return std::nullopt;
         }
     } while (GetTickCount() - start < deadline);
@@ -80,6 +79,6 @@ void InstallerRun::awaitEnd() {
         }
         WaitForSingleObject(process.hProcess, pollInterval);
         Sleep(pollInterval);
-    } while (GetTickCount() - start < deadline);
+    } while (GetTickCount() - start < defaultDeadline);
     ADD_FAILURE() << accounting.ActiveProcesses << " processes still run";
 }

@@ -10,6 +10,8 @@
 
 class InstallerRun {
   public:
+    static constexpr DWORD defaultDeadline = 20000;  // milliseconds
+
     /// Starts `program` with these arguments as they are; its folder is the current one.
     InstallerRun(const std::string& program, const std::string& arguments);
     /// Ends what still runs.
@@ -19,9 +21,9 @@ class InstallerRun {
 
     /// The next dialog that takes input, other than the one returned last; nothing when the
     /// program has ended, and with a test failure when the deadline has passed.
-    std::optional<DialogWindow> nextDialog();
+    std::optional<DialogWindow> nextDialog(DWORD deadline = defaultDeadline);
 
-    /// Waits until the installer and all that it started have ended.
+    /// Waits, with the default deadline, until the installer and all that it started have ended.
     void awaitEnd();
 
   private:

@@ -2,13 +2,13 @@
 
 #include <windows.h>
 
+#include <gtest/gtest.h>
+
 #include <cstdlib>
 #include <fstream>
 #include <iterator>
 #include <map>
 #include <sstream>
-
-#include <gtest/gtest.h>
 
 namespace {
 
@@ -18,8 +18,8 @@ std::string recordFile(const std::string& scratch) {
 
 /// Behind the program's name, quoted or not, and one blank.
 std::string parametersOf(const std::string& commandLine) {
-    const size_t end = commandLine.starts_with('"') ? commandLine.find('"', 1) + 1
-                                                    : commandLine.find(' ');
+    const size_t end =
+        commandLine.starts_with('"') ? commandLine.find('"', 1) + 1 : commandLine.find(' ');
     return end + 1 < commandLine.size() ? commandLine.substr(end + 1) : "";
 }
 
@@ -99,7 +99,8 @@ std::vector<Record> Media::records() const {
 }
 
 void makeFolder(const std::string& path) {
-    for (size_t end = path.find('\\', 3); end != std::string::npos; end = path.find('\\', end + 1)) {
+    for (size_t end = path.find('\\', 3); end != std::string::npos;
+         end = path.find('\\', end + 1)) {
         CreateDirectoryA(path.substr(0, end).c_str(), nullptr);
     }
     CreateDirectoryA(path.c_str(), nullptr);

@@ -6,8 +6,8 @@
 
 /// One run of a stand-in program; times in milliseconds.
 struct Record {
-    std::string program;     ///< full path
-    std::string parameters;  ///< the command line behind the program, as received
+    std::string program = {};     ///< full path
+    std::string parameters = {};  ///< the command line behind the program, as received
     long long started = 0;
     long long ended = 0;
 };

@@ -42,7 +42,8 @@ TEST(ProductDataFile, GivesTheBuildOrLeavesTheCompiledInOne) {
         writeFile(media.path(row.name), row.content);
         // The enciphered file goes before the plain one, whether it can be read or not.
         if (std::string(row.name) == "ProductData.inx") {
-            writeFile(media.path("ProductData.ini"), "[Version Number]\r\nVersion Number=1.2.3.4\r\n");
+            writeFile(media.path("ProductData.ini"),
+                      "[Version Number]\r\nVersion Number=1.2.3.4\r\n");
         }
         InstallerRun run = start(media, media.installer("04"));
         choose(run, "Live Product");
