@@ -130,8 +130,9 @@ std::vector<std::string> DialogWindow::texts() const {
     return texts;
 }
 
-bool DialogWindow::isVisible(const char* label) const {
-    return child(label) != nullptr;
+bool DialogWindow::shows(const std::string& text) const {
+    const std::vector<std::string> shown = texts();
+    return std::find(shown.begin(), shown.end(), text) != shown.end();
 }
 
 Box DialogWindow::box() const {

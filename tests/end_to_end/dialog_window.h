@@ -37,7 +37,7 @@ class DialogWindow {
     std::string title() const;
     /// Every visible child's text that is not empty, in tab order.
     std::vector<std::string> texts() const;
-    bool isVisible(const char* label) const;
+    bool shows(const std::string& text) const;
     Box box() const;
 
     /// Clicks the visible button with this label; "&" in labels is passed over. Does not wait for

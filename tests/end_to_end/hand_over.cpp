@@ -25,19 +25,22 @@ void choose(InstallerRun& run, const char* choice) {
     dialog->click("Install");
 }
 
-std::string handedOver(InstallerRun& run, const Media& media) {
+void expectStarted(InstallerRun& run, const Media& media,
+                   const std::vector<std::string>& expected) {
     EXPECT_FALSE(run.nextDialog());
     run.awaitEnd();
-    const auto records = media.records();
-    if (records.size() != 1 || records[0].program != media.path("Setup.Exe")) {
-        ADD_FAILURE() << records.size() << " programs were started, not Setup.Exe alone";
-        return {};
-    }
-    return records[0].parameters;
+    EXPECT_EQ(media.started(), expected);
 }
 
-std::string parameterString(const HandOver& handOver, const Media& media) {
-    return "/hide_usd -build=" + handOver.build + "`-pid=" + handOver.pid +
-           "`-pf=" + handOver.folder + "`-type=" + handOver.type + "`-bitness=" + handOver.bitness +
-           "`-tmp=" + media.folder + '`';
+void expectOneAfterAnother(const Media& media) {
+    const auto records = media.records();
+    for (size_t index = 1; index < records.size(); ++index) {
+        EXPECT_GE(records[index].started, records[index - 1].ended) << records[index].program;
+    }
+}
+
+std::string setup(const Media& media, const HandOver& handOver) {
+    return media.path("Setup.Exe") + " /hide_usd -build=" + handOver.build +
+           "`-pid=" + handOver.pid + "`-pf=" + handOver.folder + "`-type=" + handOver.type +
+           "`-bitness=" + handOver.bitness + "`-tmp=" + media.folder + '`';
 }

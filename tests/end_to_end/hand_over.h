@@ -2,6 +2,7 @@
 #pragma once
 
 #include <string>
+#include <vector>
 
 #include "tests/end_to_end/installer_run.h"
 #include "tests/end_to_end/media.h"
@@ -20,10 +21,13 @@ void answer(InstallerRun& run, const Box& expected, const char* button);
 /// The next thing seen must be the "Install Product" dialog; chooses, and clicks Install.
 void choose(InstallerRun& run, const char* choice);
 
-/// The parameters of "Setup.Exe", which must be all that is started until the run's end.
-std::string handedOver(InstallerRun& run, const Media& media);
+/// The run must end now, having started these programs, each "program parameters", in this order.
+void expectStarted(InstallerRun& run, const Media& media, const std::vector<std::string>& expected);
 
-/// What is to be handed over from the folder `-tmp`.
+/// Each program that was started must have ended before the next one started.
+void expectOneAfterAnother(const Media& media);
+
+/// What "Setup.Exe" is to be handed.
 struct HandOver {
     std::string pid;
     std::string folder;
@@ -31,4 +35,5 @@ struct HandOver {
     std::string bitness = "x86";
     std::string build = defaultBuild;
 };
-std::string parameterString(const HandOver& handOver, const Media& media);
+/// Its start as `expectStarted` takes it.
+std::string setup(const Media& media, const HandOver& handOver);

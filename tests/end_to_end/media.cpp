@@ -33,43 +33,23 @@ std::string ownFolder() {
     return std::string(path).substr(0, std::string(path).rfind('\\') + 1);
 }
 
-void removeTree(const std::string& folder) {
-    WIN32_FIND_DATAA found;
-    const HANDLE search = FindFirstFileA((folder + "*").c_str(), &found);
-    if (search == INVALID_HANDLE_VALUE) {
-        return;
-    }
-    do {
-        const std::string name = found.cFileName;
-        if (name == "." || name == "..") {
-            continue;
-        }
-        if ((found.dwFileAttributes & FILE_ATTRIBUTE_DIRECTORY) != 0) {
-            removeTree(folder + name + '\\');
-        } else {
-            DeleteFileA((folder + name).c_str());
-        }
-    } while (FindNextFileA(search, &found));
-    FindClose(search);
-    RemoveDirectoryA(folder.c_str());
-}
-
 }  // namespace
 
 Media::Media(const std::string& folderName)
     : scratch("C:\\end to end\\"), folder(scratch + folderName + '\\') {
-    removeTree(scratch);
+    removeFolder(scratch);
     SetEnvironmentVariableA("RECORD_FILE", recordFile(scratch).c_str());
     layOutStandIn(path("Setup.Exe"));
 }
 
 Media::~Media() {
-    removeTree(scratch);
+    removeFolder(scratch);
 }
 
 std::string Media::installer(const std::string& code, const std::string& name) const {
     // Set by the build, as the stamping tool is a native program.
-    copyFile(std::string(std::getenv("STAMPED_INSTALLERS")) + '/' + code + ".exe", path(name));
+    copyFile(std::string(std::getenv("STAMPED_INSTALLERS")) + "/install-" + code + ".exe",
+             path(name));
     return path(name);
 }
 
@@ -98,12 +78,54 @@ std::vector<Record> Media::records() const {
     return records;
 }
 
+std::vector<std::string> Media::started() const {
+    std::vector<std::string> started;
+    for (const Record& record : records()) {
+        started.push_back(record.program +
+                          (record.parameters.empty() ? "" : ' ' + record.parameters));
+    }
+    return started;
+}
+
+void Media::awaitRecords(size_t count) const {
+    const DWORD start = GetTickCount();
+    while (records().size() < count) {
+        ASSERT_LT(GetTickCount() - start, 20000u) << "not " << count << " programs were started";
+        Sleep(10);
+    }
+}
+
+void Media::forgetRecords() const {
+    DeleteFileA(recordFile(scratch).c_str());
+}
+
 void makeFolder(const std::string& path) {
     for (size_t end = path.find('\\', 3); end != std::string::npos;
          end = path.find('\\', end + 1)) {
         CreateDirectoryA(path.substr(0, end).c_str(), nullptr);
     }
     CreateDirectoryA(path.c_str(), nullptr);
+}
+
+void removeFolder(const std::string& path) {
+    WIN32_FIND_DATAA found;
+    const HANDLE search = FindFirstFileA((path + "\\*").c_str(), &found);
+    if (search == INVALID_HANDLE_VALUE) {
+        return;
+    }
+    do {
+        const std::string name = found.cFileName;
+        if (name == "." || name == "..") {
+            continue;
+        }
+        if ((found.dwFileAttributes & FILE_ATTRIBUTE_DIRECTORY) != 0) {
+            removeFolder(path + '\\' + name);
+        } else {
+            DeleteFileA((path + '\\' + name).c_str());
+        }
+    } while (FindNextFileA(search, &found));
+    FindClose(search);
+    RemoveDirectoryA(path.c_str());
 }
 
 void writeFile(const std::string& path, const std::string& content) {

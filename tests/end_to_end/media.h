@@ -26,15 +26,21 @@ class Media {
     /// Lays out the installer stamped for a product; returns its path.
     std::string installer(const std::string& code, const std::string& name = "Install.exe") const;
 
-    /// What the stand-ins were started with, in the order of their starts. Once the run's end has
-    /// been awaited.
+    /// What the stand-ins were started with, in the order of their starts.
     std::vector<Record> records() const;
+    /// The same, each as "program parameters".
+    std::vector<std::string> started() const;
+    /// Waits until so many programs have been started.
+    void awaitRecords(size_t count) const;
+    /// Forgets the records so far.
+    void forgetRecords() const;
 
     std::string scratch;  ///< folder around the media, for other files; ends in a backslash
     std::string folder;   ///< ends in a backslash
 };
 
 void makeFolder(const std::string& path);
+void removeFolder(const std::string& path);
 void writeFile(const std::string& path, const std::string& content);
 std::string readFile(const std::string& path);
 bool fileExists(const std::string& path);
