@@ -1,0 +1,20 @@
+#!/bin/bash
+# Builds the given presets, by default all: release, checked, host, tools. PRESET/TARGET builds just
+# that.
+set -u
+cd "$(dirname "$0")/.." || exit 1
+[ $# -gt 0 ] || set -- release checked host tools
+
+if command -v ccache >/dev/null; then
+    export CMAKE_CXX_COMPILER_LAUNCHER=ccache
+fi
+for preset in "$@"; do
+    echo "== build: $preset"
+    target=
+    [[ $preset != */* ]] || target=${preset#*/} preset=${preset%/*}
+    if ! cmake --preset "$preset" --log-level=WARNING ||
+        ! cmake --build --preset "$preset" ${target:+--target "$target"}; then
+        echo "build: FAILED in preset $preset" >&2
+        exit 1
+    fi
+done
