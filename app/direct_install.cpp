@@ -61,7 +61,7 @@ void uninstall(const InstalledProduct& product, const std::string& sourceDirecto
         const std::string source = formatPath("%sUninstallQmx.exe", sourceDirectory.c_str());
         const std::string target = uninstallerTarget(command);
         if (copyUninstaller(source, target)) {
-            command = {.program = target};
+            command = {target, ""};
         } else {
             waitForMarker = true;
         }

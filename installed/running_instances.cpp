@@ -29,7 +29,8 @@ void stopProcess(DWORD processId, DWORD& result) {
 void stopProcessWithModule(DWORD processId, const std::string& path, DWORD& result) {
     // Kept: not checked; without a snapshot the walk has no first module.
     const KernelHandle modules(CreateToolhelp32Snapshot(TH32CS_SNAPMODULE, processId));
-    MODULEENTRY32 module{.dwSize = sizeof module};
+    MODULEENTRY32 module;
+    module.dwSize = sizeof module;
     for (BOOL more = Module32First(modules.get(), &module); more;
          more = Module32Next(modules.get(), &module)) {
         if (equalIgnoringCase(module.szExePath, path)) {
@@ -50,7 +51,8 @@ unsigned long terminateProcessesByPath(const std::string& executableName,
         return GetLastError();
     }
     DWORD result = WAIT_OBJECT_0;
-    PROCESSENTRY32 process{.dwSize = sizeof process};
+    PROCESSENTRY32 process;
+    process.dwSize = sizeof process;
     for (BOOL more = Process32First(processes.get(), &process); more;
          more = Process32Next(processes.get(), &process)) {
         if (equalIgnoringCase(process.szExeFile, executableName)) {
