@@ -62,7 +62,9 @@ TEST(ProductData, TablesAgree) {
     for (const auto& [code, full] : data.FullProductOf) {
         EXPECT_TRUE(data.DemoProducts.contains(code));
         EXPECT_EQ(data.DemoOf.at(full), code);
+        EXPECT_TRUE(data.ProductNames.contains(code));
         EXPECT_FALSE(data.ViewerProducts.contains(code));
+        EXPECT_TRUE(data.ViewerProducts.contains(full));
     }
     for (const auto& [product, code] : data.ProductIds) {
         EXPECT_EQ(data.ProductNames.at(code), product);
@@ -113,6 +115,10 @@ TEST(ProductData, TablesAgree) {
         EXPECT_TRUE(longName == shortName || longName == shortName + " file") << longName;
         EXPECT_TRUE(data.ImportFormatFilters.contains(format));
         EXPECT_EQ(data.ImportFormatMedia.contains(format), format != "9");
+    }
+    const std::set<std::string> media{"None", "Generic`Air", "Ethernet", "Async"};
+    for (const auto& [format, medium] : data.ImportFormatMedia) {
+        EXPECT_TRUE(media.contains(medium)) << medium;
     }
     for (const auto& [format, filter] : data.ImportFormatFilters) {
         const std::size_t pattern = filter.find("(*.");
