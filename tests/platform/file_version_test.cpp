@@ -63,10 +63,12 @@ class FileVersion : public testing::Test {
     }
     ~FileVersion() override { DeleteFileA(path.c_str()); }
 
+    /// Replaces every resource of the copy by this version resource; by none when it is empty.
     void put(std::string content) {
-        const HANDLE update = BeginUpdateResourceA(path.c_str(), FALSE);
+        const HANDLE update = BeginUpdateResourceA(path.c_str(), TRUE);
         ASSERT_NE(update, nullptr);
-        ASSERT_TRUE(UpdateResourceA(update, MAKEINTRESOURCEA(16), MAKEINTRESOURCEA(1), 0,
+        ASSERT_TRUE(content.empty() ||
+                    UpdateResourceA(update, MAKEINTRESOURCEA(16), MAKEINTRESOURCEA(1), 0,
                                     content.data(), static_cast<DWORD>(content.size())));
         ASSERT_TRUE(EndUpdateResourceA(update, FALSE));
     }
@@ -76,6 +78,7 @@ class FileVersion : public testing::Test {
 
 TEST_F(FileVersion, OnlyTheUsEnglishUnicodeTableCounts) {
     std::string text = "left over";
+    put("");
     EXPECT_FALSE(fileVersionText(path, text));
     EXPECT_EQ(text, "");
     EXPECT_FALSE(fileVersionText(path + ".missing", text));
