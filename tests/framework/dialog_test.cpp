@@ -18,6 +18,7 @@ class MappedDialog : public CDialog {
     MappedDialog() : CDialog(&emptyTemplate.header) {}
 
     int leftAloneCount = 0;
+    int clickCount = 0;
     CWnd button;
 
   protected:
@@ -45,7 +46,10 @@ class MappedDialog : public CDialog {
         ++leftAloneCount;
         return Default() + 5;
     }
-    void OnButton() { EndDialog(77); }
+    void OnButton() {
+        ++clickCount;
+        EndDialog(77);
+    }
 };
 
 TEST(Dialog, HandlesWhatItsMapNames) {
@@ -62,6 +66,7 @@ TEST(Dialog, HandlesWhatItsMapNames) {
             EXPECT_STREQ(text, "Bound");
             // Another notification of the same control is not a click.
             SendMessageA(window, WM_COMMAND, MAKEWPARAM(buttonId, BN_SETFOCUS), 0);
+            EXPECT_EQ(dialog.clickCount, 0);
             SendMessageA(GetDlgItem(window, buttonId), BM_CLICK, 0, 0);
         });
     EXPECT_EQ(result, 77);
