@@ -1,18 +1,12 @@
 #include "installed/registry_key.h"
 
+#include "platform/procedure_address.h"
+
 namespace {
 
 constexpr REGSAM viewBits = KEY_WOW64_64KEY | KEY_WOW64_32KEY;
 
 using OpenKeyTransacted = LSTATUS(WINAPI*)(HKEY, LPCSTR, DWORD, REGSAM, PHKEY, HANDLE, PVOID);
-
-/// Null before Windows Vista.
-OpenKeyTransacted findOpenKeyTransacted() {
-    const HMODULE module = GetModuleHandleA("Advapi32.dll");
-    return module == nullptr ? nullptr
-                             : reinterpret_cast<OpenKeyTransacted>(reinterpret_cast<void*>(
-                                   GetProcAddress(module, "RegOpenKeyTransactedA")));
-}
 
 LSTATUS openKey(const RegistryTransaction* transaction, HKEY parent, const char* subkeyPath,
                 REGSAM access, HKEY& key) {
@@ -20,8 +14,12 @@ LSTATUS openKey(const RegistryTransaction* transaction, HKEY parent, const char*
         (transaction->handle == nullptr && transaction->opensWithoutHandle != 0)) {
         return RegOpenKeyExA(parent, subkeyPath, 0, access, &key);
     }
-    const OpenKeyTransacted openTransacted =
-        transaction->handle == nullptr ? nullptr : findOpenKeyTransacted();
+    // Missing before Windows Vista.
+    const auto openTransacted =
+        transaction->handle == nullptr
+            ? nullptr
+            : procedureAddress<OpenKeyTransacted>(GetModuleHandleA("Advapi32.dll"),
+                                                  "RegOpenKeyTransactedA");
     return openTransacted == nullptr
                ? ERROR_INVALID_FUNCTION
                : openTransacted(parent, subkeyPath, 0, access, &key, transaction->handle, nullptr);
