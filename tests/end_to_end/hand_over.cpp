@@ -21,6 +21,7 @@ void answer(InstallerRun& run, const Box& expected, const char* button) {
 void choose(InstallerRun& run, const char* choice) {
     const auto dialog = run.nextDialog();
     ASSERT_TRUE(dialog) << "ended without the choice of the product type";
+    ASSERT_TRUE(dialog->shows("Install")) << dialog->box();
     dialog->click(choice);
     dialog->click("Install");
 }
