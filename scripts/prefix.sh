@@ -49,7 +49,8 @@ start)
     mkdir -p "$copies"
     cp -a --reflink=auto "$templates/$2" "$copies/$copy" || exit 1
     export WINEPREFIX=$copies/$copy
-    wineserver -p && wine cmd /c exit
+    # Wine's own services live on and would hold a pipe of the caller open.
+    { wineserver -p && wine cmd /c exit; } >/dev/null 2>&1 </dev/null
     ;;
 stop)
     stop "$2"
