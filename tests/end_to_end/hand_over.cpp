@@ -18,6 +18,13 @@ void answer(InstallerRun& run, const Box& expected, const char* button) {
     dialog->click(button);
 }
 
+void dismissShellMessage(InstallerRun& run) {
+    const auto dialog = run.nextDialog();
+    ASSERT_TRUE(dialog);
+    EXPECT_TRUE(dialog->shows("OK")) << dialog->box();
+    dialog->click("OK");
+}
+
 void choose(InstallerRun& run, const char* choice) {
     const auto dialog = run.nextDialog();
     ASSERT_TRUE(dialog) << "ended without the choice of the product type";

@@ -18,6 +18,10 @@ InstallerRun start(const Media& media, const std::string& program);
 /// The next thing seen must be this message box; clicks the button.
 void answer(InstallerRun& run, const Box& expected, const char* button);
 
+/// For a program that cannot be started the shell has a message of its own, ahead of what the
+/// installer has to say.
+void dismissShellMessage(InstallerRun& run);
+
 /// The next thing seen must be the "Install Product" dialog; chooses, and clicks Install.
 void choose(InstallerRun& run, const char* choice);
 

@@ -2,13 +2,15 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
+
 namespace {
 
 constexpr DWORD pollInterval = 10;
 
 struct Search {
     DWORD processId;
-    HWND last;
+    const std::vector<HWND>& seen;
     HWND found;
 };
 
@@ -20,7 +22,9 @@ BOOL CALLBACK examineWindow(HWND window, LPARAM parameter) {
     GetClassNameA(window, className, sizeof className);
     // A dialog that another one covers is disabled.
     const bool takesInput = IsWindowVisible(window) && IsWindowEnabled(window);
-    if (processId == search.processId && takesInput && window != search.last &&
+    const bool isNew =
+        std::find(search.seen.begin(), search.seen.end(), window) == search.seen.end();
+    if (processId == search.processId && takesInput && isNew &&
         std::string(className) == "#32770") {
         search.found = window;
     }
@@ -54,10 +58,10 @@ InstallerRun::~InstallerRun() {
 std::optional<DialogWindow> InstallerRun::nextDialog(DWORD deadline) {
     const DWORD start = GetTickCount();
     do {
-        Search search{process.dwProcessId, last, nullptr};
+        Search search{process.dwProcessId, seen, nullptr};
         EnumWindows(examineWindow, reinterpret_cast<LPARAM>(&search));
         if (search.found != nullptr) {
-            last = search.found;
+            seen.push_back(search.found);
             return DialogWindow(search.found);
         }
         if (WaitForSingleObject(process.hProcess, pollInterval) != WAIT_TIMEOUT) {

@@ -5,6 +5,7 @@
 
 #include <optional>
 #include <string>
+#include <vector>
 
 #include "tests/end_to_end/dialog_window.h"
 
@@ -19,8 +20,8 @@ class InstallerRun {
     InstallerRun(const InstallerRun&) = delete;
     InstallerRun& operator=(const InstallerRun&) = delete;
 
-    /// The next dialog that takes input, other than the one returned last; nothing when the
-    /// program has ended, and with a test failure when the deadline has passed.
+    /// The next dialog that takes input and was not returned before; nothing when the program has
+    /// ended, and with a test failure when the deadline has passed.
     std::optional<DialogWindow> nextDialog(DWORD deadline = defaultDeadline);
 
     /// Waits, with the default deadline, until the installer and all that it started have ended.
@@ -29,5 +30,5 @@ class InstallerRun {
   private:
     HANDLE job;
     PROCESS_INFORMATION process{};
-    HWND last = nullptr;
+    std::vector<HWND> seen;
 };

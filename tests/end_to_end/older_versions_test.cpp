@@ -70,8 +70,9 @@ TEST_F(OlderVersions, SeveralAreSortedAndTheTickedOnesRemovedOneAfterAnother) {
                                                     {"Tavlink Classic Analyzer 13", true}}));
     prompt->tick(0, false);
     prompt->tick(2, false);
-    DeleteFileA(uninstaller("c").c_str());  // missing: passed over without a word
+    DeleteFileA(uninstaller("c").c_str());
     prompt->click(confirm);
+    dismissShellMessage(run);
     choose(run, "Live Product");
     // One ticked row removes every version of its name.
     expectStarted(run, media, {uninstaller("a"), uninstaller("d"), setup(media, analyzerHandOver)});
@@ -107,6 +108,7 @@ TEST_F(OlderVersions, OfTheWholeMakerAreOfferedByTheMultiprotocolProduct) {
     ASSERT_TRUE(prompt);
     EXPECT_EQ(prompt->rows(), (std::vector<ListRow>{{"Halvick Anything 12", true}}));
     prompt->click("No, Skip");
+    dismissShellMessage(run);
     expectStarted(run, media, {setup(media, {"1w", "Halvick 16.4.10002.0", "LIVE x86"})});
 }
 
