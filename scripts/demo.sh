@@ -1,8 +1,11 @@
 #!/bin/bash
 # Shows the installer at work: builds it, stamps it for a product, runs it on sample media whose
-# "Setup.Exe" is a stand-in, and prints what that was handed. With a display the clicking is yours;
-# without one it clicks by itself.
+# "Setup.Exe" is a stand-in, clicks through its dialog, and prints what "Setup.Exe" was handed.
+#
+#   demo.sh [--by-hand]    --by-hand leaves the clicking to you; takes a display
 set -u
+by_hand=
+[ "${1-}" = --by-hand ] && by_hand=1
 root=$(cd "$(dirname "$0")/.." && pwd)
 . "$root/scripts/on_screen.sh"
 
@@ -11,6 +14,10 @@ root=$(cd "$(dirname "$0")/.." && pwd)
 echo "== the installer, on sample media"
 screen_start demo
 trap screen_stop EXIT
+if [ -n "$by_hand" ] && [ -n "$virtual_display" ]; then
+    echo "demo: --by-hand takes a display, and there is none" >&2
+    exit 1
+fi
 lay_out 07
 shot=$root/build/demo/install-product.png
 
@@ -18,13 +25,13 @@ run_installer -dir "$(windows_path "$media")"
 while next_dialog; do
     echo "  dialog \"$dialog_title\""
     [ -f "$shot" ] || picture "$shot"
-    [ -z "$virtual_display" ] || click Install
+    [ -n "$by_hand" ] || click Install
 done
 
 parameters=$(sed -n 's/^start\t[^\t]*\t[^\t]*\t[^\t]*\t"[^"]*" //p' "$records" 2>/dev/null)
 if [ -z "$parameters" ]; then
     echo "demo: nothing was handed over"
-    [ -n "$virtual_display" ] && exit 1 || exit 0
+    [ -n "$by_hand" ] && exit 0 || exit 1
 fi
 echo "== Setup.Exe was started with"
 echo "    $parameters"
