@@ -4,7 +4,8 @@ add_library(build_options INTERFACE)
 if(CMAKE_CXX_COMPILER_ID MATCHES "GNU|Clang")
   target_compile_options(build_options INTERFACE -Wall -Wextra -Wpedantic -Werror)
 elseif(MSVC)
-  target_compile_options(build_options INTERFACE /W4 /WX /utf-8 /permissive-)
+  # 4996: GetVersionExA, deprecated there, is what the program identifies Windows by.
+  target_compile_options(build_options INTERFACE /W4 /WX /wd4996 /utf-8 /permissive-)
 endif()
 
 if(WIN32)
