@@ -7,6 +7,7 @@ packages=(
     cmake ninja-build ccache googletest
     g++ clang libclang-rt-14-dev
     g++-mingw-w64-i686-posix binutils-mingw-w64-i686
+    openssl osslsigncode
     wine wine64 wine32:i386 fonts-wine
     xvfb imagemagick x11-utils
 )

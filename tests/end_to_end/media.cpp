@@ -48,7 +48,7 @@ Media::~Media() {
 
 std::string Media::installer(const std::string& code, const std::string& name) const {
     // Set by the build, as the stamping tool is a native program.
-    copyFile(std::string(std::getenv("STAMPED_INSTALLERS")) + "/install-" + code + ".exe",
+    copyFile(std::string(std::getenv("STAMPED_INSTALLERS")) + "/" + code + "/Install.exe",
              path(name));
     return path(name);
 }
