@@ -141,9 +141,13 @@ bool fileExists(const std::string& path) {
     return GetFileAttributesA(path.c_str()) != INVALID_FILE_ATTRIBUTES;
 }
 
-void layOutStandIn(const std::string& path, const std::string& script) {
+void layOutFile(const std::string& name, const std::string& path) {
     makeFolder(path.substr(0, path.rfind('\\')));
-    copyFile(ownFolder() + "recorder.exe", path);
+    copyFile(ownFolder() + name, path);
+}
+
+void layOutStandIn(const std::string& path, const std::string& script) {
+    layOutFile("recorder.exe", path);
     if (!script.empty()) {
         writeFile(path + ".script", script);
     }

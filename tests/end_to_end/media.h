@@ -44,5 +44,7 @@ void removeFolder(const std::string& path);
 void writeFile(const std::string& path, const std::string& content);
 std::string readFile(const std::string& path);
 bool fileExists(const std::string& path);
+/// A copy of a file that lies beside the tests, its folder made.
+void layOutFile(const std::string& name, const std::string& path);
 /// A recording program under this path, its folder made; `script` as the recorder describes it.
 void layOutStandIn(const std::string& path, const std::string& script = "");

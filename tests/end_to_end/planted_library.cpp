@@ -1,0 +1,20 @@
+// A library that anybody could have put into a folder: leaves a file "<own path>.<program>" when a
+// program loads it. Nothing but kernel32, so that it can stand in for any other library.
+#include <windows.h>
+
+extern "C" BOOL WINAPI DllMain(HINSTANCE library, DWORD reason, void*) {
+    if (reason == DLL_PROCESS_ATTACH) {
+        char mark[2 * MAX_PATH];
+        char program[MAX_PATH];
+        GetModuleFileNameA(library, mark, MAX_PATH);
+        const DWORD length = GetModuleFileNameA(nullptr, program, MAX_PATH);
+        DWORD name = length;
+        while (name > 0 && program[name - 1] != '\\') {
+            --name;
+        }
+        lstrcatA(mark, ".");
+        lstrcatA(mark, program + name);
+        CloseHandle(CreateFileA(mark, GENERIC_WRITE, 0, nullptr, CREATE_ALWAYS, 0, nullptr));
+    }
+    return TRUE;
+}
