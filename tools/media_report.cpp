@@ -1,5 +1,7 @@
 #include "tools/media_report.h"
 
+#include <cstdio>
+
 #include "app/install_messages.h"
 #include "app/install_path.h"
 #include "app/program_folder.h"
@@ -35,8 +37,9 @@ std::string readBuild(const FolderReader& besideInstaller, CProductData& catalog
             }
             return name.file;
         }
-        return "compiled in, since " + std::string(name.file) +
-               " gives no \"Version Number\" in the section \"[Version Number]\"";
+        problems.push_back(std::string(name.file) +
+                           ": no \"Version Number\" in the section \"[Version Number]\"");
+        return "compiled in, since " + std::string(name.file) + " gives none";
     }
     return "compiled in, since there is no product-data file beside the installer";
 }
@@ -48,8 +51,8 @@ void addDriverFiles(const DeviceFamily& family, std::vector<MediaFile>& files) {
     }
 }
 
-HandOver handOver(CProductData& catalogue, const MediaReport& report, const char* choice,
-                  unsigned productType, bool on64BitWindows, const std::string& directory) {
+std::string handedOver(CProductData& catalogue, const MediaReport& report, unsigned productType,
+                       bool on64BitWindows, const std::string& directory) {
     SetupRequest request{report.productCode, numberFromCode(report.productCode),
                          productType,        "",
                          directory,          on64BitWindows};
@@ -60,7 +63,7 @@ HandOver handOver(CProductData& catalogue, const MediaReport& report, const char
     const std::string folder =
         uniqueProgramFolder(programFolderName(catalogue, request), request.productNumber,
                             [](const std::string&) { return false; });
-    return {choice, on64BitWindows, setupParameters(catalogue, request, folder)};
+    return setupParameters(catalogue, request, folder);
 }
 
 /// The path and the choices of every product but the directly installed one.
@@ -96,11 +99,16 @@ void followSequence(CProductData& catalogue, const std::string& directory, Media
          !liveOnly && catalogue.hasDemonstrationEdition(report.productCode)},
     };
     for (const auto& choice : choices) {
-        for (const bool on64BitWindows : {false, true}) {
-            if (choice.offered) {
-                report.handOvers.push_back(handOver(catalogue, report, choice.name, choice.type,
-                                                    on64BitWindows, directory));
-            }
+        if (!choice.offered) {
+            continue;
+        }
+        const std::string on32 = handedOver(catalogue, report, choice.type, false, directory);
+        const std::string on64 = handedOver(catalogue, report, choice.type, true, directory);
+        if (on32 == on64) {
+            report.handOvers.push_back({choice.name, "any Windows", on32});
+        } else {
+            report.handOvers.push_back({choice.name, "32-bit Windows", on32});
+            report.handOvers.push_back({choice.name, "64-bit Windows", on64});
         }
     }
 }
@@ -122,10 +130,6 @@ std::string jsonText(const std::string& text) {
         }
     }
     return json + "\"";
-}
-
-const char* windowsName(const HandOver& handOver) {
-    return handOver.on64BitWindows ? "64-bit Windows" : "32-bit Windows";
 }
 
 }  // namespace
@@ -163,7 +167,7 @@ MediaReport examineMedia(const std::string& installer, const FolderReader& besid
         report.path = "older viewers are stopped and removed, then the viewer is installed";
         report.files.push_back({"UninstallQmx.exe", "removes older viewers"});
         report.handOvers.push_back(
-            {"without a question", false,
+            {"without a question", "any Windows",
              directSetupParameters(catalogue, report.productCode, sourceDirectory)});
     } else {
         followSequence(catalogue, sourceDirectory, report);
@@ -189,8 +193,8 @@ std::string asText(const MediaReport& report) {
         text += "PROBLEM   " + problem + "\n";
     }
     for (const HandOver& handOver : report.handOvers) {
-        text += "\n" + handOver.choice + ", " + windowsName(handOver) + "\n    " +
-                handOver.parameters + "\n";
+        text += "\n" + handOver.choice + ", " + handOver.windows + "\n    " + handOver.parameters +
+                "\n";
     }
     return text + (report.isComplete() ? "\ncomplete\n" : "\nNOT COMPLETE\n");
 }
@@ -219,7 +223,7 @@ std::string asJson(const MediaReport& report) {
     separator = "\n";
     for (const HandOver& handOver : report.handOvers) {
         json += separator + ("    {\"choice\": " + jsonText(handOver.choice)) +
-                ", \"windows\": " + jsonText(windowsName(handOver)) +
+                ", \"windows\": " + jsonText(handOver.windows) +
                 ", \"parameters\": " + jsonText(handOver.parameters) + "}";
         separator = ",\n";
     }

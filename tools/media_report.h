@@ -15,8 +15,8 @@ struct MediaFile {
 
 /// One way a run can end: what "Setup.Exe" is handed then.
 struct HandOver {
-    std::string choice;  ///< as the dialog words it
-    bool on64BitWindows = false;
+    std::string choice;   ///< as the dialog words it
+    std::string windows;  ///< on which this is handed over
     std::string parameters;
 };
 

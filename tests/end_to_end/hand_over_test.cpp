@@ -3,12 +3,34 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
+#include <cstdlib>
 
 namespace {
 
 constexpr const char* live = "Live Product";
 constexpr const char* viewer = "File Viewer";
 constexpr const char* demonstration = "Demonstration";
+
+/// What tools/check_media says that the product's "Setup.Exe" is handed; empty for nothing.
+std::string foretold(const std::string& code, const std::string& choice) {
+    const std::string report =
+        readFile(std::string(std::getenv("STAMPED_INSTALLERS")) + '/' + code + "/report.json");
+    for (const char* windows : {"any", on64BitWindows() ? "64-bit" : "32-bit"}) {
+        const std::string before = "{\"choice\": \"" + choice + "\", \"windows\": \"" + windows +
+                                   " Windows\", \"parameters\": \"";
+        const size_t found = report.find(before);
+        if (found == std::string::npos) {
+            continue;
+        }
+        const size_t start = found + before.size();
+        std::string text = report.substr(start, report.find('"', start) - start);
+        for (size_t at = 0; (at = text.find("\\\\", at)) != std::string::npos; ++at) {
+            text.erase(at, 1);
+        }
+        return text;
+    }
+    return {};
+}
 
 TEST(HandOver, EveryChoiceReachesTheSetupUtility) {
     const std::string processor = on64BitWindows() ? "x64" : "x86";
@@ -57,6 +79,9 @@ TEST(HandOver, EveryChoiceReachesTheSetupUtility) {
             choose(run, row.choice);
         }
         expectStarted(run, media, {setup(media, row.expected)});
+        EXPECT_EQ(media.path("Setup.Exe ") +
+                      foretold(row.code, row.choice == nullptr ? live : row.choice),
+                  setup(media, row.expected));
     }
 }
 
