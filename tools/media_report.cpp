@@ -182,9 +182,12 @@ MediaReport examineMedia(const std::string& installer, const FolderReader& besid
 }
 
 std::string asText(const MediaReport& report) {
-    std::string text = "product   " + report.productCode + "  " + report.productName +
-                       "\ntitle     " + report.title + "\npath      " + report.path +
-                       "\nbuild     " + report.build + "  (" + report.buildOrigin + ")\n";
+    std::string text;
+    if (!report.productCode.empty()) {
+        text = "product   " + report.productCode + "  " + report.productName + "\ntitle     " +
+               report.title + "\npath      " + report.path + "\nbuild     " + report.build + "  (" +
+               report.buildOrigin + ")\n";
+    }
     for (const MediaFile& file : report.files) {
         text += std::string(file.present ? "found     " : "MISSING   ") + file.name + "  (" +
                 file.purpose + ")\n";
