@@ -1,9 +1,10 @@
 #!/bin/bash
-# fuzz.sh [SECONDS [NAME...]]: runs each fuzzer, or those named, for some time (default 60 s), and
-# prints executions, executions per second and the edges that were covered.
+# fuzz.sh [SECONDS [NAME...]]: runs each fuzzer, or those named, one after the other, for some time
+# (default 60 s) or, with EXECUTIONS=N, until it has run N inputs, and prints executions, executions
+# per second and the edges that were covered.
 #
-# Starts from the inputs in tools/fuzzers/corpora/NAME; with MERGE=1 adds to them what reached new
-# code, in its smallest form. An input that breaks a promise is left in build/fuzz/findings.
+# Starts from the inputs in tools/fuzzers/corpora/NAME; with MERGE=1 these become the fewest inputs
+# that cover everything reached. An input that breaks a promise is left in build/fuzz/findings.
 set -u
 scripts=$(cd "$(dirname "$0")" && pwd)
 cd "$scripts/.." || exit 1
@@ -18,11 +19,15 @@ if [ $# -eq 0 ]; then
     done
 fi
 mkdir -p build/fuzz/findings
+# What was freed is kept for a short while only, and no call stacks: most of the time goes there.
+export ASAN_OPTIONS=malloc_context_size=0:quarantine_size_mb=1
 run_one() {
     local name=$1 program=build/fuzz/tools/fuzzers/$1_fuzzer seeds=tools/fuzzers/corpora/$1
-    local work=build/fuzz/corpora/$1 log=build/fuzz/$1.log
+    local work=build/fuzz/corpora/$1 log=build/fuzz/$1.log length=64
+    # Paths are cut at 260 characters.
+    [ "$name" != driver_report ] || length=512
     mkdir -p "$work" "$seeds"
-    "$program" -max_total_time="$seconds" -max_len=512 -rss_limit_mb=2048 -print_final_stats=1 \
+    "$program" "${limit[@]}" -max_len=$length -rss_limit_mb=2048 -print_final_stats=1 \
         -artifact_prefix="build/fuzz/findings/$name-" "$work" "$seeds" >"$log" 2>&1
     local result=$? executed rate covered
     executed=$(sed -n 's/^stat::number_of_executed_units: *//p' "$log")
@@ -34,8 +39,17 @@ run_one() {
         echo "fuzz: FAILED: $name, see $log" >&2
         return 1
     fi
-    [ -z "${MERGE-}" ] || "$program" -merge=1 "$seeds" "$work" >>"$log" 2>&1
+    if [ -n "${MERGE-}" ]; then
+        rm -rf "$work.merged"
+        mkdir "$work.merged"
+        "$program" -merge=1 "$work.merged" "$seeds" "$work" >>"$log" 2>&1 &&
+            rm -rf "$seeds" && cp -r "$work.merged" "$seeds"
+    fi
 }
-export -f run_one
-export seconds
-printf '%s\0' "${programs[@]}" | xargs -0 -P "$(nproc)" -n 1 bash -c 'run_one "$1"' run_one
+limit=(-max_total_time="$seconds")
+[ -z "${EXECUTIONS-}" ] || limit=(-runs="$EXECUTIONS")
+failed=0
+for program in "${programs[@]}"; do
+    run_one "$program" || failed=1
+done
+exit $failed

@@ -3,12 +3,19 @@
 #include "tools/fuzzers/fuzz_input.h"
 
 int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
+    const std::string list(asText(data, size));
     DriverPackageTable table;
-    const bool built = buildDriverPackageTable(table, std::string(asText(data, size)));
-    require(built == !table.empty() && table.size() <= 6);
+    require(buildDriverPackageTable(table, list) == !table.empty());
+    require(table.size() <= 6);
+    const std::string separated = ';' + lowerCase(list) + ';';
     for (const auto& [code, family] : table) {
-        require(code == lowerCase(code) && code.size() == 2 && !family.packages.empty());
+        require(separated.find(';' + code + ';') != std::string::npos);
         require(findDeviceFamily(table, code) == &family);
+        require(family.dataKey != nullptr && !family.packages.empty());
+    }
+    for (const char* const code : {"16", "1k", "1m", "1r", "1u", "1w"}) {
+        require((findDeviceFamily(table, code) != nullptr) ==
+                (separated.find(';' + std::string(code) + ';') != std::string::npos));
     }
     return 0;
 }

@@ -2,19 +2,21 @@
 #include "tools/fuzzers/fuzz_input.h"
 
 int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
-    std::string_view rest = asText(data, size);
-    const std::string folder(takeText(rest));
-    for (const char* name : {driverInstallerName(false), driverInstallerName(true)}) {
-        const std::optional<std::string> path = reportedInstaller(rest, folder, name);
-        if (path) {
-            const std::size_t found = rest.find(name);
-            require(found != std::string_view::npos && rest.rfind('"', found) < found);
-            require(path->starts_with(folder.substr(0, 260)) && path->size() <= 260);
-            require(path->size() == 260 || path->ends_with(name));
-        } else {
-            const std::size_t found = rest.find(name);
-            require(found == std::string_view::npos || found == 0 || rest[found - 1] != '"');
-        }
+    const std::string_view report = asText(data, size);
+    const std::string_view name = driverInstallerName(size % 2 != 0);
+    const std::size_t found = report.find(name);
+    const std::optional<std::string> path = reportedInstaller(report, "D", name);
+    if (!path) {
+        // Only a report without the name, or with no open quote in front of it, names nothing.
+        require(found == std::string_view::npos ||
+                report.substr(0, found).find_last_of('"') == std::string_view::npos ||
+                report.substr(report.substr(0, found).find_last_of('"'), found).find('\0') !=
+                    std::string_view::npos);
+        return 0;
     }
+    require(path->starts_with("D\\") && path->size() <= 260);
+    require(path->find('"') == std::string::npos && path->find('\0') == std::string::npos);
+    require(path->size() == 260 || path->ends_with(name));
+    require(report.substr(0, found + name.size()).find(path->substr(2)) != std::string_view::npos);
     return 0;
 }

@@ -1,28 +1,28 @@
-#include <algorithm>
-
 #include "tools/fuzzers/fuzz_input.h"
 #include "ui/prompt_layout.h"
 
 int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
-    if (size < 2) {
-        return 0;
-    }
-    const int width = data[0] + 1;
-    const int height = data[1];
-    const std::string_view prompt = asText(data + 2, size - 2);
+    const std::string_view prompt = asText(data, size);
     const std::vector<std::string_view> lines = promptLines(prompt);
-    const auto breaks = std::count_if(prompt.begin(), prompt.end(), [](char character) {
-        return character == '\r' || character == '\n';
-    });
-    require(!lines.empty() && lines.size() <= static_cast<std::size_t>(breaks) + 1);
+    require(!lines.empty() && lines.back().end() == prompt.end());
     std::vector<TextExtent> extents;
-    for (const std::string_view line : lines) {
-        require(line.data() >= prompt.data() &&
-                line.data() + line.size() <= prompt.data() + prompt.size());
-        extents.push_back({static_cast<int>(line.size()) * 7, 13});
+    const char* at = prompt.data();
+    for (const std::string_view& line : lines) {
+        // In their order, between them nothing but one break of at most two characters.
+        const std::string_view gap(at, static_cast<std::size_t>(line.data() - at));
+        require(gap.size() <= 2 && gap.find_first_not_of("\r\n") == std::string_view::npos);
+        require(gap.empty() == (&line == &lines.front()));
+        const std::size_t end = line.find_first_of("\r\n");
+        require(end == std::string_view::npos ||
+                (&line == &lines.back() && line.size() == end + 1));
+        at = line.data() + line.size();
+        extents.push_back({static_cast<int>(line.size()) * 6, 13});
     }
-    const int growth = promptGrowth(extents, width, height);
+    const int height = size == 0 ? 0 : data[0];
+    const int growth = promptGrowth(extents, 60, height);
     require(growth == 0 || growth >= 4);
-    require(growth == 0 || growth - 4 + height >= static_cast<int>(lines.size()) * 13);
+    require(growth != 0 || static_cast<int>(lines.size()) * 13 <= height);
+    require(promptGrowth(extents, 61, height) <= growth);
+    require(promptGrowth(extents, 60, height + 1) <= growth);
     return 0;
 }

@@ -1,14 +1,57 @@
+#include "app/stamped_identity.h"
 #include "tools/fuzzers/fuzz_input.h"
 #include "tools/stamp_image.h"
 
+namespace {
+
+constexpr std::size_t blockOffset = 320;
+
+/// The least that can be stamped.
+std::string executable() {
+    std::string image(blockOffset + sizeof(StampedIdentity), '\0');
+    image.replace(0, 2, "MZ");
+    image[60] = 64;
+    image.replace(64, 2, "PE");
+    image.replace(64 + 24, 2, "\x0B\x01");
+    return image.replace(blockOffset, sizeof stampMarker, stampMarker, sizeof stampMarker);
+}
+
+}  // namespace
+
+// The input: a code, a name, then changes of the executable, an offset of two bytes and a byte
+// each. An offset past the end cuts the file there.
 int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
-    const std::string original(asText(data, size));
-    std::string image = original, error, code, name;
-    if (stampImage(image, "1k", "A product", error)) {
-        require(image.size() == original.size());
-        require(readStamp(image, code, name) && code == "1k" && name == "A product");
-    } else {
-        require(image == original && !error.empty());
+    std::string_view rest = asText(data, size);
+    const std::string_view code = takeText(rest), name = takeText(rest);
+    std::string image = executable();
+    for (; rest.size() >= 3; rest.remove_prefix(3)) {
+        const std::size_t offset =
+            static_cast<unsigned char>(rest[0]) | static_cast<std::size_t>(rest[1] & 1) << 8;
+        if ((rest[1] & 2) != 0) {
+            image.resize(offset);
+        } else if (offset < image.size()) {
+            image[offset] = rest[2];
+        } else {
+            image += rest[2];
+        }
     }
+    const std::string before = image;
+    std::string error, readCode = "old", readName = "old";
+    if (!stampImage(image, code, name, error)) {
+        require(image == before && !error.empty());
+        readStamp(image, readCode, readName);
+        return 0;
+    }
+    require(image.size() == before.size() && error.empty());
+    require(!code.empty() && code.size() < 8 && !name.empty() && name.size() < 104);
+    if (readStamp(image, readCode, readName)) {
+        require(readCode == code && readName == name);
+    } else {
+        // A name can hold the marker itself.
+        require(name.find(std::string_view(stampMarker, sizeof stampMarker)) !=
+                std::string_view::npos);
+    }
+    std::string again = image;
+    require(!stampImage(again, code, name, error) || again == image);
     return 0;
 }

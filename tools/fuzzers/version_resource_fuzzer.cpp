@@ -1,22 +1,28 @@
-#include "installed/analyser_version.h"
+#include <cstring>
+#include <memory>
+
 #include "platform/version_resource.h"
 #include "tools/fuzzers/fuzz_input.h"
 
 int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
-    if (size < 4) {
+    if (size < 2) {
         return 0;
     }
-    const std::size_t offset = data[0] | data[1] << 8;
-    const std::size_t length = data[2] | data[3] << 8;
-    const std::string_view block = asText(data + 4, size - 4);
-    // Beyond the block by number only: such an address is never formed from the block's pointer.
-    const auto value = reinterpret_cast<std::uintptr_t>(block.data()) + offset;
-    const std::string text =
-        versionResourceText(block, reinterpret_cast<const char*>(value), length);
-    require(text.size() <= sizeof "Version " - 1 + block.size());
-    require(text.find('\0') == std::string::npos);
-    const std::string_view version = versionPart(text);
-    require(version.find_first_not_of("0123456789.") == std::string_view::npos);
-    require(text.ends_with(version));
+    const std::size_t offset = data[0], length = data[1] == 255 ? SIZE_MAX : data[1];
+    // Of exactly this size, for the sanitizer.
+    const std::size_t held = size - 2;
+    const std::unique_ptr<char[]> bytes(new char[held]);
+    std::memcpy(bytes.get(), data + 2, held);
+    const std::string text = versionResourceText({bytes.get(), held}, bytes.get() + offset, length);
+    if (length == 0 || offset >= held) {
+        require(text.empty());
+        return 0;
+    }
+    const std::size_t characters = text.size() - 8;
+    require(text.starts_with("Version ") && text.find('\0') == std::string::npos);
+    require(characters <= length && characters <= held - offset);
+    require(std::memcmp(text.data() + 8, bytes.get() + offset, characters) == 0);
+    require(characters == length || characters == held - offset ||
+            bytes[offset + characters] == '\0');
     return 0;
 }
