@@ -28,7 +28,7 @@ while next_dialog; do
     [ -n "$by_hand" ] || click Install
 done
 
-parameters=$(sed -n 's/^start\t[^\t]*\t[^\t]*\t[^\t]*\t"[^"]*" //p' "$records" 2>/dev/null)
+parameters=$(sed -n 's/^"[^"]*" //p' "$records" 2>/dev/null)
 if [ -z "$parameters" ]; then
     echo "demo: nothing was handed over"
     [ -n "$by_hand" ] && exit 0 || exit 1

@@ -1,21 +1,20 @@
 #include <gtest/gtest.h>
 
-#include "tests/end_to_end/hand_over.h"
+#include "tests/end_to_end/stage.h"
 
 namespace {
 
+constexpr const char* universal = "Halvick Tavlink Universal Analyzer";
+
 TEST(CommandLine, EveryFailureIsShownAndEndsTheRun) {
-    const Media media;
-    const std::string program = media.installer("04");
-    const std::string file = media.path("Setup.Exe");
+    const Stage stage("04");
+    const std::string file = stage.path("Setup.Exe");
     const std::string missing = "C:\\" + std::string(397, 'x');
     const struct {
-        std::string arguments;
-        std::string text;
-        WORD icon = errorIcon;
+        std::string arguments, text, icon = "error";
     } table[] = {
-        {"", "Invalid command line.", warningIcon},
-        {"-dir", "Invalid command line.", warningIcon},
+        {"", "Invalid command line.", "warning"},
+        {"-dir", "Invalid command line.", "warning"},
         {"-installdir X -dir", "\n\nInvalid argument: Directory missing.\n"},
         {"-dir C:\\ -installdir", "\n\nInvalid argument: Directory missing.\n"},
         {"-dirs C:\\", "\n\nInvalid argument: -dirs\n"},
@@ -27,12 +26,8 @@ TEST(CommandLine, EveryFailureIsShownAndEndsTheRun) {
     };
     for (const auto& row : table) {
         SCOPED_TRACE(row.arguments);
-        InstallerRun run(program, row.arguments);
-        answer(run, {applicationName, row.text, row.icon, "OK"}, "OK");
-        EXPECT_FALSE(run.nextDialog());
-        run.awaitEnd();
+        stage.run(row.arguments, {box(row.text, row.icon)}, "");
     }
-    EXPECT_TRUE(media.records().empty());
 }
 
 TEST(CommandLine, SourceDirectoriesAreHandedOverAsTheyAre) {
@@ -41,34 +36,28 @@ TEST(CommandLine, SourceDirectoriesAreHandedOverAsTheyAre) {
     for (const std::string& name : {std::string("with blanks"), std::string("back`quoted`"),
                                     std::string("\xC4hnlich \xDF"), longest}) {
         SCOPED_TRACE(name);
-        const Media media(name);
-        InstallerRun run = start(media, media.installer("0q", "i.exe"));
-        choose(run, "Live Product");
-        expectStarted(run, media, {setup(media, {"0q", "Halvick Tavlink Universal Analyzer"})});
+        const Stage stage("0q", name);
+        const std::string expected = stage.setup("0q", universal);
+        stage.run({chooseLive}, expected);
+        // Options come in any order, and the last one counts.
+        stage.run("-installdir X -dir C:\\ -DIR \"" + stage.folder + "\\\"", {chooseLive},
+                  expected);
     }
-}
-
-TEST(CommandLine, OptionsComeInAnyOrderAndTheLastOneCounts) {
-    const Media media;
-    InstallerRun run(media.installer("0q"),
-                     "-installdir X -dir C:\\ -DIR \"" + media.folder + "\\\"");
-    choose(run, "Live Product");
-    expectStarted(run, media, {setup(media, {"0q", "Halvick Tavlink Universal Analyzer"})});
 }
 
 // The path of the setup utility has room for 260 characters; what is cut is shown cut.
 TEST(CommandLine, TooLongASourceDirectoryIsSaidToLackTheSetupUtility) {
-    const Media media;
-    const std::string folder = media.scratch + std::string(255 - media.scratch.size(), 'b');
-    layOutStandIn(folder + "\\Setup.Exe");
-    InstallerRun run(media.installer("0q"), "-dir \"" + folder + '"');
-    choose(run, "Live Product");
-    answer(
-        run,
-        {applicationName, "Failed to locate program installation utility: \"" + folder + "\\Setu\"",
-         errorIcon, "OK"},
-        "OK");
-    expectStarted(run, media, {});
+    const Stage stage("0q");
+    for (const size_t length : {250, 255}) {
+        SCOPED_TRACE(length);
+        const std::string folder = stage.scratch + std::string(length - stage.scratch.size(), 'b');
+        CreateDirectoryA(folder.c_str(), nullptr);
+        stage.run("-dir \"" + folder + '"',
+                  {chooseLive, box("Failed to locate program installation utility: \"" +
+                                       (folder + "\\Setup.Exe").substr(0, 260) + '"',
+                                   "error")},
+                  "");
+    }
 }
 
 }  // namespace

@@ -5,13 +5,13 @@
 #include <commctrl.h>
 #include <gtest/gtest.h>
 
-#include <algorithm>
 #include <cstddef>
+#include <cstdlib>
 #include <cstring>
 
 namespace {
 
-constexpr UINT answerDeadline = 10000;
+constexpr UINT answerDeadline = 20000;
 
 LRESULT ask(HWND window, UINT message, WPARAM wParam = 0, LPARAM lParam = 0) {
     DWORD_PTR result = 0;
@@ -19,15 +19,23 @@ LRESULT ask(HWND window, UINT message, WPARAM wParam = 0, LPARAM lParam = 0) {
     return static_cast<LRESULT>(result);
 }
 
-std::string withoutAccessKeys(std::string label) {
-    std::erase(label, '&');
-    return label;
+std::string windowText(HWND window) {
+    std::string text(static_cast<size_t>(ask(window, WM_GETTEXTLENGTH)) + 1, '\0');
+    text.resize(static_cast<size_t>(
+        ask(window, WM_GETTEXT, text.size(), reinterpret_cast<LPARAM>(text.data()))));
+    return text;
 }
 
-std::string className(HWND window) {
-    char name[64] = "";
-    GetClassNameA(window, name, sizeof name);
-    return name;
+bool isOfClass(HWND window, const char* name) {
+    char actual[64] = "";
+    GetClassNameA(window, actual, sizeof actual);
+    return lstrcmpiA(actual, name) == 0;
+}
+
+std::string label(HWND button) {
+    std::string text = windowText(button);
+    std::erase(text, '&');
+    return text;
 }
 
 std::vector<HWND> visibleChildren(HWND window) {
@@ -41,80 +49,73 @@ std::vector<HWND> visibleChildren(HWND window) {
     return children;
 }
 
-/// Memory of the window's process, for messages and calls that take pointers.
-class RemoteMemory {
+/// A copy of `Data` in the window's process, for messages and calls that take pointers.
+template <class Data>
+class Lent {
   public:
-    RemoteMemory(HWND window, size_t size) {
+    explicit Lent(HWND window) {
         DWORD id = 0;
         GetWindowThreadProcessId(window, &id);
         process = OpenProcess(PROCESS_ALL_ACCESS, FALSE, id);
-        address = static_cast<char*>(VirtualAllocEx(
-            process, nullptr, size, MEM_COMMIT | MEM_RESERVE, PAGE_EXECUTE_READWRITE));
+        address = static_cast<char*>(
+            VirtualAllocEx(process, nullptr, sizeof(Data), MEM_COMMIT, PAGE_EXECUTE_READWRITE));
     }
-    ~RemoteMemory() {
+    ~Lent() {
         VirtualFreeEx(process, address, 0, MEM_RELEASE);
         CloseHandle(process);
     }
-    RemoteMemory(const RemoteMemory&) = delete;
-    RemoteMemory& operator=(const RemoteMemory&) = delete;
-
-    void write(size_t offset, const void* data, size_t size) const {
-        WriteProcessMemory(process, address + offset, data, size, nullptr);
+    void put(const Data& data) {
+        WriteProcessMemory(process, address, &data, sizeof data, nullptr);
     }
-    void read(size_t offset, void* data, size_t size) const {
-        ReadProcessMemory(process, address + offset, data, size, nullptr);
-    }
+    void get(Data& data) { ReadProcessMemory(process, address, &data, sizeof data, nullptr); }
 
     HANDLE process;
     char* address;
 };
 
-/// The resource number of a static control's icon. An icon's particulars are told only within its
-/// own process, so the question is put there.
-WORD iconNumber(HWND control) {
+/// An icon's resource number is told only within its own process, so the question is put there.
+std::string iconName(HWND control) {
     struct Call {
-        unsigned char code[32];
-        ICONINFOEXA info;
-    } call{};
-    const RemoteMemory memory(control, sizeof call);
-    const auto icon = static_cast<DWORD>(ask(control, STM_GETICON));
-    const auto info = reinterpret_cast<DWORD>(memory.address + offsetof(Call, info));
-    const auto function =
-        reinterpret_cast<DWORD>(GetProcAddress(GetModuleHandleA("user32.dll"), "GetIconInfoExA"));
-    // push info; push icon; mov eax, function; call eax; ret 4
-    unsigned char code[] = {0x68, 0, 0, 0, 0, 0x68, 0,    0,    0,    0,
-                            0xB8, 0, 0, 0, 0, 0xFF, 0xD0, 0xC2, 0x04, 0x00};
-    std::memcpy(code + 1, &info, 4);
-    std::memcpy(code + 6, &icon, 4);
-    std::memcpy(code + 11, &function, 4);
-    std::memcpy(call.code, code, sizeof code);
-    call.info.cbSize = sizeof call.info;
-    memory.write(0, &call, sizeof call);
-    const HANDLE thread = CreateRemoteThread(
-        memory.process, nullptr, 0, reinterpret_cast<LPTHREAD_START_ROUTINE>(memory.address),
-        nullptr, 0, nullptr);
+        // push info; push icon; mov eax, function; call eax; ret 4
+        unsigned char code[20] = {0x68, 0, 0, 0, 0, 0x68, 0,    0,    0,    0,
+                                  0xB8, 0, 0, 0, 0, 0xFF, 0xD0, 0xC2, 0x04, 0x00};
+        ICONINFOEXA info{sizeof info, FALSE, 0, 0, nullptr, nullptr, 0, "", ""};
+    } call;
+    Lent<Call> lent(control);
+    const HMODULE user = GetModuleHandleA("user32.dll");
+    const DWORD operands[] = {reinterpret_cast<DWORD>(lent.address + offsetof(Call, info)),
+                              static_cast<DWORD>(ask(control, STM_GETICON)),
+                              reinterpret_cast<DWORD>(GetProcAddress(user, "GetIconInfoExA"))};
+    for (const int at : {0, 1, 2}) {
+        std::memcpy(call.code + 1 + 5 * at, operands + at, 4);
+    }
+    lent.put(call);
+    const auto entry = reinterpret_cast<LPTHREAD_START_ROUTINE>(lent.address);
+    const HANDLE thread = CreateRemoteThread(lent.process, nullptr, 0, entry, nullptr, 0, nullptr);
     WaitForSingleObject(thread, answerDeadline);
     CloseHandle(thread);
-    memory.read(0, &call, sizeof call);
-    return call.info.wResID;
+    lent.get(call);
+    const WORD number = call.info.wResID;
+    return number == 32515 ? "warning" : number == 32513 ? "error" : std::to_string(number);
+}
+
+std::string rowText(HWND list, WPARAM row) {
+    struct Item {
+        LVITEMA item{};
+        char text[512] = "";
+    } data;
+    Lent<Item> lent(list);
+    data.item.iSubItem = 1;
+    data.item.pszText = lent.address + offsetof(Item, text);
+    data.item.cchTextMax = sizeof data.text;
+    lent.put(data);
+    ask(list, LVM_GETITEMTEXTA, row, reinterpret_cast<LPARAM>(lent.address));
+    lent.get(data);
+    const LRESULT state = ask(list, LVM_GETITEMSTATE, row, LVIS_STATEIMAGEMASK);
+    return ((state >> 12) == 2 ? "[x] " : "[ ] ") + std::string(data.text);
 }
 
 }  // namespace
-
-std::string windowText(HWND window) {
-    std::string text(static_cast<size_t>(ask(window, WM_GETTEXTLENGTH)) + 1, '\0');
-    text.resize(static_cast<size_t>(
-        ask(window, WM_GETTEXT, text.size(), reinterpret_cast<LPARAM>(text.data()))));
-    return text;
-}
-
-std::ostream& operator<<(std::ostream& out, const Box& box) {
-    return out << box.title << " | " << box.text << " | icon " << box.icon << " | " << box.buttons;
-}
-
-std::ostream& operator<<(std::ostream& out, const ListRow& row) {
-    return out << (row.ticked ? "[x] " : "[ ] ") << row.text;
-}
 
 std::string DialogWindow::title() const {
     return windowText(window);
@@ -130,77 +131,50 @@ std::vector<std::string> DialogWindow::texts() const {
     return texts;
 }
 
-bool DialogWindow::shows(const std::string& text) const {
-    const std::vector<std::string> shown = texts();
-    return std::find(shown.begin(), shown.end(), text) != shown.end();
-}
-
-Box DialogWindow::box() const {
-    Box box;
-    box.title = title();
+std::string DialogWindow::description() const {
+    std::string icon, texts, rows, buttons;
     for (HWND child : visibleChildren(window)) {
-        if (className(child) == "Button") {
-            box.buttons += (box.buttons.empty() ? "" : " ") + withoutAccessKeys(windowText(child));
+        if (isOfClass(child, WC_LISTVIEWA)) {
+            for (WPARAM row = 0; row < static_cast<WPARAM>(ask(child, LVM_GETITEMCOUNT)); ++row) {
+                rows += " | " + rowText(child, row);
+            }
+        } else if (isOfClass(child, "Button")) {
+            buttons += " | " + label(child);
         } else if ((GetWindowLongA(child, GWL_STYLE) & SS_TYPEMASK) == SS_ICON) {
-            box.icon = iconNumber(child);
+            icon = " | " + iconName(child);
         } else {
-            box.text += windowText(child);
+            texts += " | " + windowText(child);
         }
     }
-    return box;
+    return title() + icon + texts + rows + buttons;
 }
 
-void DialogWindow::click(const char* label) const {
-    const HWND button = child(label);
-    ASSERT_NE(button, nullptr) << "no button \"" << label << "\" on \"" << title() << '"';
-    PostMessageA(button, BM_CLICK, 0, 0);
-}
-
-void DialogWindow::close() const {
-    PostMessageA(window, WM_SYSCOMMAND, SC_CLOSE, 0);
-}
-
-std::vector<ListRow> DialogWindow::rows() const {
-    constexpr int textSize = 512;
-    const HWND list = listView();
-    const RemoteMemory memory(list, sizeof(LVITEMA) + textSize);
-    std::vector<ListRow> rows;
-    for (int row = 0; row < ask(list, LVM_GETITEMCOUNT); ++row) {
-        LVITEMA item{};
-        item.iSubItem = 1;
-        item.pszText = memory.address + sizeof item;
-        item.cchTextMax = textSize;
-        memory.write(0, &item, sizeof item);
-        ask(list, LVM_GETITEMTEXTA, static_cast<WPARAM>(row),
-            reinterpret_cast<LPARAM>(memory.address));
-        char text[textSize] = "";
-        memory.read(sizeof item, text, sizeof text);
-        const LRESULT state =
-            ask(list, LVM_GETITEMSTATE, static_cast<WPARAM>(row), LVIS_STATEIMAGEMASK);
-        rows.push_back({text, (state >> 12) == 2});
-    }
-    return rows;
-}
-
-void DialogWindow::tick(int row, bool ticked) const {
-    const HWND list = listView();
-    const RemoteMemory memory(list, sizeof(LVITEMA));
-    LVITEMA item{};
-    item.stateMask = LVIS_STATEIMAGEMASK;
-    item.state = INDEXTOSTATEIMAGEMASK(ticked ? 2 : 1);
-    memory.write(0, &item, sizeof item);
-    ask(list, LVM_SETITEMSTATE, static_cast<WPARAM>(row), reinterpret_cast<LPARAM>(memory.address));
-}
-
-HWND DialogWindow::child(const char* label) const {
+void DialogWindow::click(const std::string& wanted) const {
     for (HWND child : visibleChildren(window)) {
-        if (className(child) == "Button" && withoutAccessKeys(windowText(child)) == label) {
-            return child;
+        if (isOfClass(child, "Button") && label(child) == wanted) {
+            // A push button may show the next dialog; the others are done when they answer.
+            if ((GetWindowLongA(child, GWL_STYLE) & BS_TYPEMASK) <= BS_DEFPUSHBUTTON) {
+                PostMessageA(child, BM_CLICK, 0, 0);
+            } else {
+                ask(child, BM_CLICK);
+            }
+            return;
         }
     }
-    return nullptr;
+    ADD_FAILURE() << "no button \"" << wanted << "\" on " << description();
 }
 
-HWND DialogWindow::listView() const {
-    return FindWindowExA(window, nullptr, WC_LISTVIEWA, nullptr);
+void DialogWindow::act(const std::string& action) const {
+    if (action == "close") {
+        PostMessageA(window, WM_SYSCOMMAND, SC_CLOSE, 0);
+    } else if (action.starts_with("key ")) {
+        const HWND list = FindWindowExA(window, nullptr, WC_LISTVIEWA, nullptr);
+        PostMessageA(list != nullptr ? list : window, WM_KEYDOWN,
+                     static_cast<WPARAM>(std::atoi(action.c_str() + 4)), 0);
+    } else if (action.starts_with("sees ")) {
+        EXPECT_NE(description().find(action.substr(5)), std::string::npos)
+            << action << ", but this is " << description();
+    } else {
+        click(action);
+    }
 }

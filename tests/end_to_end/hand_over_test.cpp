@@ -1,145 +1,143 @@
-#include "tests/end_to_end/hand_over.h"
-
 #include <gtest/gtest.h>
 
-#include <algorithm>
 #include <cstdlib>
+
+#include "catalogue/cipher.h"
+#include "tests/end_to_end/stage.h"
 
 namespace {
 
-constexpr const char* live = "Live Product";
-constexpr const char* viewer = "File Viewer";
-constexpr const char* demonstration = "Demonstration";
-
-/// What tools/check_media says that the product's "Setup.Exe" is handed; empty for nothing.
-std::string foretold(const std::string& code, const std::string& choice) {
-    const std::string report =
-        readFile(std::string(std::getenv("STAMPED_INSTALLERS")) + '/' + code + "/report.json");
-    for (const char* windows : {"any", on64BitWindows() ? "64-bit" : "32-bit"}) {
-        const std::string before = "{\"choice\": \"" + choice + "\", \"windows\": \"" + windows +
-                                   " Windows\", \"parameters\": \"";
-        const size_t found = report.find(before);
-        if (found == std::string::npos) {
-            continue;
-        }
-        const size_t start = found + before.size();
-        std::string text = report.substr(start, report.find('"', start) - start);
-        for (size_t at = 0; (at = text.find("\\\\", at)) != std::string::npos; ++at) {
-            text.erase(at, 1);
-        }
-        return text;
+/// Whether tools/check_media says that "Setup.Exe" is handed this.
+bool isForetold(const std::string& code, const std::string& choice, std::string parameters) {
+    for (size_t at = 0; (at = parameters.find('\\', at)) != std::string::npos; at += 2) {
+        parameters.insert(at, 1, '\\');
     }
-    return {};
+    const std::string folder = std::string(std::getenv("STAMPED_INSTALLERS")) + '/' + code;
+    const std::string report = readFile(folder + "/report.json");
+    const auto says = [&](const std::string& windows) {
+        return report.find("{\"choice\": \"" + choice + "\", \"windows\": \"" + windows +
+                           " Windows\", \"parameters\": \"" + parameters + '"') !=
+               std::string::npos;
+    };
+    return says("any") || says(on64BitWindows() ? "64-bit" : "32-bit");
 }
 
 TEST(HandOver, EveryChoiceReachesTheSetupUtility) {
     const std::string processor = on64BitWindows() ? "x64" : "x86";
+    const std::string liveSuffixed = "LIVE " + processor;
+    constexpr const char *live = "Live Product", *viewer = "File Viewer", *demo = "Demonstration";
     const struct {
-        const char* code;
-        const char* choice;
-        HandOver expected;
-        bool hasDrivers = false;
+        std::string code, choice, pid, folder, type = "LIVE", bitness = "x86";
     } table[] = {
-        {"04", live, {"04", "Halvick Tavlink Classic Analyzer 16.4.10002.0"}},
-        {"04", viewer, {"04", "Halvick Tavlink Classic Analyzer Viewer 16.4.10002.0", "VIEW"}},
-        {"04", demonstration, {"0h", "Halvick Tavlink Classic Demo 16.4.10002.0", "DEMO"}},
-        {"1k", live, {"1k", "Halvick Tavlink Serial Analyzer 16.4.10002.0"}, true},
-        {"1k", viewer, {"1k", "Halvick Tavlink Serial Analyzer Viewer 16.4.10002.0", "VIEW"}, true},
-        {"1k", demonstration, {"0g", "Halvick Tavlink Serial Demo 16.4.10002.0", "DEMO"}, true},
-        {"07", live, {"07", "Halvick EtherTavlink 16.4.10002.0", "LIVE " + processor, processor}},
-        {"07", viewer, {"07", "Halvick EtherTavlink Viewer 16.4.10002.0", "VIEW", processor}},
-        {"07", demonstration, {"0u", "Halvick Tavlink Ethernet Demo 16.4.10002.0", "DEMO"}},
-        {"1m",
-         live,
-         {"1m", "Halvick Tavlink Industrial Analyzer 16.4.10002.0", "LIVE " + processor, processor},
-         true},
-        {"1m",
-         viewer,
-         {"1m", "Halvick Tavlink Industrial Analyzer Viewer 16.4.10002.0", "VIEW", processor},
-         true},
-        {"1m", demonstration, {"1b", "Halvick Tavlink Industrial Demo 16.4.10002.0", "DEMO"}, true},
-        {"17", demonstration, {"1t", "Halvick Tavlink USB Demo 16.4.10002.0", "DEMO"}},
-        {"0q", live, {"0q", "Halvick Tavlink Universal Analyzer"}},
+        {"04", live, "04", "Halvick Tavlink Classic Analyzer"},
+        {"04", viewer, "04", "Halvick Tavlink Classic Analyzer Viewer", "VIEW"},
+        {"04", demo, "0h", "Halvick Tavlink Classic Demo", "DEMO"},
+        {"1k", live, "1k", "Halvick Tavlink Serial Analyzer"},
+        {"1k", viewer, "1k", "Halvick Tavlink Serial Analyzer Viewer", "VIEW"},
+        {"1k", demo, "0g", "Halvick Tavlink Serial Demo", "DEMO"},
+        {"07", live, "07", "Halvick EtherTavlink", liveSuffixed, processor},
+        {"07", viewer, "07", "Halvick EtherTavlink Viewer", "VIEW", processor},
+        {"07", demo, "0u", "Halvick Tavlink Ethernet Demo", "DEMO"},
+        {"1m", live, "1m", "Halvick Tavlink Industrial Analyzer", liveSuffixed, processor},
+        {"1m", viewer, "1m", "Halvick Tavlink Industrial Analyzer Viewer", "VIEW", processor},
+        {"1m", demo, "1b", "Halvick Tavlink Industrial Demo", "DEMO"},
+        {"17", demo, "1t", "Halvick Tavlink USB Demo", "DEMO"},
         // A viewer-only edition and a demonstration edition as products of their own.
-        {"1c", viewer, {"1c", "Halvick Tavlink Industrial Viewer 16.4.10002.0", "VIEW"}},
-        {"0g", live, {"0g", "Halvick Tavlink Serial Demo 16.4.10002.0"}},
+        {"1c", viewer, "1c", "Halvick Tavlink Industrial Viewer", "VIEW"},
+        {"0g", live, "0g", "Halvick Tavlink Serial Demo"},
         // Without the maker's name in front.
-        {"1s", live, {"1s", "Tavlink Near Field Analyzer 16.4.10002.0"}},
+        {"1s", live, "1s", "Tavlink Near Field Analyzer"},
         // The live product without a question; the folder is the bare build.
-        {"1w", nullptr, {"1w", "Halvick 16.4.10002.0", "LIVE x86"}, true},
+        {"1w", "", "1w", "Halvick", "LIVE x86"},
     };
     for (const auto& row : table) {
-        SCOPED_TRACE(std::string(row.code) + ' ' + (row.choice == nullptr ? "-" : row.choice));
-        const Media media;
-        InstallerRun run = start(media, media.installer(row.code));
-        if (row.hasDrivers) {
-            dismissShellMessage(run);  // the media have no extraction tool
+        SCOPED_TRACE(row.code + ' ' + row.choice);
+        const Stage stage(row.code);
+        Steps steps;
+        if (row.code == "1k" || row.code == "1m" || row.code == "1w") {
+            steps.push_back(shellMessage);  // the media have no extraction tool
         }
-        if (row.choice != nullptr) {
-            choose(run, row.choice);
+        if (!row.choice.empty()) {
+            steps.push_back(choose(row.choice));
         }
-        expectStarted(run, media, {setup(media, row.expected)});
-        EXPECT_EQ(media.path("Setup.Exe ") +
-                      foretold(row.code, row.choice == nullptr ? live : row.choice),
-                  setup(media, row.expected));
+        const std::string expected =
+            stage.setup(row.pid, row.folder + ' ' + defaultBuild, row.type, row.bitness);
+        stage.run(steps, expected);
+        const size_t program = stage.path("Setup.Exe").size() + 3;
+        EXPECT_TRUE(isForetold(row.code, row.choice.empty() ? live : row.choice,
+                               expected.substr(program, expected.find('\n') - program)));
     }
 }
 
 TEST(HandOver, TheDialogOffersWhatTheProductHas) {
     const struct {
-        const char* code;
-        const char* name;
-        std::vector<std::string> furtherChoices;
+        const char *code, *name, *choices;
     } table[] = {
-        {"04", "Tavlink Classic Analyzer", {viewer, demonstration}},
-        {"1d", "Tavlink ZigBee Analyzer", {viewer}},
-        {"0q", "Tavlink Universal Analyzer", {}},
+        {"04", "Classic", "Live Product | File Viewer | Demonstration"},
+        {"1d", "ZigBee", "Live Product | File Viewer"},
+        {"0q", "Universal", "Live Product"},
     };
     for (const auto& row : table) {
-        SCOPED_TRACE(row.code);
-        const Media media;
-        InstallerRun run = start(media, media.installer(row.code));
-        const auto dialog = run.nextDialog();
-        ASSERT_TRUE(dialog);
-        EXPECT_EQ(dialog->title(), std::string(row.name) + " 16.4.10002.0 Installation");
-        std::vector<std::string> expected = {
-            "Please select the type of product to install.\n"
-            "Only the live product works with capture hardware.",
-            live, "Install", "Cancel", "Help"};
-        expected.insert(expected.end(), row.furtherChoices.begin(), row.furtherChoices.end());
-        std::sort(expected.begin(), expected.end());
-        std::vector<std::string> shown = dialog->texts();
-        std::sort(shown.begin(), shown.end());
-        EXPECT_EQ(shown, expected);
-        dialog->close();
-        expectStarted(run, media, {});
+        Stage(row.code).run(
+            {{std::string("Tavlink ") + row.name +
+                  " Analyzer 16.4.10002.0 Installation | Please select the type of product to "
+                  "install.\nOnly the live product works with capture hardware. | " +
+                  row.choices + " | Install | Cancel | Help",
+              {"close"}}},
+            "");
     }
 }
 
 TEST(HandOver, ASetupUtilityThatCannotBeStartedIsReported) {
-    const Media media;
-    const std::string setup = media.path("Setup.Exe");
+    const Stage stage("0q");
+    const std::string setup = stage.path("Setup.Exe");
+    writeFile(setup, "a text");
+    stage.run(
+        {chooseLive, shellMessage, {"Error | warning | Unknown ShellExecute error ! | OK", {"OK"}}},
+        "");
+    DeleteFileA(setup.c_str());
+    stage.run({chooseLive,
+               box("Failed to locate program installation utility: \"" + setup + '"', "error")},
+              "");
+}
+
+TEST(HandOver, ProductDataGiveTheBuildOrLeaveTheCompiledInOne) {
+    const std::string good = "[Version Number]\r\nVersion Number=16.4.12000.0\r\n";
+    std::string damaged = encipher(good);
+    damaged[damaged.size() / 2] ^= 1;
+    std::string comments, values = good, garbage;
+    while (comments.size() < 10'000'000) {
+        comments += "; a comment\r\n";
+        values += "a=b\n";
+    }
+    for (unsigned state = 1; garbage.size() < 100'000; state = state * 1664525 + 1013904223) {
+        garbage += static_cast<char>(state >> 24);
+    }
     const struct {
-        const char* what;
-        Box expected;
+        const char *what, *name;
+        std::string content, build;
     } table[] = {
-        {"a text", {"Error", "Unknown ShellExecute error !", warningIcon, "OK"}},
-        {nullptr,
-         {applicationName, "Failed to locate program installation utility: \"" + setup + '"',
-          errorIcon, "OK"}},
+        {"plain", "ProductData.ini", good, "16.4.12000.0"},
+        {"enciphered", "ProductData.inx", encipher(good), "16.4.12000.0"},
+        {"damaged", "ProductData.inx", damaged, defaultBuild},
+        {"bare line feeds", "ProductData.ini", "[Version Number]\nVersion Number=16.4.1\nOther=2",
+         "16.4.1\nOther=2"},
+        {"10 MB of comments", "ProductData.ini", comments + good, "16.4.12000.0"},
+        {"10 MB of values", "ProductData.ini", values, "16.4.12000.0"},
+        {"empty", "ProductData.ini", "", defaultBuild},
+        {"zero bytes", "ProductData.ini", std::string(1000, '\0'), defaultBuild},
+        {"garbage", "ProductData.ini", garbage, defaultBuild},
+        {"garbage", "ProductData.inx", garbage, defaultBuild},
     };
     for (const auto& row : table) {
-        DeleteFileA(setup.c_str());
-        if (row.what != nullptr) {
-            writeFile(setup, row.what);
-        }
-        InstallerRun run = start(media, media.installer("0q"));
-        choose(run, live);
-        if (row.what != nullptr) {
-            dismissShellMessage(run);
-        }
-        answer(run, row.expected, "OK");
-        EXPECT_FALSE(run.nextDialog());
+        SCOPED_TRACE(std::string(row.what) + " in " + row.name);
+        const Stage stage("04");
+        // The enciphered file goes before the plain one, whether it can be read or not.
+        writeFile(stage.scratch + "ProductData.ini",
+                  "[Version Number]\r\nVersion Number=1.2.3.4\r\n");
+        writeFile(stage.scratch + row.name, row.content);
+        stage.run({chooseLive}, stage.setup("04", "Halvick Tavlink Classic Analyzer " + row.build,
+                                            "LIVE", "x86", row.build));
     }
 }
 

@@ -11,7 +11,7 @@
 
 class InstallerRun {
   public:
-    static constexpr DWORD defaultDeadline = 20000;  // milliseconds
+    static constexpr DWORD defaultDeadline = 30000;  // milliseconds
 
     /// Starts `program` with these arguments as they are; its folder is the current one.
     InstallerRun(const std::string& program, const std::string& arguments);
@@ -27,8 +27,9 @@ class InstallerRun {
     /// Waits, with the default deadline, until the installer and all that it started have ended.
     void awaitEnd();
 
+    PROCESS_INFORMATION process{};
+
   private:
     HANDLE job;
-    PROCESS_INFORMATION process{};
     std::vector<HWND> seen;
 };

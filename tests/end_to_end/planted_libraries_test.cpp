@@ -2,8 +2,9 @@
 // has the rights of an administrator.
 #include <gtest/gtest.h>
 
-#include "tests/end_to_end/hand_over.h"
-#include "tests/end_to_end/registry_fixture.h"
+#include <filesystem>
+
+#include "tests/end_to_end/stage.h"
 
 namespace {
 
@@ -22,55 +23,34 @@ const std::string names[] = {
 };
 
 TEST(PlantedLibraries, AreNotLoaded) {
-    const Media media;
-    RegistryFixture registry;
-    const std::string launcher = media.scratch + "launcher\\";
-    const std::string program = launcher + "Install.exe";
-    makeFolder(launcher);
-    MoveFileA(media.installer("04").c_str(), program.c_str());
-    for (const std::string& folder : {launcher, media.folder}) {
-        for (const std::string& name : names) {
+    Stage stage("04");
+    const std::string folders[] = {stage.scratch, stage.folder};
+    for (const std::string& name : names) {
+        for (const std::string& folder : folders) {
             layOutFile("planted_library.dll", folder + name);
         }
-    }
-    // Wine takes its own libraries otherwise, wherever others of their names are found. Three of
-    // them it loads itself: before the program's first instruction, or without regard to the
-    // restriction.
-    for (const std::string& name : names) {
+        // Wine takes its own libraries otherwise, wherever others of their names are found. Three
+        // of them it loads itself: before the program's first instruction, or without regard to
+        // the restriction.
         if (name != "msimg32.dll" && name != "uxtheme.dll" && name != "version.dll") {
-            registry.set(HKEY_CURRENT_USER,
-                         "Software\\Wine\\AppDefaults\\Install.exe\\DllOverrides",
-                         '*' + name.substr(0, name.find(".dll")), "native,builtin");
+            stage.setRegistry(HKEY_CURRENT_USER,
+                              "Software\\Wine\\AppDefaults\\Install.exe\\DllOverrides",
+                              '*' + name.substr(0, name.find(".dll")), "native,builtin");
         }
     }
     // That a load would be noticed.
-    FreeLibrary(LoadLibraryA((launcher + names[0]).c_str()));
-    EXPECT_TRUE(fileExists(launcher + names[0] + ".end_to_end_tests.exe"));
+    FreeLibrary(LoadLibraryA((stage.scratch + names[0]).c_str()));
+    EXPECT_TRUE(std::filesystem::exists(stage.scratch + names[0] + ".end_to_end_tests.exe"));
 
     // The list view, help, the reading of a version, and the shell.
-    registry.addInstalled("a", "Tavlink Classic Analyzer", "12.0.0.0", "x", "x");
-    const char* const recorded = "Software\\Halvick Test Equipment\\Products\\1";
-    for (const char* name : {"Path", "Product Id", "Product Name", "Seinda", "Temp Reference"}) {
-        registry.set(HKEY_LOCAL_MACHINE, recorded, name, "x");
-    }
-    const std::string analyser = media.scratch + "old\\Executables\\Core\\qmx.exe";
-    registry.set(HKEY_LOCAL_MACHINE, recorded, "Installation Path", media.scratch + "old");
-    layOutStandIn(analyser);
-
-    InstallerRun run(program, "-dir \"" + media.folder + "\\\"");
-    const auto prompt = run.nextDialog();
-    ASSERT_TRUE(prompt);
-    prompt->click("No, Skip");
-    const auto dialog = run.nextDialog();
-    ASSERT_TRUE(dialog);
-    dialog->click("Help");
-    dialog->click("Install");
-    expectStarted(run, media,
-                  {setup(media, {"04", "Halvick Tavlink Classic Analyzer 16.4.10002.0"})});
-
-    for (const std::string& folder : {launcher, media.folder}) {
+    stage.addInstalled("a", "Tavlink Classic Analyzer", "12.0.0.0", "x", "x");
+    stage.addToIndex("Software\\Halvick Test Equipment\\Products\\1", "x");
+    stage.layOut(stage.scratch + "indexed\\Executables\\Core\\qmx.exe");
+    stage.run({{"* | No, Skip", {"No, Skip"}}, {"* | Help", {"Help", "Install"}}},
+              stage.setup("04", "Halvick Tavlink Classic Analyzer 16.4.10002.0"));
+    for (const std::string& folder : folders) {
         for (const std::string& name : names) {
-            EXPECT_FALSE(fileExists(folder + name + ".Install.exe")) << folder << name;
+            EXPECT_FALSE(std::filesystem::exists(folder + name + ".Install.exe")) << folder << name;
         }
     }
 }
