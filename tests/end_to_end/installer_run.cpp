@@ -4,34 +4,7 @@
 
 #include <algorithm>
 
-namespace {
-
 constexpr DWORD pollInterval = 10;
-
-struct Search {
-    DWORD processId;
-    const std::vector<HWND>& seen;
-    HWND found;
-};
-
-BOOL CALLBACK examineWindow(HWND window, LPARAM parameter) {
-    auto& search = *reinterpret_cast<Search*>(parameter);
-    DWORD processId = 0;
-    GetWindowThreadProcessId(window, &processId);
-    char className[16] = "";
-    GetClassNameA(window, className, sizeof className);
-    // A dialog that another one covers is disabled.
-    const bool takesInput = IsWindowVisible(window) && IsWindowEnabled(window);
-    const bool isNew =
-        std::find(search.seen.begin(), search.seen.end(), window) == search.seen.end();
-    if (processId == search.processId && takesInput && isNew &&
-        std::string(className) == "#32770") {
-        search.found = window;
-    }
-    return search.found == nullptr;
-}
-
-}  // namespace
 
 InstallerRun::InstallerRun(const std::string& program, const std::string& arguments)
     : job(CreateJobObjectA(nullptr, nullptr)) {
@@ -58,11 +31,17 @@ InstallerRun::~InstallerRun() {
 std::optional<DialogWindow> InstallerRun::nextDialog(DWORD deadline) {
     const DWORD start = GetTickCount();
     do {
-        Search search{process.dwProcessId, seen, nullptr};
-        EnumWindows(examineWindow, reinterpret_cast<LPARAM>(&search));
-        if (search.found != nullptr) {
-            seen.push_back(search.found);
-            return DialogWindow(search.found);
+        HWND window = nullptr;
+        while ((window = FindWindowExA(nullptr, window, "#32770", nullptr)) != nullptr) {
+            DWORD owner = 0;
+            GetWindowThreadProcessId(window, &owner);
+            // A dialog that another one covers is disabled.
+            if (owner == process.dwProcessId && IsWindowVisible(window) &&
+                IsWindowEnabled(window) &&
+                std::find(seen.begin(), seen.end(), window) == seen.end()) {
+                seen.push_back(window);
+                return DialogWindow(window);
+            }
         }
         if (WaitForSingleObject(process.hProcess, pollInterval) != WAIT_TIMEOUT) {
             return std::nullopt;

@@ -1,29 +1,26 @@
 #include <gtest/gtest.h>
 
+#include <cstdlib>
+
 #include "platform/runtime/end_process.h"
 #include "platform/shell_runner.h"
 
 namespace {
 
 TEST(FatalError, EndsTheProcessAtOnceWithItsCause) {
-    struct {
-        const char* way;
-        DWORD exitCode;
-    } const cases[] = {
+    const std::pair<const char*, DWORD> table[] = {
         {"", 0},
         {"overflow", statusStackBufferOverrun},
         {"range", statusAssertionFailure},
         {"length", statusAssertionFailure},
         {"memory", statusNoMemory},
     };
-    char sample[MAX_PATH] = "";
-    GetModuleFileNameA(nullptr, sample, sizeof sample);
-    const std::string folder(sample, std::string(sample).rfind('\\') + 1);
-    const std::string path = folder + "fatal_error_sample.exe";
-    for (const auto& row : cases) {
+    const std::string own = _pgmptr;
+    const std::string sample = own.substr(0, own.rfind('\\')) + "\\fatal_error_sample.exe";
+    for (const auto& [way, exitCode] : table) {
         ShellRunner runner;
-        ASSERT_TRUE(runner.runAndWait(path.c_str(), row.way, "open"));
-        EXPECT_EQ(runner.exitCode, row.exitCode) << row.way;
+        runner.runAndWait(sample.c_str(), way, "open");
+        EXPECT_EQ(runner.exitCode, exitCode) << way;
     }
 }
 

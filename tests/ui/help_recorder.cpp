@@ -1,21 +1,13 @@
-// Stands in for the HTML Help control: ordinal 14 keeps what it was handed.
+// Stands in for the HTML Help control: appends its calls to the environment variable SHOWN_HELP.
 #include <windows.h>
 
-#include <cstring>
+#include <string>
 
-extern "C" {
-HWND lastOwner;
-char lastFile[MAX_PATH];
-UINT lastCommand;
-DWORD_PTR lastData;
-int callCount;
-
-HWND WINAPI recordHelp(HWND owner, const char* file, UINT command, DWORD_PTR data) {
-    lastOwner = owner;
-    std::strncpy(lastFile, file, MAX_PATH - 1);
-    lastCommand = command;
-    lastData = data;
-    ++callCount;
+extern "C" HWND WINAPI recordHelp(HWND owner, const char* file, UINT command, DWORD_PTR data) {
+    char earlier[600] = "";
+    GetEnvironmentVariableA("SHOWN_HELP", earlier, sizeof earlier);
+    const std::string shown = std::string(earlier) + (IsWindow(owner) ? "owned " : "") + file +
+                              ' ' + std::to_string(command) + ' ' + std::to_string(data) + ';';
+    SetEnvironmentVariableA("SHOWN_HELP", shown.c_str());
     return nullptr;
-}
 }
