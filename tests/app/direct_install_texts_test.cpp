@@ -2,28 +2,16 @@
 
 #include <gtest/gtest.h>
 
-namespace {
-
-const InstalledProduct product{"The Viewer", "", "C:\\The Viewer"};
-
-TEST(DirectInstallTexts, Paths) {
+TEST(DirectInstallTexts, NameTheProductAndTheError) {
+    const InstalledProduct product{"The Viewer", "", "C:\\The Viewer"};
     EXPECT_EQ(analyserPath(product), "C:\\The Viewer\\Executables\\Core\\qmx.exe");
     EXPECT_EQ(importMarkerPath(product), "C:\\The Viewer\\liveimport.ini");
-}
-
-TEST(DirectInstallTexts, CouldNotStop) {
-    const Message message = couldNotStopMessage(product, 258);
+    const Message message = couldNotStopMessage(product, 0xFFFFFFFF);
     EXPECT_EQ(message.text,
-              "Could not stop \"C:\\The Viewer\" - 258. Please close all copies of The Viewer and "
+              "Could not stop \"C:\\The Viewer\" - -1. Please close all copies of The Viewer and "
               "restart the installation.");
     EXPECT_EQ(message.icon, MessageIcon::Warning);
     EXPECT_EQ(message.buttons, MessageButtons::Ok);
-    EXPECT_EQ(couldNotStopMessage({"B", "", "A"}, 0xFFFFFFFF).text,
-              "Could not stop \"A\" - -1. Please close all copies of B and restart the "
-              "installation.");
-}
-
-TEST(DirectInstallTexts, LogLine) {
     EXPECT_EQ(copyFailedLogLine({2026, 1, 2, 23, 4, 5}, "D:\\a b", "C:\\c", 5),
               "2026-01-02 23:04:05 Version 16.4.10002.0 CopyFile from \"D:\\a b\" to \"C:\\c\" "
               "failed - 5");
@@ -46,5 +34,3 @@ TEST(Timestamp, BothForms) {
         EXPECT_EQ(text, row.text);
     }
 }
-
-}  // namespace

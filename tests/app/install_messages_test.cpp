@@ -4,8 +4,6 @@
 
 #include "catalogue/contact_text.h"
 
-namespace {
-
 TEST(InstallMessages, Texts) {
     EXPECT_EQ(installTitle("Model X", "1.2.3.4"), "Model X 1.2.3.4 Installation");
     EXPECT_EQ(installTitle(std::string(300, 'x'), "").size(), 260u);
@@ -17,5 +15,3 @@ TEST(InstallMessages, Texts) {
               "This installer is invalid. Please contact Technical Support.\n\n" +
                   contactText("1d", ContactLayout::Lines));
 }
-
-}  // namespace

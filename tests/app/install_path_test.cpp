@@ -2,8 +2,6 @@
 
 #include <gtest/gtest.h>
 
-namespace {
-
 TEST(InstallPath, FollowsTheInstallKind) {
     struct {
         std::uint32_t kind;
@@ -29,5 +27,3 @@ TEST(InstallPath, FollowsTheInstallKind) {
     EXPECT_TRUE(isDirectInstallEdition("1q") && isDirectInstallEdition("1Q"));
     EXPECT_FALSE(isDirectInstallEdition("1r"));
 }
-
-}  // namespace

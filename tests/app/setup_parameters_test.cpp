@@ -2,23 +2,22 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
+
 #include "app/program_folder.h"
 #include "ui/product_type.h"
-
-namespace {
 
 using namespace product_type;
 
 TEST(SetupParameters, ClosesEachFieldAndCutsAt2048) {
     EXPECT_EQ(composeSetupParameters({{"-build", "1.2.3.4"}, {"-pf", "A B"}, {"-tmp", ""}}),
               "/hide_usd -build=1.2.3.4`-pf=A B`-tmp=`");
-    EXPECT_EQ(composeSetupParameters({{"-t", std::string(2034, 'x')}}).back(), '`');
-    const std::string cut = composeSetupParameters({{"-t", std::string(2035, 'x')}});
-    EXPECT_EQ(cut.size(), 2048u);
-    EXPECT_EQ(cut.back(), 'x');
+    const std::string start = "/hide_usd -t=" + std::string(2034, 'x');
+    EXPECT_EQ(composeSetupParameters({{"-t", std::string(2034, 'x')}}), start + '`');
+    EXPECT_EQ(composeSetupParameters({{"-t", std::string(2035, 'x')}}), start + 'x');
 }
 
-TEST(SetupParameters, TypeWord) {
+TEST(SetupParameters, Fields) {
     struct {
         unsigned type;
         int number;
@@ -39,22 +38,16 @@ TEST(SetupParameters, TypeWord) {
     for (const auto& row : cases) {
         EXPECT_EQ(productTypeWord(row.type, row.number, row.suffix, row.bitness), row.word);
     }
-}
-
-TEST(SetupParameters, BitnessNeedsBothTheProductAndTheSystem) {
     EXPECT_EQ(setupBitness(true, true), "x64");
     EXPECT_EQ(setupBitness(true, false), "x86");
     EXPECT_EQ(setupBitness(false, true), "x86");
-}
-
-TEST(SetupParameters, TemporaryFolderEndsInTheLastBackslash) {
     EXPECT_EQ(temporaryFolder("C:\\a b`\\"), "C:\\a b`\\");
     EXPECT_EQ(temporaryFolder("C:\\a\\b"), "C:\\a\\");
     EXPECT_EQ(temporaryFolder("a"), "");
 }
 
 TEST(ProgramFolder, IsNumberedFromTwo) {
-    const std::string longName(300, 'n');
+    const std::string longName(300, 'n'), longFolder = "Halvick " + longName;
     struct {
         int product;
         std::string name;
@@ -62,17 +55,13 @@ TEST(ProgramFolder, IsNumberedFromTwo) {
         std::string folder;
     } const cases[] = {
         {4, "X", {}, "Halvick X"},
-        {4, "X", {"Halvick X"}, "Halvick X 2"},
         {4, "X", {"Halvick X", "Halvick X 2"}, "Halvick X 3"},
         {4, "X", {"Halvick X 2"}, "Halvick X"},
         {55, "X", {"X", "Halvick X"}, "X 2"},
         {56, "X", {}, "X"},
-        {4, longName, {}, "Halvick " + longName},
+        {4, longName, {}, longFolder},
         // The number no longer fits: the search ends all the same.
-        {4,
-         longName,
-         {"Halvick " + longName, "Halvick " + longName.substr(0, 252)},
-         "Halvick " + longName.substr(0, 252)},
+        {4, longName, {longFolder, longFolder.substr(0, 260)}, longFolder.substr(0, 260)},
     };
     for (const auto& row : cases) {
         const auto isTaken = [&row](const std::string& name) {
@@ -81,5 +70,3 @@ TEST(ProgramFolder, IsNumberedFromTwo) {
         EXPECT_EQ(uniqueProgramFolder(row.name, row.product, isTaken), row.folder);
     }
 }
-
-}  // namespace

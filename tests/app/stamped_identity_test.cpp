@@ -2,26 +2,16 @@
 
 #include <gtest/gtest.h>
 
-namespace {
+#include <algorithm>
 
 // The block as the program sees it: before anything was stamped, and stamped to the brim.
 TEST(StampedIdentity, IsReadAsItStands) {
-    ProductIdentity identity = readStampedIdentity();
-    EXPECT_EQ(identity.code + identity.name, "");
-    for (std::size_t index = 0; index < sizeof stampMarker; ++index) {
-        EXPECT_EQ(stampedIdentity.marker[index], stampMarker[index]);
-    }
-    for (volatile char& character : stampedIdentity.productCode) {
-        character = 'c';
-    }
+    EXPECT_EQ(readStampedIdentity().code + readStampedIdentity().name, "");
+    EXPECT_TRUE(std::equal(std::begin(stampMarker), std::end(stampMarker), stampedIdentity.marker));
+    std::fill(std::begin(stampedIdentity.productCode), std::end(stampedIdentity.productCode), 'c');
     stampedIdentity.productName[0] = 'n';
-    identity = readStampedIdentity();
-    EXPECT_EQ(identity.code, "cccccccc");
-    EXPECT_EQ(identity.name, "n");
-    for (volatile char& character : stampedIdentity.productCode) {
-        character = '\0';
-    }
+    EXPECT_EQ(readStampedIdentity().code, "cccccccc");
+    EXPECT_EQ(readStampedIdentity().name, "n");
+    std::fill(std::begin(stampedIdentity.productCode), std::end(stampedIdentity.productCode), '\0');
     stampedIdentity.productName[0] = '\0';
 }
-
-}  // namespace

@@ -2,35 +2,28 @@
 
 #include <gtest/gtest.h>
 
-namespace {
-
 TEST(UninstallCommand, IsCutByPosition) {
     struct {
-        const char *command, *program, *arguments;
-        bool runsSetup;
-        const char* target;
+        const char *command, *program, *arguments, *target;  ///< target null: not setup.exe
     } const rows[] = {
-        {"\"C:\\V 1\\Setup.EXE\" /u /x", "\"C:\\V 1\\Setup.EXE\"", "/u /x", true,
+        {"\"C:\\V 1\\Setup.EXE\" /u /x", "\"C:\\V 1\\Setup.EXE\"", "/u /x",
          "C:\\V 1\\UninstallQmx.exe"},
-        {"\"C:\\V\\setup.exe\"", "\"C:\\V\\setup.exe\"", "", true, "C:\\V\\UninstallQmx.exe"},
-        {"\"C:\\V\\setup.exe\" ", "\"C:\\V\\setup.exe\"", "", true, "C:\\V\\UninstallQmx.exe"},
-        {"C:\\V\\setup.exe /u", "C:\\V\\setup.exe ", "u", true, "C:\\V\\UninstallQmx.exe "},
-        {"setup.exe", "setup.exe", "", true, "UninstallQmx.exe"},
-        {"\"C:\\setup.exe\" \"D:\\setup.exe\"", "\"C:\\setup.exe\"", "\"D:\\setup.exe\"", true,
-         "C:\\UninstallQmx.exe"},
-        {"MsiExec.exe /X{1}", "MsiExec.exe /X{1}", "", false, nullptr},
-        {"", "", "", false, nullptr},
+        {"\"C:\\V\\setup.exe\"", "\"C:\\V\\setup.exe\"", "", "C:\\V\\UninstallQmx.exe"},
+        {"\"C:\\V\\setup.exe\" ", "\"C:\\V\\setup.exe\"", "", "C:\\V\\UninstallQmx.exe"},
+        {"C:\\V\\setup.exe /u", "C:\\V\\setup.exe ", "u", "C:\\V\\UninstallQmx.exe "},
+        {"setup.exe", "setup.exe", "", "UninstallQmx.exe"},
+        {"\"setup.exe\" \"D:\\setup.exe\"", "\"setup.exe\"", "\"D:\\setup.exe\"",
+         "UninstallQmx.exe"},
+        {"MsiExec.exe /X{1}", "MsiExec.exe /X{1}", "", nullptr},
+        {"", "", "", nullptr},
     };
     for (const auto& row : rows) {
-        SCOPED_TRACE(row.command);
         const UninstallCommand command = cutUninstallCommand(row.command);
         EXPECT_EQ(command.program, row.program);
         EXPECT_EQ(command.arguments, row.arguments);
-        EXPECT_EQ(command.runsSetup, row.runsSetup);
-        if (row.target != nullptr) {
+        ASSERT_EQ(command.runsSetup, row.target != nullptr) << row.command;
+        if (command.runsSetup) {
             EXPECT_EQ(uninstallerTarget(command), row.target);
         }
     }
 }
-
-}  // namespace

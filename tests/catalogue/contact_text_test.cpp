@@ -3,35 +3,25 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
-
-namespace {
+#include <sstream>
 
 TEST(ContactText, FollowsTheCode) {
     const std::string lines = contactText("1k", ContactLayout::Lines);
     const std::string columns = contactText("1k", ContactLayout::Columns);
-    EXPECT_TRUE(lines.starts_with("Halvick Test Equipment\n"));
-    EXPECT_TRUE(lines.ends_with("\n"));
+    EXPECT_TRUE(lines.starts_with("Halvick Test Equipment\n") && lines.ends_with("\n"));
     EXPECT_EQ(std::count(columns.begin(), columns.end(), '\t'), 4);
-    // Both layouts give the same particulars.
-    std::string particular;
-    for (const char character : columns) {
-        if (character != '\t' && character != '\n') {
-            particular += character;
-            continue;
-        }
+    std::string asColumns = columns;
+    std::replace(asColumns.begin(), asColumns.end(), '\t', '\n');
+    std::istringstream particulars(asColumns);
+    for (std::string particular; std::getline(particulars, particular);) {
         EXPECT_NE(lines.find(particular + '\n'), std::string::npos) << particular;
-        particular.clear();
     }
-    EXPECT_EQ(contactText("zz", ContactLayout::Lines), lines);
-    EXPECT_EQ(contactText("00", ContactLayout::Lines), lines);
-
     const std::string viewer = contactText("1q", ContactLayout::Lines);
     EXPECT_TRUE(viewer.starts_with("For technical support please go to:\n\nhttp"));
     EXPECT_EQ(contactText("1Q", ContactLayout::Columns), viewer);
-
-    for (const char* const code : {"", "0i", "**"}) {
-        EXPECT_EQ(contactText(code, ContactLayout::Lines), "") << code;
+    for (const auto& [code, text] :
+         {std::pair("zz", lines), std::pair("00", lines), std::pair("", std::string()),
+          std::pair("0i", std::string()), std::pair("**", std::string())}) {
+        EXPECT_EQ(contactText(code, ContactLayout::Lines), text) << code;
     }
 }
-
-}  // namespace

@@ -2,8 +2,6 @@
 
 #include <gtest/gtest.h>
 
-namespace {
-
 TEST(ProductCode, FromNumber) {
     struct {
         int number, width;
@@ -45,5 +43,3 @@ TEST(ProductCode, ToNumber) {
         EXPECT_EQ(numberFromCode(codeFromNumber(number)), number);
     }
 }
-
-}  // namespace

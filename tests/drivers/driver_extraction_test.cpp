@@ -2,8 +2,6 @@
 
 #include <gtest/gtest.h>
 
-namespace {
-
 using namespace std::string_literals;
 
 TEST(DriverExtraction, PackagesForTheSystem) {
@@ -23,7 +21,7 @@ TEST(DriverExtraction, PackagesForTheSystem) {
     }
 }
 
-TEST(DriverExtraction, Folder) {
+TEST(DriverExtraction, FolderAndCommand) {
     struct {
         const char *target, *programFiles, *folder;
     } const rows[] = {
@@ -37,30 +35,24 @@ TEST(DriverExtraction, Folder) {
     for (const auto& row : rows) {
         EXPECT_EQ(extractionFolder(row.target, row.programFiles), row.folder);
     }
-}
-
-TEST(DriverExtraction, Command) {
-    const char key[16] = {'0', '1', '2', '3', '4', '5', '6', '7',
-                          '8', '9', 'A', 'B', 'C', 'D', 'E', 'F'};
-    ExtractionCommand command = extractionCommand("C:\\my media\\", "a.fzx", key, "C:\\P\\D");
+    const std::string key = "0123456789ABCDEFnot the key";
+    ExtractionCommand command = extractionCommand("C:\\my media\\", "a.fzx", key.data(), "C:\\P");
     EXPECT_EQ(command.tool, "C:\\my media\\flatten.exe");
     EXPECT_EQ(command.report, "C:\\my media\\report.txt");
     EXPECT_EQ(command.arguments,
               "-fzx \"C:\\my media\\a.fzx\" -fzxkey 0123456789ABCDEF "
-              "-rep \"C:\\my media\\report.txt\" -exdir \"C:\\P\\D\"");
-
+              "-rep \"C:\\my media\\report.txt\" -exdir \"C:\\P\"");
     const std::string longFolder(5000, 'f');
-    command = extractionCommand(longFolder, "a", key, longFolder);
+    command = extractionCommand(longFolder, "a", key.data(), longFolder);
     EXPECT_EQ(command.tool.size(), 260u);
-    EXPECT_EQ(command.arguments.size(), "-fzx \"a\" -fzxkey  -rep \"\" -exdir \"\""s.size() + 16 +
-                                            2 * longFolder.size() + 260);
+    EXPECT_TRUE(command.arguments.ends_with("\" -exdir \"" + longFolder + '"'));
 }
 
 TEST(DriverExtraction, ReportedInstaller) {
-    EXPECT_STREQ(driverInstallerName(true), "dpinst_64.exe");
+    const std::string name = driverInstallerName(true);
+    EXPECT_EQ(name, "dpinst_64.exe");
     EXPECT_STREQ(driverInstallerName(false), "dpinst_32.exe");
-
-    const std::string name = "dpinst_64.exe";
+    const std::string large(1'000'000, 'd');
     struct {
         std::string report;
         std::optional<std::string> path;
@@ -80,16 +72,10 @@ TEST(DriverExtraction, ReportedInstaller) {
         // Only the first occurrence counts.
         {"dpinst_64.exe \"sub\\dpinst_64.exe\"", std::nullopt},
         {"\"sub\\DPINST_64.EXE\"", std::nullopt},
-        {"\"sub\\dpinst_32.exe\"", std::nullopt},
+        {'"' + large + name, "D\\" + large.substr(0, 258)},
+        {large + "\"x\\" + name, "D\\x\\dpinst_64.exe"},
     };
     for (const auto& row : rows) {
-        EXPECT_EQ(reportedInstaller(row.report, "D", name), row.path) << row.report;
+        EXPECT_EQ(reportedInstaller(row.report, "D", name), row.path) << row.report.substr(0, 50);
     }
-
-    const std::string large(10'000'000, 'd');
-    EXPECT_EQ(reportedInstaller(large + name, "D", name), std::nullopt);
-    EXPECT_EQ(reportedInstaller('"' + large + name, "D", name), "D\\" + large.substr(0, 258));
-    EXPECT_EQ(reportedInstaller(large + "\"x\\" + name, "D", name), "D\\x\\dpinst_64.exe");
 }
-
-}  // namespace

@@ -2,15 +2,10 @@
 
 #include <gtest/gtest.h>
 
-namespace {
-
-TEST(RegistryText, OnlyTheTwoStringTypesAreStrings) {
+TEST(RegistryText, StaysWithinTheData) {
     for (unsigned long type = 0; type < 12; ++type) {
         EXPECT_EQ(isStringType(type), type == 1 || type == 2) << type;
     }
-}
-
-TEST(RegistryText, StaysWithinTheData) {
     EXPECT_TRUE(isTerminated(nullptr, 0));
     EXPECT_TRUE(isTerminated("ab", 3));
     EXPECT_FALSE(isTerminated("ab", 2));
@@ -18,5 +13,3 @@ TEST(RegistryText, StaysWithinTheData) {
     EXPECT_EQ(textOfData("AB\0CD", 5), "AB");
     EXPECT_EQ(textOfData(nullptr, 0), "");
 }
-
-}  // namespace

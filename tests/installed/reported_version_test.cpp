@@ -2,8 +2,6 @@
 
 #include <gtest/gtest.h>
 
-namespace {
-
 TEST(ReportedVersion, NeedsFourFieldsAndMoreThanTen) {
     for (const char* version : {"11.0.0.0", "11.0.0.0.", "16.4.10002.0", "011.1.1.1"}) {
         EXPECT_TRUE(isReportedVersion(version)) << version;
@@ -13,5 +11,3 @@ TEST(ReportedVersion, NeedsFourFieldsAndMoreThanTen) {
         EXPECT_FALSE(isReportedVersion(version)) << version;
     }
 }
-
-}  // namespace

@@ -2,19 +2,15 @@
 
 #include <gtest/gtest.h>
 
-namespace {
-
 TEST(UninstallPrompt, SpeaksOfOneVersionOrOfSeveral) {
-    for (const std::size_t count : {0u, 2u, 3u}) {
-        EXPECT_STREQ(uninstallPromptTexts(count).found,
-                     "We found the following versions of the Tavlink Protocol Analysis System "
-                     "software on your computer:");
-        EXPECT_STREQ(uninstallPromptTexts(count).question, "Would you like to uninstall them?");
+    for (const std::size_t count : {0u, 1u, 2u, 3u}) {
+        const std::string plural = count == 1 ? "" : "s", object = count == 1 ? "it" : "them";
+        EXPECT_EQ(uninstallPromptTexts(count).found,
+                  "We found the following version" + plural +
+                      " of the Tavlink Protocol Analysis System software on your computer:");
+        EXPECT_EQ(uninstallPromptTexts(count).question,
+                  "Would you like to uninstall " + object + "?");
     }
-    EXPECT_STREQ(uninstallPromptTexts(1).found,
-                 "We found the following version of the Tavlink Protocol Analysis System software "
-                 "on your computer:");
-    EXPECT_STREQ(uninstallPromptTexts(1).question, "Would you like to uninstall it?");
 }
 
 TEST(UninstallPrompt, SortsInOneOrderOnly) {
@@ -31,5 +27,3 @@ TEST(UninstallPrompt, RunsEveryProductOfATickedNameForEveryTick) {
     EXPECT_EQ(uninstallCommands({"Alpha", "Beta"}, products), (Commands{"a", "b1", "b2"}));
     EXPECT_EQ(uninstallCommands({"Beta", "Beta"}, products), (Commands{"b1", "b2", "b1", "b2"}));
 }
-
-}  // namespace

@@ -2,8 +2,6 @@
 
 #include <gtest/gtest.h>
 
-namespace {
-
 TEST(ReplaceAll, ReplacesWithoutSearchingWhatItInserted) {
     struct {
         const char *text, *pattern, *replacement;
@@ -23,5 +21,3 @@ TEST(ReplaceAll, ReplacesWithoutSearchingWhatItInserted) {
         EXPECT_EQ(replaceAll(row.text, row.pattern, row.replacement, row.ignoreCase), row.result);
     }
 }
-
-}  // namespace

@@ -2,8 +2,6 @@
 
 #include <gtest/gtest.h>
 
-namespace {
-
 const char pathNotFound[] = "The specified path was not found.";
 const char accessDenied[] = "The operating system denied access to the specified file.";
 const char sharingViolation[] = "A sharing violation occurred.";
@@ -53,5 +51,3 @@ TEST(ShellMessages, InstanceResultComesFirst) {
             << row.instance << ' ' << row.error;
     }
 }
-
-}  // namespace

@@ -4,8 +4,6 @@
 
 #include <vector>
 
-namespace {
-
 TEST(VersionResource, TextStaysInsideTheBlock) {
     const char content[] =
         "12\0"
@@ -35,5 +33,3 @@ TEST(VersionResource, TextStaysInsideTheBlock) {
     EXPECT_EQ(versionResourceText(block, elsewhere, sizeof elsewhere), "");
     EXPECT_EQ(versionResourceText(block, nullptr, 4), "");
 }
-
-}  // namespace

@@ -4,8 +4,6 @@
 
 #include <string>
 
-namespace {
-
 using Lines = std::vector<std::string_view>;
 
 TEST(PromptLayout, SplitsAtBreaks) {
@@ -30,12 +28,10 @@ TEST(PromptLayout, SplitsAtBreaks) {
 }
 
 TEST(PromptLayout, GrowsByTheLinesThatDoNotFit) {
-    struct Case {
+    struct {
         std::vector<TextExtent> lines;
-        int height;
-        int growth;
-    };
-    const Case cases[] = {
+        int height, growth;
+    } const cases[] = {
         {{{100, 13}}, 23, 0},
         {{{100, 13}}, 14, 0},
         {{{100, 13}}, 13, 4},
@@ -48,10 +44,7 @@ TEST(PromptLayout, GrowsByTheLinesThatDoNotFit) {
         {{{600, 13}}, 13, 26 + 4},        // exactly 2 times: 3 lines
         {{{450, 10}, {20, 16}}, 16, 36},  // the last line's height counts for all
     };
-    for (const Case& test : cases) {
-        EXPECT_EQ(promptGrowth(test.lines, 300, test.height), test.growth)
-            << test.lines.size() << " lines, the first " << test.lines[0].width << " wide";
+    for (const auto& test : cases) {
+        EXPECT_EQ(promptGrowth(test.lines, 300, test.height), test.growth) << test.lines[0].width;
     }
 }
-
-}  // namespace
