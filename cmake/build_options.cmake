@@ -45,7 +45,9 @@ endif()
 add_library(product_code_options INTERFACE)
 if(CMAKE_CXX_COMPILER_ID MATCHES "GNU|Clang")
   target_compile_options(product_code_options INTERFACE
-    -fno-exceptions -fno-rtti -fno-threadsafe-statics)
+    -fno-exceptions -fno-rtti -fno-threadsafe-statics
+    # Nothing unwinds; the tables for it would be a seventh of the program.
+    $<$<PLATFORM_ID:Windows>:-fno-asynchronous-unwind-tables>)
 elseif(MSVC)
   target_compile_options(product_code_options INTERFACE /Zc:threadSafeInit-)
 endif()
