@@ -10,6 +10,7 @@ InstallerRun::InstallerRun(const std::string& program, const std::string& argume
     : job(CreateJobObjectA(nullptr, nullptr)) {
     std::string command = '"' + program + "\" " + arguments;
     const std::string folder = program.substr(0, program.rfind('\\') + 1);
+    GetDesktopWindow();  // has Wine start what it needs for windows outside of the job
     STARTUPINFOA startup{};
     startup.cb = sizeof startup;
     if (!CreateProcessA(program.c_str(), command.data(), nullptr, nullptr, FALSE, CREATE_SUSPENDED,

@@ -45,7 +45,9 @@ TEST(PlantedLibraries, AreNotLoaded) {
     // The list view, help, the reading of a version, and the shell.
     stage.addInstalled("a", "Tavlink Classic Analyzer", "12.0.0.0", "x", "x");
     stage.addToIndex("Software\\Halvick Test Equipment\\Products\\1", "x");
-    stage.layOut(stage.scratch + "indexed\\Executables\\Core\\qmx.exe");
+    stage.setRegistry(HKEY_LOCAL_MACHINE, "Software\\Halvick Test Equipment\\Products\\1", "Path",
+                      stage.scratch + "indexed");
+    stage.layOut(stage.scratch + "indexed\\bin\\release\\qmx.exe");
     stage.run({{"* | No, Skip", {"No, Skip"}}, {"* | Help", {"Help", "Install"}}},
               stage.setup("04", "Halvick Tavlink Classic Analyzer 16.4.10002.0"));
     for (const std::string& folder : folders) {

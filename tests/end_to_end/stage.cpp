@@ -85,7 +85,6 @@ void Stage::addToIndex(const std::string& key, const std::string& programFolder)
     for (const char* name : {"Path", "Product Id", "Product Name", "Seinda", "Temp Reference"}) {
         setRegistry(HKEY_LOCAL_MACHINE, key, name, "x");
     }
-    setRegistry(HKEY_LOCAL_MACHINE, key, "Installation Path", scratch + "indexed");
     setRegistry(HKEY_LOCAL_MACHINE, key, "Program Folder", programFolder);
 }
 

@@ -47,7 +47,7 @@ class Stage {
     void addInstalled(const std::string& key, const std::string& name, const std::string& version,
                       const std::string& uninstall, const std::string& location);
 
-    /// An installation with this program folder, as the installation in "indexed" has recorded it.
+    /// An installation in the maker's registry tree.
     void addToIndex(const std::string& key, const std::string& programFolder);
 
     /// The start and the end of a program, as recorded.
