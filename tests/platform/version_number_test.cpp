@@ -4,34 +4,35 @@
 
 #include "platform/field_splitter.h"
 
-using Fields = std::vector<std::string>;
-
 TEST(FieldSplitter, EscapesAndEmptyFields) {
     const std::string longText(2500, 'x');
     struct {
-        std::string text;
-        Fields fields;
-        char delimiter = '.';
+        char delimiter;
+        std::string text, fields;
     } const cases[] = {
-        {"", {}},
-        {".", {""}},
-        {"1.2.3.4.", {"1", "2", "3", "4"}},
-        {"1.2..", {"1", "2", ""}},
-        {".1.2", {"", "1", "2"}},
-        {"1..3", {"1", "", "3"}},
-        {"a`.b.c", {"a.b", "c"}},
-        {"a`bc.d", {"a`bc", "d"}},
-        {"a``.b", {"a``", "b"}},
-        {"a.b`", {"a", "b`"}},
-        {"a``b`c", {"a`b", "c"}, '`'},
-        {"a`b`", {"a", "b"}, '`'},
-        {"```a", {"`", "a"}, '`'},
-        {longText + ".y", {longText, "y"}},
+        {'.', "", ""},
+        {'.', ".", "[]"},
+        {'.', "1.2.3.4.", "[1][2][3][4]"},
+        {'.', "1.2..", "[1][2][]"},
+        {'.', ".1.2", "[][1][2]"},
+        {'.', "1..3", "[1][][3]"},
+        {'.', "a`.b.c", "[a.b][c]"},
+        {'.', "a`bc.d", "[a`bc][d]"},
+        {'.', "a``.b", "[a``][b]"},
+        {'.', "a.b`", "[a][b`]"},
+        {'`', "a``b`c", "[a`b][c]"},
+        {'`', "a`b`", "[a][b]"},
+        {'`', "```a", "[`][a]"},
+        {'.', longText + ".y", '[' + longText + "][y]"},
     };
     for (const auto& row : cases) {
-        Fields fields = {"left over"};
+        std::vector<std::string> fields = {"left over"};
         splitFields(row.text, fields, row.delimiter);
-        EXPECT_EQ(fields, row.fields) << row.text;
+        std::string joined;
+        for (const std::string& field : fields) {
+            joined += '[' + field + ']';
+        }
+        EXPECT_EQ(joined, row.fields) << row.text;
     }
 }
 
