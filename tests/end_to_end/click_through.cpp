@@ -3,10 +3,12 @@
 //   dialog <tab> left <tab> top <tab> width <tab> height <tab> title
 //   text <tab> one visible text, on one line
 //   ?
-// then reads lines, each the label of a button to click, until an empty one or the end of input.
+// then reads lines, each the label of a button to click, or "untick" and a row of the list, counted
+// from 0, until an empty one or the end of input.
 #include <windows.h>
 
 #include <algorithm>
+#include <cstdlib>
 #include <iostream>
 
 #include "tests/end_to_end/installer_run.h"
@@ -18,6 +20,8 @@ int main(int argc, char** argv) {
     }
     InstallerRun run(argv[1], arguments);
     while (const auto dialog = run.nextDialog(INFINITE)) {
+        // Wine leaves the caption of a first dialog that has the input as if it had not.
+        SendMessageA(dialog->window, WM_NCACTIVATE, TRUE, 0);
         RECT place;
         GetWindowRect(dialog->window, &place);
         std::cout << "dialog\t" << place.left << '\t' << place.top << '\t'
@@ -29,7 +33,11 @@ int main(int argc, char** argv) {
         }
         std::cout << '?' << std::endl;
         for (std::string label; std::getline(std::cin, label) && !label.empty();) {
-            dialog->click(label.c_str());
+            if (label.starts_with("untick ")) {
+                dialog->tick(std::atoi(label.c_str() + 7), false);
+            } else {
+                dialog->click(label.c_str());
+            }
         }
     }
     run.awaitEnd();
