@@ -70,7 +70,8 @@ for DPI in 96 120 144; do
     installed 12.10 13.0 14.2
     start_on_media 04 -dir D:
     meet uninstall-prompt
-    click 'untick 1'
+    click 'key 40' # down
+    click 'key 32' # the blank
     take "uninstall-prompt$suffix"
     click 'No, Skip'
     meet choice

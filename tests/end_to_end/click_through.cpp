@@ -3,12 +3,10 @@
 //   dialog <tab> left <tab> top <tab> width <tab> height <tab> title
 //   text <tab> one visible text, on one line
 //   ?
-// then reads lines, each the label of a button to click, or "untick" and a row of the list, counted
-// from 0, until an empty one or the end of input.
+// then reads lines, each what DialogWindow::act takes, until an empty one or the end of input.
 #include <windows.h>
 
 #include <algorithm>
-#include <cstdlib>
 #include <iostream>
 
 #include "tests/end_to_end/installer_run.h"
@@ -32,12 +30,8 @@ int main(int argc, char** argv) {
             std::cout << "text\t" << text << '\n';
         }
         std::cout << '?' << std::endl;
-        for (std::string label; std::getline(std::cin, label) && !label.empty();) {
-            if (label.starts_with("untick ")) {
-                dialog->tick(std::atoi(label.c_str() + 7), false);
-            } else {
-                dialog->click(label.c_str());
-            }
+        for (std::string action; std::getline(std::cin, action) && !action.empty();) {
+            dialog->act(action);
         }
     }
     run.awaitEnd();
