@@ -88,9 +88,14 @@ bool CListCtrl::GetCheck(int item) const {
 }
 
 void CListCtrl::SetCheck(int item, bool check) {
+    SetItemState(item, INDEXTOSTATEIMAGEMASK(check ? checkedImage : uncheckedImage),
+                 LVIS_STATEIMAGEMASK);
+}
+
+void CListCtrl::SetItemState(int item, UINT state, UINT mask) {
     LVITEMA description{};
-    description.stateMask = LVIS_STATEIMAGEMASK;
-    description.state = INDEXTOSTATEIMAGEMASK(check ? checkedImage : uncheckedImage);
+    description.stateMask = mask;
+    description.state = state;
     SendMessageA(m_hWnd, LVM_SETITEMSTATE, static_cast<WPARAM>(item),
                  reinterpret_cast<LPARAM>(&description));
 }

@@ -22,5 +22,7 @@ class CListCtrl : public CWnd {
     void SetItemData(int item, LPARAM data);
     bool GetCheck(int item) const;
     void SetCheck(int item, bool check);
+    /// LVIS_* bits (commctrl.h); those outside `mask` stay.
+    void SetItemState(int item, UINT state, UINT mask);
     void SortItems(PFNLVCOMPARE compare, LPARAM argument);
 };

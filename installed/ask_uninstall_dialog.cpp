@@ -37,6 +37,8 @@ bool CAskUninstallDlg::OnInitDialog() {
     FillList();
     selectAll.SetCheck(BST_CHECKED);
     SortList();
+    // The blank unticks the first row at once, without an arrow key before it.
+    list.SetItemState(0, LVIS_FOCUSED, LVIS_FOCUSED);
     return true;
 }
 

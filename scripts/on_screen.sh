@@ -1,28 +1,32 @@
 # For scripts that show the installer: sourced, with `root` set to the repository's folder.
 #
-#   screen_start NAME     a prefix copy that shows windows; on the display that there is, else (or
-#                         with HIDDEN=1) on a virtual one
+#   screen_start NAME     a prefix copy that shows windows, as large as DPI (default 96) asks for; on
+#                         the display that there is, else (or with HIDDEN=1) on a virtual one
 #   screen_stop
 #   lay_out CODE          fresh media for a product in $media, the installer on it in $installer
 #   run_installer ARG...  starts it; then, on the dialog that is up:
 #   next_dialog           waits for a dialog, sets $dialog_place and $dialog_title, prints its
 #                         texts; false at the end of the program
 #   click LABEL           and
-#   picture FILE
+#   picture FILE          a small PNG
 
 driver=$root/build/checked/tests/end_to_end
 virtual_display=
+# Few colours, and the same bytes every time.
+small_png=(-strip +dither -colors 256 -define 'png:exclude-chunks=date,time')
 
 screen_start() {
     screen_prefix=$1
     "$root/scripts/prefix.sh" start win64 "$screen_prefix" || exit 1
     in_prefix() { "$root/scripts/in_prefix.sh" "$screen_prefix" "$@"; }
     in_prefix reg delete 'HKCU\Software\Wine\Drivers' /v Graphics /f >/dev/null
+    in_prefix reg add 'HKCU\Control Panel\Desktop' /v LogPixels /t REG_DWORD /d "${DPI-96}" /f \
+        >/dev/null
     # A server that has run without windows goes on without them.
     in_prefix wineboot -e -f
     WINEPREFIX=$root/build/prefixes/running/$screen_prefix wineserver -k -w
     if [ -n "${HIDDEN-}" ] || ! xdpyinfo >/dev/null 2>&1; then
-        exec {number}< <(exec Xvfb -displayfd 1 -screen 0 1024x768x24 -dpi "${DPI-96}" 2>/dev/null)
+        exec {number}< <(exec Xvfb -displayfd 1 -screen 0 1024x768x24 2>/dev/null)
         virtual_display=$!
         read -r DISPLAY <&"$number"
         export DISPLAY=:$DISPLAY
@@ -88,7 +92,13 @@ click() {
 }
 
 picture() {
-    sleep 1 # until it is drawn
+    local shown=none before=
     mkdir -p "$(dirname "$1")"
-    import -window root -crop "$dialog_place" +repage "$1"
+    # Until it is drawn and stays so.
+    while [ "$shown" != "$before" ]; do
+        sleep 1
+        before=$shown
+        import -window root -crop "$dialog_place" +repage "${small_png[@]}" "PNG8:$1" || return 1
+        shown=$(sha256sum "$1")
+    done
 }

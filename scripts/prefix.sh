@@ -25,6 +25,9 @@ make_template() {
         echo "prefix: FAILED to make $name" >&2
         return 1
     fi
+    # Debian's Wine does not look for its own fonts where Debian has them; without them the dialogs
+    # have other sizes than on Windows, and the close box an "r".
+    cp -s /usr/share/wine/fonts/*.ttf "$new/drive_c/windows/Fonts/" || return 1
     rm -f "$new.log"
     mv "$new" "$templates/$name"
 }

@@ -3,7 +3,7 @@
 //   dialog <tab> left <tab> top <tab> width <tab> height <tab> title
 //   text <tab> one visible text, on one line
 //   ?
-// then reads lines, each the label of a button to click, until an empty one or the end of input.
+// then reads lines, each what DialogWindow::act takes, until an empty one or the end of input.
 #include <windows.h>
 
 #include <algorithm>
@@ -18,6 +18,8 @@ int main(int argc, char** argv) {
     }
     InstallerRun run(argv[1], arguments);
     while (const auto dialog = run.nextDialog(INFINITE)) {
+        // Wine leaves the caption of a first dialog that has the input as if it had not.
+        SendMessageA(dialog->window, WM_NCACTIVATE, TRUE, 0);
         RECT place;
         GetWindowRect(dialog->window, &place);
         std::cout << "dialog\t" << place.left << '\t' << place.top << '\t'
@@ -28,8 +30,8 @@ int main(int argc, char** argv) {
             std::cout << "text\t" << text << '\n';
         }
         std::cout << '?' << std::endl;
-        for (std::string label; std::getline(std::cin, label) && !label.empty();) {
-            dialog->click(label.c_str());
+        for (std::string action; std::getline(std::cin, action) && !action.empty();) {
+            dialog->act(action);
         }
     }
     run.awaitEnd();

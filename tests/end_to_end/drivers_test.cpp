@@ -1,31 +1,8 @@
 #include <gtest/gtest.h>
 
-#include "tests/end_to_end/stage.h"
+#include "tests/end_to_end/extraction.h"
 
 namespace {
-
-const std::string bits = on64BitWindows() ? "64" : "32", otherBits = on64BitWindows() ? "32" : "64";
-const std::string driverInstaller = "dpinst_" + bits + ".exe";
-const std::string testSystemFolder = std::string("C:\\Program Files") +
-                                     (on64BitWindows() ? " (x86)" : "") +
-                                     "\\Halvick Test System II";
-const std::string unpacked = testSystemFolder + "\\Drivers\\sub folder\\" + driverInstaller;
-
-/// An extraction tool that reports this and unpacks a driver installer into a subfolder.
-void layOutExtraction(const Stage& stage, const std::string& report) {
-    const std::string source = stage.scratch + "report";
-    writeFile(source, report);
-    stage.layOut(stage.path("flatten.exe"), source + '\t' + stage.path("report.txt") + '\n' +
-                                                stage.path("Setup.Exe") + '\t' + unpacked +
-                                                "\n100");
-}
-
-std::string extraction(const Stage& stage, const std::string& archive) {
-    return Stage::ran(stage.path("flatten.exe"), "-fzx \"" + stage.path(archive) +
-                                                     "\" -fzxkey Kq7vR2mXp9Lz4Wc1 -rep \"" +
-                                                     stage.path("report.txt") + "\" -exdir \"" +
-                                                     testSystemFolder + "\\Drivers\"");
-}
 
 class Drivers : public testing::Test {
   protected:
@@ -67,9 +44,7 @@ TEST_F(Drivers, AreInstalledBeforeTheHandOver) {
             stage.setRegistry(HKEY_CURRENT_USER, "Software\\Wine\\AppDefaults\\Install.exe",
                               "Version", row.release);
         }
-        layOutExtraction(stage,
-                         "unpacked \"sub folder\\dpinst_32.exe\" and "
-                         "\"sub folder\\dpinst_64.exe\"\r\n");
+        layOutExtraction(stage);
         stage.run(
             row.steps,
             (row.archive.empty() ? "" : extraction(stage, row.archive) + Stage::ran(unpacked)) +
