@@ -1,6 +1,8 @@
 #include "platform/shell_runner.h"
 
+#include "platform/procedure_address.h"
 #include "platform/shell_messages.h"
+#include "platform/system_library.h"
 
 namespace {
 
@@ -29,7 +31,9 @@ HANDLE ShellRunner::start(const char* file, const char* parameters, const char* 
     execution.lpVerb = verb;
     execution.lpFile = file;
     execution.lpParameters = parameters != nullptr && *parameters != '\0' ? parameters : nullptr;
-    if (ShellExecuteExA(&execution)) {
+    const auto execute = procedureAddress<decltype(&ShellExecuteExA)>(
+        loadSystemLibrary("shell32.dll"), "ShellExecuteExA");
+    if (execute != nullptr && execute(&execution)) {
         return execution.hProcess;
     }
     const DWORD error = GetLastError();

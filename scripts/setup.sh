@@ -1,6 +1,8 @@
 #!/bin/bash
 # Installs what building, testing and demonstrating need on a Debian machine. Quick and quiet when
-# nothing is missing; safe to run again at once, as root or with sudo. Arguments are further packages.
+# nothing is missing; safe to run again at once, as root or with sudo.
+#
+#   setup.sh [PACKAGE...]    further packages, for scripts that need more
 set -u
 
 packages=(

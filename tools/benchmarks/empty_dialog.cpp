@@ -1,4 +1,4 @@
-// The baseline for the time to the first dialog: a program of the installer's framework, options
+// The floor for the time to the first dialog: a program of the installer's framework, options
 // and manifest that shows a dialog and nothing else.
 #include "framework/dialog.h"
 #include "framework/win_app.h"

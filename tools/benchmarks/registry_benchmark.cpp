@@ -1,18 +1,54 @@
 // Times the discovery and the index against bare loops of the same reads, on a scratch registry.
-// Prints the medians of both and their ratio.
+// Prints a line for each: the medians of ours, of the bare loop, in milliseconds, and of the
+// ratios. Then the most memory that the discovery held at a time, in bytes: with a tenth of the
+// entries and the same number of products to report, with all entries, and with ten times as many
+// to report.
 #include <windows.h>
 
 #include <shlwapi.h>
 
 #include <algorithm>
 #include <cstdio>
+#include <cstdlib>
+#include <new>
 #include <string>
 #include <utility>
 #include <vector>
 
 #include "installed/installation_index.h"
 #include "installed/installed_product_discovery.h"
-#include "platform/file_version.h"
+#include "platform/procedure_address.h"
+#include "tools/benchmarks/stopwatch.h"
+
+namespace {
+
+std::size_t heldMemory = 0;
+std::size_t mostHeldMemory = 0;
+
+// A block's size stands in front of it.
+constexpr std::size_t headerSize = 2 * sizeof(std::size_t);
+
+}  // namespace
+
+void* operator new(std::size_t size) {
+    auto* const block = static_cast<std::size_t*>(std::malloc(headerSize + size));
+    *block = size;
+    heldMemory += size;
+    mostHeldMemory = std::max(mostHeldMemory, heldMemory);
+    return reinterpret_cast<char*>(block) + headerSize;
+}
+
+void operator delete(void* memory) noexcept {
+    if (memory != nullptr) {
+        auto* const block = reinterpret_cast<std::size_t*>(static_cast<char*>(memory) - headerSize);
+        heldMemory -= *block;
+        std::free(block);
+    }
+}
+
+void operator delete(void* memory, std::size_t) noexcept {
+    operator delete(memory);
+}
 
 namespace {
 
@@ -23,6 +59,14 @@ constexpr int entryCount = 10000;
 constexpr int ownEntryCount = 100;
 constexpr int recordCount = 5000;
 constexpr int runCount = 5;
+
+constexpr const char* ownName = "Halvick Viewer";
+constexpr const char* otherName = "Another Program";
+
+[[noreturn]] void fail(const char* what) {
+    std::fprintf(stderr, "registry_benchmark: not everything was found: %s\n", what);
+    std::exit(1);
+}
 
 using Values = std::vector<std::pair<const char*, std::string>>;
 
@@ -36,15 +80,18 @@ void writeValues(const std::string& key, const Values& values) {
     RegCloseKey(created);
 }
 
-void fillRegistry() {
-    for (int entry = 0; entry < entryCount; ++entry) {
-        const bool own = entry % (entryCount / ownEntryCount) == 0;
+/// Entries of the uninstall list from `first` to before `end`.
+void fillUninstallList(int first, int end, const char* displayName) {
+    for (int entry = first; entry < end; ++entry) {
         writeValues(uninstallList + ("\\Entry " + std::to_string(entry)),
-                    {{"DisplayName", own ? "Halvick Viewer" : "Another Program"},
+                    {{"DisplayName", displayName},
                      {"DisplayVersion", "12.0.0.0"},
                      {"UninstallString", "C:\\Program Files\\Program\\uninstall.exe"},
                      {"InstallLocation", "C:\\Program Files\\Program"}});
     }
+}
+
+void fillMakerTree() {
     for (int record = 0; record < recordCount; ++record) {
         writeValues(makerTree + ("\\Installation " + std::to_string(record)),
                     {{"Product Id", "0b"},
@@ -90,8 +137,11 @@ void readEntriesBarely() {
     });
 }
 
-void readRecordsBarely(bool withFiles) {
-    forEachSubkey(makerTree, 1024, [withFiles](HKEY key) {
+void readRecordsBarely() {
+    using GetInfoSize = DWORD(WINAPI*)(const char*, DWORD*);
+    static const auto getInfoSize =
+        procedureAddress<GetInfoSize>(LoadLibraryA("version.dll"), "GetFileVersionInfoSizeA");
+    forEachSubkey(makerTree, 1024, [](HKEY key) {
         DWORD subkeyCount = 0;
         DWORD valueCount = 0;
         RegQueryInfoKeyA(key, nullptr, nullptr, nullptr, &subkeyCount, nullptr, nullptr,
@@ -105,72 +155,79 @@ void readRecordsBarely(bool withFiles) {
             result = RegEnumValueA(key, index, name, &length, nullptr, nullptr,
                                    reinterpret_cast<BYTE*>(data), &size);
         }
-        if (withFiles) {
-            std::string version;
-            fileVersionText("C:\\Analyzer\\Executables\\Core\\qmx.exe", version);
-            fileVersionText("\\bin\\release\\qmx.exe", version);
-        }
+        DWORD ignored = 0;
+        getInfoSize("C:\\Analyzer\\Executables\\Core\\qmx.exe", &ignored);
+        getInfoSize("\\bin\\release\\qmx.exe", &ignored);
     });
-}
-
-template <class Work>
-double milliseconds(Work work) {
-    LARGE_INTEGER frequency, start, end;
-    QueryPerformanceFrequency(&frequency);
-    QueryPerformanceCounter(&start);
-    work();
-    QueryPerformanceCounter(&end);
-    return 1000.0 * static_cast<double>(end.QuadPart - start.QuadPart) /
-           static_cast<double>(frequency.QuadPart);
-}
-
-double median(std::vector<double> times) {
-    std::sort(times.begin(), times.end());
-    return times[times.size() / 2];
 }
 
 /// Alternates the two, so that what else the machine does falls on both.
 template <class Measured, class Bare>
-void compare(const char* name, Measured measured, Bare bare) {
+void compare(Measured measured, Bare bare) {
     std::vector<double> measuredTimes;
     std::vector<double> bareTimes;
+    std::vector<double> ratios;
     for (int run = 0; run < runCount; ++run) {
-        bareTimes.push_back(milliseconds(bare));
-        measuredTimes.push_back(milliseconds(measured));
+        const Stopwatch bareTime;
+        bare();
+        bareTimes.push_back(bareTime.milliseconds());
+        const Stopwatch measuredTime;
+        measured();
+        measuredTimes.push_back(measuredTime.milliseconds());
+        ratios.push_back(measuredTimes.back() / bareTimes.back());
     }
-    std::printf("%s: %.1f ms, bare loop %.1f ms, ratio %.2f\n", name, median(measuredTimes),
-                median(bareTimes), median(measuredTimes) / median(bareTimes));
+    std::printf("%.2f %.2f %.3f\n", median(measuredTimes), median(bareTimes), median(ratios));
+}
+
+/// The most memory that the discovery of so many products held at a time.
+std::size_t discoveryMemory(std::size_t expectedCount) {
+    const std::size_t heldBefore = heldMemory;
+    mostHeldMemory = heldMemory;
+    std::vector<InstalledProduct> products;
+    findInstalledMakerProducts(products);
+    if (products.size() != expectedCount) {
+        fail("discovery");
+    }
+    return mostHeldMemory - heldBefore;
+}
+
+void run() {
+    fillUninstallList(0, ownEntryCount, ownName);
+    fillUninstallList(ownEntryCount, entryCount / 10, otherName);
+    const std::size_t memoryOfFew = discoveryMemory(ownEntryCount);
+    fillUninstallList(entryCount / 10, entryCount, otherName);
+    compare(
+        [] {
+            std::vector<InstalledProduct> products;
+            findInstalledMakerProducts(products);
+        },
+        readEntriesBarely);
+    fillMakerTree();
+    compare(
+        [] {
+            InstallationIndex index;
+            index.load(false);
+            if (index.records.size() != recordCount) {
+                fail("index");
+            }
+        },
+        readRecordsBarely);
+    const std::size_t memoryOfAll = discoveryMemory(ownEntryCount);
+    fillUninstallList(ownEntryCount, 10 * ownEntryCount, ownName);
+    std::printf("%u %u %u\n", memoryOfFew, memoryOfAll, discoveryMemory(10 * ownEntryCount));
 }
 
 }  // namespace
 
-/// Exit code 0 when everything that was written was found.
 int main() {
+    // A path without a drive, as records have it, is looked for on the drive of the current folder.
+    SetCurrentDirectoryA("C:\\");
     HKEY scratch = nullptr;
     RegCreateKeyA(HKEY_CURRENT_USER, scratchKey, &scratch);
     RegOverridePredefKey(HKEY_LOCAL_MACHINE, scratch);
-    fillRegistry();
-    std::size_t found = 0;
-    std::size_t loaded = 0;
-    const auto loadIndex = [&loaded] {
-        InstallationIndex index;
-        index.load(false);
-        loaded = index.records.size();
-    };
-    compare(
-        "discovery over 10000 entries",
-        [&found] {
-            std::vector<InstalledProduct> products;
-            findInstalledMakerProducts(products);
-            found = products.size();
-        },
-        readEntriesBarely);
-    compare("index over 5000 records, against registry reads", loadIndex,
-            [] { readRecordsBarely(false); });
-    compare("index over 5000 records, against registry and file reads", loadIndex,
-            [] { readRecordsBarely(true); });
+    run();
     RegOverridePredefKey(HKEY_LOCAL_MACHINE, nullptr);
     RegCloseKey(scratch);
     SHDeleteKeyA(HKEY_CURRENT_USER, scratchKey);
-    return found == ownEntryCount && loaded == recordCount ? 0 : 1;
+    return 0;
 }

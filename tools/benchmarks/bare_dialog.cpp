@@ -1,0 +1,30 @@
+// The baseline for the time to the first dialog: the installer's own dialog, without the installer.
+#include <windows.h>
+
+#include <commctrl.h>
+
+#include "framework/dialog.h"
+#include "framework/win_app.h"
+#include "ui/resource.h"
+
+namespace {
+
+class BareDialog : public CDialog {
+  public:
+    BareDialog() : CDialog(IDD_INSTALL_PRODUCT) {}
+
+  private:
+    bool OnInitDialog() override { return false; }
+};
+
+class BareDialogApp : public CWinApp {
+  public:
+    BareDialogApp() : CWinApp("Bare dialog") {}
+    bool InitInstance() override {
+        InitCommonControls();
+        BareDialog().DoModal();
+        return false;
+    }
+} theApp;
+
+}  // namespace

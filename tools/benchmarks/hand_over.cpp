@@ -1,0 +1,11 @@
+// A stand-in for the setup utility: tells that it was started, and ends.
+#include <windows.h>
+
+#include "tools/benchmarks/hand_over_event.h"
+
+int WINAPI WinMain(HINSTANCE, HINSTANCE, LPSTR, int) {
+    const HANDLE event = OpenEventA(EVENT_MODIFY_STATE, FALSE, handOverEvent);
+    SetEvent(event);
+    CloseHandle(event);
+    return 0;
+}

@@ -1,0 +1,138 @@
+// Times programs from their start to their first dialog, or to their hand-over to another program.
+//
+//   start_benchmark dialog|hand-over ROUNDS COMMAND...
+//
+// Every round runs each command once, so that what else the machine does falls on all of them.
+// Prints a line for each command: the median in milliseconds, and the median of the ratios, round
+// by round, of the first command's time to this one's.
+#include <windows.h>
+
+#include <cstdio>
+#include <cstdlib>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "tools/benchmarks/hand_over_event.h"
+#include "tools/benchmarks/stopwatch.h"
+
+namespace {
+
+constexpr DWORD deadline = 20000;  // milliseconds
+
+[[noreturn]] void fail(const std::string& reason) {
+    std::fprintf(stderr, "start_benchmark: %s\n", reason.c_str());
+    std::exit(1);
+}
+
+class Process {
+  public:
+    explicit Process(std::string command) {
+        STARTUPINFOA startup{};
+        startup.cb = sizeof startup;
+        if (!CreateProcessA(nullptr, command.data(), nullptr, nullptr, FALSE, 0, nullptr, nullptr,
+                            &startup, &process)) {
+            fail("cannot start " + command);
+        }
+    }
+    ~Process() {
+        CloseHandle(process.hThread);
+        CloseHandle(process.hProcess);
+    }
+    Process(const Process&) = delete;
+    Process& operator=(const Process&) = delete;
+
+    HWND awaitDialog() const {
+        const DWORD start = GetTickCount();
+        // Idle for the first time: the dialog is up and has nothing left to do.
+        WaitForInputIdle(process.hProcess, deadline);
+        do {
+            Search search{process.dwProcessId, nullptr};
+            EnumWindows(examineWindow, reinterpret_cast<LPARAM>(&search));
+            if (search.found != nullptr) {
+                return search.found;
+            }
+        } while (WaitForSingleObject(process.hProcess, 1) == WAIT_TIMEOUT &&
+                 GetTickCount() - start < deadline);
+        fail("no dialog");
+    }
+    void awaitEnd() const {
+        if (WaitForSingleObject(process.hProcess, deadline) != WAIT_OBJECT_0) {
+            fail("no end");
+        }
+    }
+
+  private:
+    struct Search {
+        DWORD processId;
+        HWND found;
+    };
+
+    static BOOL CALLBACK examineWindow(HWND window, LPARAM parameter) {
+        auto& search = *reinterpret_cast<Search*>(parameter);
+        DWORD processId = 0;
+        GetWindowThreadProcessId(window, &processId);
+        char className[8] = "";
+        GetClassNameA(window, className, sizeof className);
+        if (processId == search.processId && IsWindowVisible(window) &&
+            std::string_view(className) == "#32770") {
+            search.found = window;
+        }
+        return search.found == nullptr;
+    }
+
+    PROCESS_INFORMATION process{};
+};
+
+double timeToDialog(const std::string& command) {
+    const Stopwatch stopwatch;
+    const Process process(command);
+    const HWND dialog = process.awaitDialog();
+    const double time = stopwatch.milliseconds();
+    PostMessageA(dialog, WM_COMMAND, IDCANCEL, 0);
+    process.awaitEnd();
+    return time;
+}
+
+double timeToHandOver(const std::string& command) {
+    static const HANDLE handedOver = CreateEventA(nullptr, FALSE, FALSE, handOverEvent);
+    const Stopwatch stopwatch;
+    const Process process(command);
+    if (WaitForSingleObject(handedOver, deadline) != WAIT_OBJECT_0) {
+        fail("no hand-over");
+    }
+    const double time = stopwatch.milliseconds();
+    process.awaitEnd();
+    return time;
+}
+
+}  // namespace
+
+int main(int count, char** arguments) {
+    if (count < 4) {
+        fail("too few arguments");
+    }
+    const auto measure = std::string_view(arguments[1]) == "dialog" ? timeToDialog : timeToHandOver;
+    const int rounds = std::atoi(arguments[2]);
+    const std::vector<std::string> commands(arguments + 3, arguments + count);
+    std::vector<std::vector<double>> times(commands.size());
+    // The first round fills the caches of the file system.
+    for (int round = 0; round <= rounds; ++round) {
+        for (std::size_t turn = 0; turn < commands.size(); ++turn) {
+            // Each follows each: the end of the one before reaches into the next.
+            const std::size_t command = (static_cast<std::size_t>(round) + turn) % commands.size();
+            const double time = measure(commands[command]);
+            if (round > 0) {
+                times[command].push_back(time);
+            }
+        }
+    }
+    for (const std::vector<double>& own : times) {
+        std::vector<double> ratios;
+        for (std::size_t round = 0; round < own.size(); ++round) {
+            ratios.push_back(times.front()[round] / own[round]);
+        }
+        std::printf("%.2f %.3f\n", median(own), median(ratios));
+    }
+    return 0;
+}
