@@ -58,6 +58,7 @@ TEST(ProductData, HoldsTheProductLinesRows) {
         EXPECT_EQ(data.ProductNames.at(code), product);
     }
     EXPECT_TRUE(data.ProductDataValues.empty());
+    EXPECT_EQ(data.DecoderDescriptions.at("**"), "No Restriction");
     for (const auto& [code, description] : data.DecoderDescriptions) {
         EXPECT_EQ(description.find("-" + code + " (") != std::string::npos ||
                       description.ends_with(" - " + code),
