@@ -151,6 +151,7 @@ def main():
     parser.add_argument("files", nargs="*")
     options = parser.parse_args()
 
+    subprocess.run([os.path.join(ROOT, "scripts", "setup.sh"), "lld"], check=True)
     print("building the native tests...", flush=True)
     decisions, test_objects, libraries = prepare()
     jobs = []

@@ -5,6 +5,7 @@
 #include <algorithm>
 
 #include "app/program_folder.h"
+#include "app/setup_request.h"
 #include "ui/product_type.h"
 
 using namespace product_type;
@@ -44,6 +45,23 @@ TEST(SetupParameters, Fields) {
     EXPECT_EQ(temporaryFolder("C:\\a b`\\"), "C:\\a b`\\");
     EXPECT_EQ(temporaryFolder("C:\\a\\b"), "C:\\a\\");
     EXPECT_EQ(temporaryFolder("a"), "");
+}
+
+TEST(SetupRequest, BecomesTheWholeString) {
+    CProductData catalogue;
+    std::string code = "07", name;
+    int number = 7;
+    EXPECT_EQ(setupParameters(catalogue, {code, number, live, "", "D:\\M\\", true}, "Folder"),
+              "/hide_usd -build=16.4.10002.0`-pid=07`-pf=Folder`-type=LIVE x64`-bitness=x64`"
+              "-tmp=D:\\M\\`");
+    EXPECT_EQ(directSetupParameters(catalogue, "1Q", "D:\\M\\"),
+              "/hide_usd -build=16.4.10002.0`-pid=1Q`-pf=Bluetooth SIG`-type=LIVE`-tmp=D:\\M\\`");
+    EXPECT_TRUE(switchToDemonstration(catalogue, code, name, number));
+    EXPECT_EQ(code + ' ' + name, "0u " + catalogue.ProductNames.at("0u"));
+    EXPECT_EQ(number, 26);
+    EXPECT_FALSE(switchToDemonstration(catalogue, code, name, number));
+    EXPECT_EQ(programFolderName(catalogue, {code, number, demonstration, "", "", false}),
+              name + " 16.4.10002.0");
 }
 
 TEST(ProgramFolder, IsNumberedFromTwo) {
