@@ -6,17 +6,13 @@
 
 #include "platform/format_text.h"
 #include "platform/kernel_handle.h"
-#include "platform/procedure_address.h"
-#include "platform/system_library.h"
 
 namespace {
 
 std::string installLogPath() {
     char documents[MAX_PATH] = "";
-    const auto getFolder = procedureAddress<decltype(&SHGetFolderPathA)>(
-        loadSystemLibrary("shell32.dll"), "SHGetFolderPathA");
-    return getFolder != nullptr && getFolder(nullptr, CSIDL_COMMON_DOCUMENTS, nullptr,
-                                             SHGFP_TYPE_CURRENT, documents) == S_OK
+    return SHGetFolderPathA(nullptr, CSIDL_COMMON_DOCUMENTS, nullptr, SHGFP_TYPE_CURRENT,
+                            documents) == S_OK
                ? formatPath("%s\\Halvick Test Equipment\\InstallLog.txt", documents)
                : "InstallLog.txt";
 }

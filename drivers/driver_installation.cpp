@@ -7,9 +7,7 @@
 #include "drivers/driver_extraction.h"
 #include "platform/file_content.h"
 #include "platform/operating_system_query.h"
-#include "platform/procedure_address.h"
 #include "platform/shell_runner.h"
-#include "platform/system_library.h"
 
 namespace {
 
@@ -17,10 +15,7 @@ namespace {
 std::string programFilesFolder() {
     char folder[MAX_PATH] = "";
     // On 64-bit Windows this is the 32-bit folder: kept, the products look for their drivers there.
-    const auto getFolder = procedureAddress<decltype(&SHGetSpecialFolderPathA)>(
-        loadSystemLibrary("shell32.dll"), "SHGetSpecialFolderPathA");
-    return getFolder != nullptr && getFolder(nullptr, folder, CSIDL_PROGRAM_FILES, FALSE) ? folder
-                                                                                          : "";
+    return SHGetSpecialFolderPathA(nullptr, folder, CSIDL_PROGRAM_FILES, FALSE) ? folder : "";
 }
 
 void runReportedInstaller(ShellRunner& runner, const std::string& reportPath,

@@ -1,8 +1,6 @@
 #include "platform/shell_runner.h"
 
-#include "platform/procedure_address.h"
 #include "platform/shell_messages.h"
-#include "platform/system_library.h"
 
 namespace {
 
@@ -31,9 +29,7 @@ HANDLE ShellRunner::start(const char* file, const char* parameters, const char* 
     execution.lpVerb = verb;
     execution.lpFile = file;
     execution.lpParameters = parameters != nullptr && *parameters != '\0' ? parameters : nullptr;
-    const auto execute = procedureAddress<decltype(&ShellExecuteExA)>(
-        loadSystemLibrary("shell32.dll"), "ShellExecuteExA");
-    if (execute != nullptr && execute(&execution)) {
+    if (ShellExecuteExA(&execution)) {
         return execution.hProcess;
     }
     const DWORD error = GetLastError();
