@@ -125,7 +125,7 @@ def seen_by_tests(job):
                        check=True, capture_output=True)
         try:
             run = subprocess.run([program, "--gtest_fail_fast", "--gtest_brief=1"], cwd=folder,
-                                 capture_output=True, timeout=20)
+                                 capture_output=True, timeout=5)
         except subprocess.TimeoutExpired:
             return True
         return run.returncode != 0
