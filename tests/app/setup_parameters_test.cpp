@@ -39,6 +39,9 @@ TEST(SetupParameters, Fields) {
         EXPECT_EQ(productTypeWord(row.type, row.number, row.suffix, row.bitness), row.word);
     }
     EXPECT_EQ(productTypeWord(demonstration | viewer, 4, "", ""), "DEMO");
+    EXPECT_STREQ(programFolderEdition(demonstration), "Demo");
+    EXPECT_STREQ(programFolderEdition(viewer), "Viewer");
+    EXPECT_STREQ(programFolderEdition(live), "");
     EXPECT_EQ(setupBitness(true, true), "x64");
     EXPECT_EQ(setupBitness(true, false), "x86");
     EXPECT_EQ(setupBitness(false, true), "x86");
