@@ -29,8 +29,7 @@ bool equalIgnoringCase(std::string_view left, std::string_view right);
 
 /// Offset of the first occurrence at or behind `from`, never inside a two-byte character;
 /// npos when there is none. `from` must be a character boundary.
-std::size_t findIgnoringCase(std::string_view text, std::string_view pattern,
-                             std::size_t from = 0);
+std::size_t findIgnoringCase(std::string_view text, std::string_view pattern, std::size_t from = 0);
 
 /// Offset of the last backslash character (not of a second byte 0x5C); npos when there is none.
 std::size_t findLastBackslash(std::string_view text);
