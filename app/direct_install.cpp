@@ -3,6 +3,7 @@
 #include "app/direct_install_texts.h"
 #include "app/install_app.h"
 #include "app/install_log.h"
+#include "app/media_files.h"
 #include "app/setup_request.h"
 #include "app/setup_utility.h"
 #include "app/show_message.h"
@@ -58,7 +59,7 @@ void uninstall(const InstalledProduct& product, const std::string& sourceDirecto
     UninstallCommand command = cutUninstallCommand(product.uninstallString);
     bool waitForMarker = false;
     if (command.runsSetup) {
-        const std::string source = formatPath("%sUninstallQmx.exe", sourceDirectory.c_str());
+        const std::string source = formatPath("%s%s", sourceDirectory.c_str(), uninstallerFile);
         const std::string target = uninstallerTarget(command);
         if (copyUninstaller(source, target)) {
             command = {target, ""};

@@ -2,11 +2,12 @@
 
 #include <windows.h>
 
+#include "app/media_files.h"
 #include "platform/format_text.h"
 
 bool locateSetupUtility(const std::string& sourceDirectory, const char* applicationName,
                         std::string& path) {
-    path = formatPath("%sSetup.Exe", sourceDirectory.c_str());
+    path = formatPath("%s%s", sourceDirectory.c_str(), setupUtilityFile);
     if (GetFileAttributesA(path.c_str()) != INVALID_FILE_ATTRIBUTES) {
         return true;
     }

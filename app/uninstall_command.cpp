@@ -1,5 +1,6 @@
 #include "app/uninstall_command.h"
 
+#include "app/media_files.h"
 #include "platform/ansi_text.h"
 #include "platform/replace_all.h"
 
@@ -21,6 +22,6 @@ UninstallCommand cutUninstallCommand(const std::string& command) {
 }
 
 std::string uninstallerTarget(const UninstallCommand& command) {
-    const std::string target = replaceAll(command.program, setupProgram, "UninstallQmx.exe", true);
+    const std::string target = replaceAll(command.program, setupProgram, uninstallerFile, true);
     return replaceAll(target, "\"", "", false);
 }

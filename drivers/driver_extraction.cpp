@@ -28,7 +28,7 @@ std::string extractionFolder(const std::string& targetFolder, const std::string&
 ExtractionCommand extractionCommand(const std::string& sourceDirectory, const std::string& archive,
                                     const char* dataKey, const std::string& folder) {
     ExtractionCommand command;
-    command.tool = formatPath("%sflatten.exe", sourceDirectory.c_str());
+    command.tool = formatPath("%s%s", sourceDirectory.c_str(), extractionToolFile);
     command.report = formatPath("%sreport.txt", sourceDirectory.c_str());
     command.arguments =
         formatText("-fzx \"%s%s\" -fzxkey %.16s -rep \"%s\" -exdir \"%s\"", sourceDirectory.c_str(),

@@ -7,6 +7,9 @@
 
 #include "drivers/driver_package_table.h"
 
+/// In the source directory, beside the archives.
+inline constexpr const char* extractionToolFile = "flatten.exe";
+
 /// True when the package is whole and made for this operating system; never for a release that
 /// is not known.
 bool appliesTo(const DriverPackage& package, int operatingSystemCode);

@@ -3,7 +3,8 @@
 #include <windows.h>
 
 /// The function of type `Function` (a pointer, calling convention included) that `library` exports
-/// as `name`; null when the library or the export is missing.
+/// as `name` (or by the number in it, MAKEINTRESOURCEA); null when the library or the export is
+/// missing.
 template <class Function>
 Function procedureAddress(HMODULE library, const char* name) {
     // By way of void*: the compilers object to a direct cast from FARPROC.

@@ -4,10 +4,12 @@
 
 #include "app/install_messages.h"
 #include "app/install_path.h"
+#include "app/media_files.h"
 #include "app/program_folder.h"
 #include "app/setup_request.h"
 #include "catalogue/product_code.h"
 #include "catalogue/product_data_text.h"
+#include "drivers/driver_extraction.h"
 #include "drivers/driver_package_table.h"
 #include "platform/ansi_text.h"
 #include "tools/stamp_image.h"
@@ -45,7 +47,7 @@ std::string readBuild(const FolderReader& besideInstaller, CProductData& catalog
 }
 
 void addDriverFiles(const DeviceFamily& family, std::vector<MediaFile>& files) {
-    files.push_back({"flatten.exe", "unpacks the driver archives"});
+    files.push_back({extractionToolFile, "unpacks the driver archives"});
     for (const DriverPackage& package : family.packages) {
         files.push_back({package.archive, "drivers"});
     }
@@ -165,7 +167,7 @@ MediaReport examineMedia(const std::string& installer, const FolderReader& besid
     const std::string sourceDirectory = withTrailingBackslash(directory);
     if (isDirectInstallEdition(report.productCode)) {
         report.path = "older viewers are stopped and removed, then the viewer is installed";
-        report.files.push_back({"UninstallQmx.exe", "removes older viewers"});
+        report.files.push_back({uninstallerFile, "removes older viewers"});
         report.handOvers.push_back(
             {"without a question", "any Windows",
              directSetupParameters(catalogue, report.productCode, sourceDirectory)});
@@ -173,7 +175,7 @@ MediaReport examineMedia(const std::string& installer, const FolderReader& besid
         followSequence(catalogue, sourceDirectory, report);
     }
     if (!report.handOvers.empty()) {
-        report.files.push_back({"Setup.Exe", "installs the product"});
+        report.files.push_back({setupUtilityFile, "installs the product"});
     }
     for (MediaFile& file : report.files) {
         file.present = onMedia(file.name);

@@ -3,6 +3,7 @@
 #include <htmlhelp.h>
 
 #include "platform/ansi_text.h"
+#include "platform/procedure_address.h"
 #include "platform/system_library.h"
 
 namespace {
@@ -53,12 +54,7 @@ HMODULE loadControl() {
 }  // namespace
 
 HtmlHelpControl::EntryPoint HtmlHelpControl::load() {
-    const HMODULE control = loadControl();
-    if (control == nullptr) {
-        return nullptr;
-    }
-    return reinterpret_cast<EntryPoint>(
-        reinterpret_cast<void*>(GetProcAddress(control, MAKEINTRESOURCEA(htmlHelpOrdinal))));
+    return procedureAddress<EntryPoint>(loadControl(), MAKEINTRESOURCEA(htmlHelpOrdinal));
 }
 
 void HtmlHelpControl::displayTopic(HWND owner, const std::string& file) {
