@@ -12,6 +12,7 @@ packages=(
     openssl osslsigncode
     wine wine64 wine32:i386 fonts-wine
     xvfb imagemagick x11-utils
+    python3 shellcheck clang-format clang-tidy
     "$@"
 )
 
