@@ -10,7 +10,7 @@
 #   click LABEL           and
 #   picture FILE          a small PNG
 
-driver=$root/build/checked/tests/end_to_end
+driver=$root/build/checked/dialog_driver
 virtual_display=
 # Few colours, and the same bytes every time.
 small_png=(-strip +dither -colors 256 -define 'png:exclude-chunks=date,time')
