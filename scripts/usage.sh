@@ -1,3 +1,4 @@
+# shellcheck shell=sh
 # Sourced by the scripts, with their own arguments: `. "$(dirname "$0")/usage.sh"`. A script started
 # with -h or --help prints the comment at its top and does nothing else. Before any `cd`: the script may
 # have been started by a relative path.
