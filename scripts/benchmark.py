@@ -7,6 +7,7 @@
 import os
 import pathlib
 import shutil
+import signal
 import subprocess
 import sys
 from dataclasses import dataclass
@@ -174,4 +175,6 @@ def main():
 
 
 if __name__ == "__main__":
+    # Asked to end, it still takes down what it has put up.
+    signal.signal(signal.SIGTERM, lambda *_: sys.exit(143))
     sys.exit(main())

@@ -10,6 +10,7 @@ import contextlib
 import os
 import pathlib
 import shutil
+import signal
 import subprocess
 import sys
 import time
@@ -361,4 +362,6 @@ def main():
 
 
 if __name__ == "__main__":
+    # Asked to end, it still takes down what it has put up.
+    signal.signal(signal.SIGTERM, lambda *_: sys.exit(143))
     sys.exit(main())
