@@ -95,8 +95,7 @@ class Run:
                 "before": change.before, "after": change.after, "result": outcome,
                 "seen by": seen_by, "seconds": round(time.monotonic() - began, 1),
             }  # fmt: skip
-            if self.next % 20 == 0:
-                print(f"{self.next} tried after {time.monotonic() - self.began:.0f} s", flush=True)
+            print(f"{time.monotonic() - self.began:6.0f} s  {outcome:16} {change.file}:{change.line}", flush=True)
 
     def finish(self):
         """The results up to the last one that the sample asks for, whoever was quicker."""
@@ -265,12 +264,14 @@ def run(options, stack):
 
     print(f"trying {options.sample or len(breaks)} of {len(breaks)} breaks...", flush=True)
     trial = Run(breaks, options.sample or len(breaks), attempt)
-    share_out(trees, trial.work, trial.stop)
-    results = trial.finish()
-    target = options.results or FOLDER / f"{options.side}.json"
-    target.write_text(json.dumps({"side": options.side, "breaks": results}, indent=1) + "\n", encoding="utf-8")
-    share = report(results)
-    print(f"all results: {target}")
+    try:
+        share_out(trees, trial.work, trial.stop)
+    finally:  # a run that is ended early has its results as well
+        results = trial.finish()
+        target = options.results or FOLDER / f"{options.side}.json"
+        target.write_text(json.dumps({"side": options.side, "breaks": results}, indent=1) + "\n", encoding="utf-8")
+        share = report(results)
+        print(f"all results: {target}")
     return 0 if share >= options.minimum else 1
 
 

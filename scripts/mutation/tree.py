@@ -84,7 +84,8 @@ class Build:
         objects = {}
         for entry in json.loads((self.folder / "compile_commands.json").read_text()):
             words = shlex.split(entry["command"])
-            objects.setdefault(entry["file"], []).append(words[words.index("-o") + 1])
+            if "-o" in words:  # resources have another compiler
+                objects.setdefault(entry["file"], []).append(words[words.index("-o") + 1])
         return objects
 
     def fingerprint(self, targets):
