@@ -5,9 +5,7 @@
 #include <vector>
 
 #include "app/message.h"
-
-/// What the file system has under a path.
-enum class PathKind { Inaccessible, File, Directory };
+#include "platform/files.h"
 
 /// The two directories that the installer is started with.
 struct CommandLine {
@@ -17,6 +15,6 @@ struct CommandLine {
 
 /// Reads `arguments`, the program's path first, into `commandLine`; `examine` looks a "-dir" value
 /// up. The first error ends the reading and is returned.
-std::optional<Message> parseCommandLine(const std::vector<std::string>& arguments,
+[[nodiscard]] std::optional<Message> parseCommandLine(const std::vector<std::string>& arguments,
                                         PathKind (*examine)(const std::string& path),
                                         CommandLine& commandLine);

@@ -1,95 +1,68 @@
-#include <windows.h>
+#include "app/direct_install.h"
 
-#include "app/direct_install_texts.h"
-#include "app/install_app.h"
-#include "app/install_log.h"
-#include "app/media_files.h"
-#include "app/setup_request.h"
-#include "app/setup_utility.h"
-#include "app/show_message.h"
-#include "app/uninstall_command.h"
-#include "catalogue/viewer_names.h"
-#include "installed/installed_product_discovery.h"
-#include "installed/running_instances.h"
+#include <string_view>
+
+#include "catalogue/product_catalogue.h"
+#include "installed/analyser_path.h"
+#include "platform/ansi_text.h"
 #include "platform/format_text.h"
-#include "platform/shell_runner.h"
 
 namespace {
 
-std::vector<InstalledProduct> findInstalledViewers() {
-    std::vector<InstalledProduct> viewers;
-    for (const char* name : {testSuiteViewerName, protocolViewerName}) {
-        std::vector<InstalledProduct> found;
-        findInstalledProducts(name, found);
-        // Discovery also finds names that only contain this one: nobody is asked here, so a
-        // product that is not exactly the viewer is left alone.
-        for (const InstalledProduct& product : found) {
-            if (product.displayName == name) {
-                viewers.push_back(product);
-            }
-        }
-    }
-    return viewers;
-}
-
-SystemTime currentTime() {
-    SYSTEMTIME now;
-    GetSystemTime(&now);
-    return {now.wYear, now.wMonth, now.wDay, now.wHour, now.wMinute, now.wSecond};
-}
-
-bool copyUninstaller(const std::string& source, const std::string& target) {
-    if (CopyFileA(source.c_str(), target.c_str(), FALSE)) {
-        return true;
-    }
-    const DWORD error = GetLastError();
-    appendToInstallLog(copyFailedLogLine(currentTime(), source, target, error));
-    return false;
-}
-
-/// At most three minutes.
-void waitWhileExists(const std::string& path) {
-    for (int second = 0;
-         second < 180 && GetFileAttributesA(path.c_str()) != INVALID_FILE_ATTRIBUTES; ++second) {
-        Sleep(1000);
-    }
-}
-
-void uninstall(const InstalledProduct& product, const std::string& sourceDirectory) {
-    UninstallCommand command = cutUninstallCommand(product.uninstallString);
-    bool waitForMarker = false;
-    if (command.runsSetup) {
-        const std::string source = formatPath("%s%s", sourceDirectory.c_str(), uninstallerFile);
-        const std::string target = uninstallerTarget(command);
-        if (copyUninstaller(source, target)) {
-            command = {target, ""};
-        } else {
-            waitForMarker = true;
-        }
-    }
-    ShellRunner().runAndWait(command.program.c_str(), command.arguments.c_str(), "open");
-    // The product's own setup program leaves its work to a process that nobody can wait for.
-    if (waitForMarker) {
-        waitWhileExists(importMarkerPath(product));
-    }
-}
+constexpr std::string_view setupProgram = "setup.exe";
 
 }  // namespace
 
-void CInstallApp::InstallDirectly() {
-    for (const InstalledProduct& product : findInstalledViewers()) {
-        const DWORD code = terminateProcessesByPath(analyserProgram, analyserPath(product));
-        if (code != 0) {
-            showMessage(couldNotStopMessage(product, code));
-            return;
-        }
-        uninstall(product, sourceDirectory);
+std::string analyserPath(const InstalledProduct& product) {
+    return formatCut("%s\\%s", product.installLocation.c_str(), analyser::path);
+}
+
+std::string importMarkerPath(const InstalledProduct& product) {
+    return formatCut("%s\\liveimport.ini", product.installLocation.c_str());
+}
+
+UninstallCommand cutUninstallCommand(const std::string& command) {
+    const std::size_t setup = findIgnoringCase(command, setupProgram);
+    if (setup == std::string::npos) {
+        return {command, "", false};
     }
-    std::string setupPath;
-    if (!locateSetupUtility(sourceDirectory, m_pszAppName, setupPath)) {
-        return;
+    const std::size_t programEnd = setup + setupProgram.size() + 1;
+    const std::size_t argumentsStart = programEnd + 1;
+    return {command.substr(0, programEnd),
+            argumentsStart < command.size() ? command.substr(argumentsStart) : "", true};
+}
+
+std::string uninstallerTarget(const UninstallCommand& command) {
+    const std::string target = replaceAll(command.program, setupProgram, replacementUninstallerFile, true);
+    return replaceAll(target, "\"", "", false);
+}
+
+Message couldNotStopMessage(const InstalledProduct& product, std::uint32_t code) {
+    // Signed: WAIT_FAILED reads -1.
+    return {
+        formatText("Could not stop \"%s\" - %d. Please close all copies of %s and restart the "
+                   "installation.",
+                   product.installLocation.c_str(), static_cast<std::int32_t>(code),
+                   product.displayName.c_str())};
+}
+
+void FormatTimestamp(const SystemTime& time, std::string& text, bool readable, char lead) {
+    constexpr std::size_t maximumLength = 32;
+    text = readable ? formatText("%4d-%02d-%02d %02d:%02d:%02d", time.year, time.month, time.day,
+                                 time.hour, time.minute, time.second)
+                    : formatText("%c%4d%02d%02d%02d%02d%02d", lead, time.year, time.month, time.day,
+                                 time.hour, time.minute, time.second);
+    if (text.size() > maximumLength) {
+        text.resize(maximumLength);
     }
-    ReadProductData();
-    const std::string parameters = directSetupParameters(catalogue, productCode, sourceDirectory);
-    ShellRunner().start(setupPath.c_str(), parameters.c_str(), "open");
+}
+
+std::string copyFailedLogLine(const SystemTime& time, const std::string& source,
+                              const std::string& target, std::uint32_t error) {
+    std::string line;
+    FormatTimestamp(time, line, true, '#');
+    // Kept: the compiled-in build, whatever the product-data file says; it tells which installer
+    // wrote the line.
+    return line + " Version " + compiledInBuild + " CopyFile from \"" + source + "\" to \"" +
+           target + "\" failed - " + std::to_string(error);
 }

@@ -1,12 +1,25 @@
 #include "app/setup_parameters.h"
 
+#include <initializer_list>
+#include <tuple>
+
+#include "catalogue/product_code.h"
+#include "catalogue/product_traits.h"
 #include "platform/ansi_text.h"
+#include "platform/format_text.h"
 #include "ui/product_type.h"
 
-std::string composeSetupParameters(const std::vector<SetupField>& fields) {
+namespace {
+
+struct Field {
+    const char* name;
+    std::string value;
+};
+
+std::string compose(std::initializer_list<Field> fields) {
     constexpr std::size_t maximumLength = 2048;
     std::string parameters = "/hide_usd ";
-    for (const SetupField& field : fields) {
+    for (const Field& field : fields) {
         parameters.append(field.name).append("=").append(field.value).append("`");
     }
     if (parameters.size() > maximumLength) {
@@ -15,41 +28,96 @@ std::string composeSetupParameters(const std::vector<SetupField>& fields) {
     return parameters;
 }
 
-std::string setupBitness(bool hasProcessorSpecificSetups, bool on64BitWindows) {
-    return hasProcessorSpecificSetups && on64BitWindows ? "x64" : "x86";
-}
+/// What the setup utility is to install, and the edition word in the program folder's name.
+struct TypeWords {
+    const char* type;
+    const char* edition;
+};
 
-std::string productTypeWord(unsigned productType, int productNumber, std::string_view typeSuffix,
-                            std::string_view bitness) {
-    std::string word = "LIVE";
-    bool live = false;
+TypeWords typeWords(unsigned productType) {
     if ((productType & product_type::demonstration) != 0) {
-        word = "DEMO";
-    } else if ((productType & product_type::viewer) != 0) {
-        word = "VIEW";
-    } else {
-        live = true;
-        if (!typeSuffix.empty()) {
-            word.append(" ").append(typeSuffix);
-        }
+        return {"DEMO", "Demo"};
     }
-    if (productNumber == 58 || productNumber == 60) {
-        word += " x86";
+    if ((productType & product_type::viewer) != 0) {
+        return {"VIEW", "Viewer"};
     }
-    if (live && (productNumber == 7 || productNumber == 51)) {
-        word.append(" ").append(bitness);
-    }
-    return word;
+    return {"LIVE", ""};
 }
 
-const char* programFolderEdition(unsigned productType) {
-    if ((productType & product_type::demonstration) != 0) {
-        return "Demo";
+/// The whole "-type" field.
+std::string typeField(const SetupRequest& request, const char* bitness) {
+    const ProductTraits& traits = traitsOf(request.productNumber);
+    const TypeWords words = typeWords(request.productType);
+    const bool live = *words.edition == '\0';
+    std::string field = words.type;
+    if (live && !request.typeSuffix.empty()) {
+        field += ' ' + request.typeSuffix;
     }
-    return (productType & product_type::viewer) != 0 ? "Viewer" : "";
+    if (traits.alwaysX86) {
+        field += " x86";
+    }
+    if (live && traits.processorSpecificSetups) {
+        field.append(" ").append(bitness);
+    }
+    return field;
 }
 
+/// Where the setup utility may put files of its own: the media, up to the last backslash.
 std::string temporaryFolder(const std::string& sourceDirectory) {
-    const std::size_t backslash = findLastBackslash(sourceDirectory);
-    return backslash == std::string::npos ? "" : sourceDirectory.substr(0, backslash + 1);
+    return sourceDirectory.substr(0, findLastBackslash(sourceDirectory) + 1);
+}
+
+}  // namespace
+
+std::string setupParameters(const CProductData& catalogue, const SetupRequest& request,
+                            const std::string& programFolder) {
+    const bool x64 =
+        request.on64BitWindows && catalogue.hasProcessorSpecificSetups(request.productCode);
+    const char* const bitness = x64 ? "x64" : "x86";
+    return compose({
+        {"-build", catalogue.buildVersion()},
+        {"-pid", request.productCode},
+        {"-pf", programFolder},
+        {"-type", typeField(request, bitness)},
+        {"-bitness", bitness},
+        {"-tmp", temporaryFolder(request.sourceDirectory)},
+    });
+}
+
+std::string directSetupParameters(const CProductData& catalogue, const std::string& productCode,
+                                  const std::string& sourceDirectory) {
+    // The folder is the standards body's, whatever the product is called. No bitness: the viewer's
+    // setup utility does not know the field.
+    return compose({
+        {"-build", catalogue.buildVersion()},
+        {"-pid", productCode},
+        {"-pf", "Bluetooth SIG"},
+        {"-type", "LIVE"},
+        {"-tmp", temporaryFolder(sourceDirectory)},
+    });
+}
+
+std::string programFolderName(CProductData& catalogue, const SetupRequest& request) {
+    std::string name;  // stays empty for a product without a name
+    std::ignore =
+        catalogue.displayName(request.productCode, typeWords(request.productType).edition, name);
+    return name;
+}
+
+std::string programFolderCandidate(const std::string& folderName, int productNumber, int number) {
+    const char* const maker = traitsOf(productNumber).withoutMakerName ? "" : "Halvick ";
+    return number == 1 ? maker + folderName
+                       : formatCut("%s%s %d", maker, folderName.c_str(), number);
+}
+
+bool switchToDemonstration(CProductData& catalogue, std::string& productCode,
+                           std::string& productName, int& productNumber) {
+    std::string demonstrationCode;
+    if (!catalogue.demonstrationCode(productCode, demonstrationCode)) {
+        return false;
+    }
+    productCode = demonstrationCode;
+    std::ignore = catalogue.productName(productCode, productName);  // the catalogue has them all
+    productNumber = numberFromCode(productCode);
+    return true;
 }

@@ -1,31 +1,60 @@
 // What the product's setup utility is handed: one parameter string, composed from the decisions
-// made so far.
+// made so far. The release engineer's tools compose the same string.
 #pragma once
 
 #include <string>
 #include <string_view>
-#include <vector>
 
-/// One field of the string; written as they are, no quoting or escaping.
-struct SetupField {
-    const char* name;
-    std::string value;
+#include "catalogue/product_catalogue.h"
+
+/// In the source directory.
+inline constexpr const char* setupUtilityFile = "Setup.Exe";
+
+/// What a run has decided when it comes to the hand-over.
+struct SetupRequest {
+    std::string productCode;
+    int productNumber = 0;
+    unsigned productType = 0;  ///< one bit of product_type
+    std::string typeSuffix;    ///< may be empty
+    std::string sourceDirectory;
+    bool on64BitWindows = false;
 };
 
-/// "/hide_usd " and the fields, each closed by a backquote, the last included; cut to 2048
+/// "/hide_usd " and the fields of the request, each closed by a backquote, the last included, no
+/// quoting or escaping; cut to 2048 characters. `programFolder` is the final name.
+[[nodiscard]] std::string setupParameters(const CProductData& catalogue,
+                                          const SetupRequest& request,
+                                          const std::string& programFolder);
+
+/// The shorter string of the edition that is installed directly.
+[[nodiscard]] std::string directSetupParameters(const CProductData& catalogue,
+                                                const std::string& productCode,
+                                                const std::string& sourceDirectory);
+
+/// The name of the program folder, before the maker's name and a number are added.
+[[nodiscard]] std::string programFolderName(CProductData& catalogue, const SetupRequest& request);
+
+/// The name to try with this number; 1 is the name without a number. Numbered names are cut to 260
 /// characters.
-std::string composeSetupParameters(const std::vector<SetupField>& fields);
+[[nodiscard]] std::string programFolderCandidate(const std::string& folderName, int productNumber,
+                                                 int number);
 
-/// "x64" for a product that has a setup of its own for 64-bit Windows, when running there; else
-/// "x86".
-std::string setupBitness(bool hasProcessorSpecificSetups, bool on64BitWindows);
+/// The first candidate for which `isTaken` says no. Numbers begin at 2. A name that is so long
+/// that its number is cut off is given up on and returned although it is taken.
+template <class IsTaken>
+[[nodiscard]] std::string uniqueProgramFolder(const std::string& folderName, int productNumber,
+                                              IsTaken isTaken) {
+    std::string candidate = programFolderCandidate(folderName, productNumber, 1);
+    for (int number = 2; isTaken(candidate); ++number) {
+        std::string next = programFolderCandidate(folderName, productNumber, number);
+        if (next == candidate) {
+            break;
+        }
+        candidate = std::move(next);
+    }
+    return candidate;
+}
 
-/// The word that tells the setup utility what to install. `typeSuffix` may be empty.
-std::string productTypeWord(unsigned productType, int productNumber, std::string_view typeSuffix,
-                            std::string_view bitness);
-
-/// The edition word in the program folder's name; empty for the live product.
-const char* programFolderEdition(unsigned productType);
-
-/// The part of `sourceDirectory` that ends with its last backslash.
-std::string temporaryFolder(const std::string& sourceDirectory);
+/// Replaces a product by its demonstration edition. False, with nothing changed, when it has none.
+[[nodiscard]] bool switchToDemonstration(CProductData& catalogue, std::string& productCode,
+                                         std::string& productName, int& productNumber);

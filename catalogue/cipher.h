@@ -34,7 +34,7 @@ class KeyStream {
     std::uint32_t state = 0x7A1C96D3;
 };
 
-constexpr std::uint32_t checksum(std::string_view plain) {
+[[nodiscard]] constexpr std::uint32_t checksum(std::string_view plain) {
     std::uint32_t sum = 0x811C9DC5;
     for (const char character : plain) {
         sum = (sum ^ static_cast<unsigned char>(character)) * 0x01000193;
@@ -60,7 +60,7 @@ constexpr void encipherInto(std::string_view plain, char* output) {
 
 /// Enciphers a literal at compile time, so that the executable does not hold it readable.
 template <std::size_t Size>
-consteval std::array<char, headerSize + Size - 1> enciphered(const char (&plain)[Size]) {
+[[nodiscard]] consteval std::array<char, headerSize + Size - 1> enciphered(const char (&plain)[Size]) {
     std::array<char, headerSize + Size - 1> result{};
     encipherInto({plain, Size - 1}, result.data());
     return result;
@@ -69,8 +69,8 @@ consteval std::array<char, headerSize + Size - 1> enciphered(const char (&plain)
 }  // namespace cipher
 
 /// For a text of less than 4 GB.
-std::string encipher(std::string_view plain);
+[[nodiscard]] std::string encipher(std::string_view plain);
 
 /// False with `error` filled and `plain` empty when the bytes are not an enciphered text or are
 /// damaged.
-bool decipher(std::string_view enciphered, std::string& plain, std::string& error);
+[[nodiscard]] bool decipher(std::string_view enciphered, std::string& plain, std::string& error);

@@ -1,7 +1,7 @@
 #include "catalogue/code_directory.h"
 
 #include "catalogue/product_code.h"
-#include "catalogue/product_data.h"
+#include "catalogue/product_catalogue.h"
 #include "catalogue/product_names.h"
 
 namespace {
@@ -65,5 +65,7 @@ bool findDirectoryName(std::string_view code, std::string& name) {
 }
 
 bool findDirectoryName(int productNumber, std::string& name) {
-    return findDirectoryName(codeFromNumber(productNumber), name);
+    // A negative number is no product's, but its last digits would be the code of one.
+    return findDirectoryName(productNumber < 0 ? std::string() : codeFromNumber(productNumber),
+                             name);
 }

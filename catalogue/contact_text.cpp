@@ -1,10 +1,9 @@
 #include "catalogue/contact_text.h"
 
 #include "catalogue/product_code.h"
+#include "catalogue/product_traits.h"
 
 namespace {
-
-constexpr int protocolViewerNumber = 54;
 
 // The standards body answers for the free viewer, the maker does not.
 constexpr const char* protocolViewerContact =
@@ -19,7 +18,7 @@ std::string contactText(std::string_view code, ContactLayout layout) {
     if (number < 0) {
         return {};
     }
-    if (number == protocolViewerNumber) {
+    if (traitsOf(number).freeViewer) {
         return protocolViewerContact;
     }
     if (layout == ContactLayout::Lines) {

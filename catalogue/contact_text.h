@@ -7,4 +7,4 @@
 enum class ContactLayout { Columns, Lines };
 
 /// Whom to ask about the product; empty when the code is empty or not a valid one.
-std::string contactText(std::string_view code, ContactLayout layout);
+[[nodiscard]] std::string contactText(std::string_view code, ContactLayout layout);

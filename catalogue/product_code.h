@@ -5,7 +5,7 @@
 #include <string_view>
 
 /// At least `width` digits, most significant first; a negative width adds none.
-std::string codeFromNumber(int number, int width = 2);
+[[nodiscard]] std::string codeFromNumber(int number, int width = 2);
 
 /// The number, or -1 with `error`, when given, saying why. Letter case is ignored.
-int numberFromCode(std::string_view code, std::string* error = nullptr);
+[[nodiscard]] int numberFromCode(std::string_view code, std::string* error = nullptr);

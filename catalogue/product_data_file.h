@@ -1,29 +1,43 @@
+// The text of the product-data file: comments, sections, values. Every operation takes time in
+// proportion to the text, whatever is in it.
 #pragma once
 
+#include <map>
+#include <optional>
 #include <string>
+#include <string_view>
 
-#include "catalogue/product_data.h"
 
-/// The product-data file of the installation folder: "ProductData.inx", else "ProductData.ini".
-/// Its text is loaded at most once; the application object holds the only one, since the
-/// catalogue's ProductDataValues are parts of that text. Not to be copied for the same reason.
-class ProductDataFile {
-  public:
-    ProductDataFile() = default;
-    ProductDataFile(const ProductDataFile&) = delete;
-    ProductDataFile& operator=(const ProductDataFile&) = delete;
 
-    /// Loads the text from `folder`, or from the program's own folder when that is empty. Once
-    /// loaded, returns the cached path without another look. False with `error` filled when there
-    /// is no such file or it cannot be read or deciphered; a later call then tries again.
-    bool loadText(const std::string& folder, std::string& path, std::string& error);
+/// Texts by key, both parts of a longer text.
+using ValueParts = std::map<std::string_view, std::string_view>;
 
-    /// Loads from the program's own folder and refills the catalogue's ProductDataValues. True
-    /// when the version section yielded a key; `path`, when given, is the loaded file's.
-    /// A failed load leaves its reason in the catalogue's lastError.
-    bool loadProductValues(CProductData& catalogue, std::string* path = nullptr);
+/// Header of the only section that is read.
+inline constexpr std::string_view versionSectionHeader = "[Version Number]";
 
-  private:
-    std::string loadedPath;
-    std::string text;  ///< without comment lines
+/// The names that the file goes by, in the order in which they are looked for.
+struct ProductDataName {
+    const char* file;
+    bool enciphered;
 };
+inline constexpr ProductDataName productDataNames[] = {
+    {"ProductData.inx", true},
+    {"ProductData.ini", false},
+};
+
+/// The text without comment lines, from the bytes of a file; nothing, for a file that could not be
+/// read, fails too. False with `error` filled then and when the bytes cannot be deciphered.
+[[nodiscard]] bool productDataText(std::optional<std::string> fileContent, bool enciphered, std::string& text,
+                     std::string& error);
+
+/// The file's lines without those that begin with ";", joined by single line feeds. A carriage
+/// return at the end of a line stays.
+[[nodiscard]] std::string withoutComments(std::string fileContent);
+
+/// The body behind `header` (letter case ignored) up to the next "[", trimmed, as a part of
+/// `text`; false when it is missing or empty.
+[[nodiscard]] bool extractSection(std::string_view text, std::string_view header, std::string_view& body);
+
+/// Fills `values` (emptied first) with parts of `body`, from lines "key=value" that end in a
+/// carriage return; the first of two equal keys wins. True when there is any.
+[[nodiscard]] bool parseValues(std::string_view body, ValueParts& values);

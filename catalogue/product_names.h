@@ -1,8 +1,14 @@
-// The products that this installer can install: rows of the catalogue and of the code directory.
+// Names of products: rows of the catalogue and of the code directory, and those of the viewers.
 #pragma once
 
-#include "catalogue/text_row.h"
+/// A row of a compiled-in table of texts.
+struct TextRow {
+    const char* key;
+    const char* value;
+};
 
+/// The products that this installer can install.
+///
 // Discovery finds older versions by a product's name anywhere in a display name, so no name may
 // occur within another one. None begins with the maker's name, which is put in front of it.
 inline constexpr TextRow productNames[] = {
@@ -30,3 +36,8 @@ inline constexpr TextRow productNames[] = {
     {"1v", "Tavlink Wireless LAN Analyzer"},
     {"1w", "Tavlink Multiprotocol Analyzer"},
 };
+
+/// Display names under which the two editions of the free viewer are registered.
+inline constexpr char testSuiteViewerName[] = "Test Suite Observer";
+inline constexpr char protocolViewerName[] = "Bluetooth Protocol Viewer";
+static_assert(sizeof(testSuiteViewerName) == 19 + 1 && sizeof(protocolViewerName) == 25 + 1);

@@ -13,8 +13,7 @@ constexpr auto selectionError =
 template <std::size_t Size>
 std::string deciphered(const std::array<char, Size>& bytes) {
     std::string text, error;
-    decipher({bytes.data(), bytes.size()}, text, error);
-    return text;
+    return decipher({bytes.data(), bytes.size()}, text, error) ? text : std::string();
 }
 
 }  // namespace

@@ -8,4 +8,4 @@ struct ProgramTexts {
     std::string selectionError;  ///< shown when the choice of a product type ends without a result
 };
 
-ProgramTexts readProgramTexts();
+[[nodiscard]] ProgramTexts readProgramTexts();

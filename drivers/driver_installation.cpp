@@ -1,62 +1,55 @@
 #include "drivers/driver_installation.h"
 
-#include <windows.h>
+#include <algorithm>
 
-#include <shlobj.h>
+#include "platform/ansi_text.h"
+#include "platform/format_text.h"
+#include "platform/operating_system.h"
 
-#include "drivers/driver_extraction.h"
-#include "platform/file_content.h"
-#include "platform/operating_system_query.h"
-#include "platform/shell_runner.h"
-
-namespace {
-
-/// Without a trailing backslash; empty when Windows does not know it.
-std::string programFilesFolder() {
-    char folder[MAX_PATH] = "";
-    // On 64-bit Windows this is the 32-bit folder: kept, the products look for their drivers there.
-    return SHGetSpecialFolderPathA(nullptr, folder, CSIDL_PROGRAM_FILES, FALSE) ? folder : "";
+bool appliesTo(const DriverPackage& package, int operatingSystemCode) {
+    const std::vector<int>& codes = package.operatingSystemCodes;
+    // As unsigned: the negative codes, which say that nothing was recognised, are out too.
+    return !package.archive.empty() && !package.targetFolder.empty() &&
+           static_cast<unsigned>(operatingSystemCode) <=
+               static_cast<unsigned>(operating_system_code::newestKnown) &&
+           std::find(codes.begin(), codes.end(), operatingSystemCode) != codes.end();
 }
 
-void runReportedInstaller(ShellRunner& runner, const std::string& reportPath,
-                          const std::string& folder) {
-    const std::optional<std::string> report = readFileContent(reportPath);
-    if (!report) {
-        return;
+std::string extractionFolder(const std::string& targetFolder, const std::string& programFiles) {
+    std::string folder = replaceAll(targetFolder, "#PROGRAM_FILES#", programFiles, true);
+    const std::size_t backslash = findLastBackslash(folder);
+    if (backslash != std::string::npos && backslash + 1 == folder.size()) {
+        folder.pop_back();
     }
-    const std::optional<std::string> installer =
-        reportedInstaller(*report, folder, driverInstallerName(isWow64()));
-    if (installer && GetFileAttributesA(installer->c_str()) != INVALID_FILE_ATTRIBUTES) {
-        runner.runAndWait(installer->c_str(), nullptr, "open");
-    }
+    return folder;
 }
 
-}  // namespace
+ExtractionCommand extractionCommand(const std::string& sourceDirectory, const std::string& archive,
+                                    const char* dataKey, const std::string& folder) {
+    ExtractionCommand command;
+    command.tool = formatCut("%s%s", sourceDirectory.c_str(), extractionToolFile);
+    command.report = formatCut("%sreport.txt", sourceDirectory.c_str());
+    command.arguments =
+        formatText("-fzx \"%s%s\" -fzxkey %.16s -rep \"%s\" -exdir \"%s\"", sourceDirectory.c_str(),
+                   archive.c_str(), dataKey, command.report.c_str(), folder.c_str());
+    return command;
+}
 
-bool installDrivers(const std::string& sourceDirectory, const std::vector<DriverPackage>& packages,
-                    const char* dataKey, std::string& error) {
-    error.clear();
-    if (packages.empty()) {
-        return true;
+const char* driverInstallerName(bool wow64) {
+    return wow64 ? "dpinst_64.exe" : "dpinst_32.exe";
+}
+
+std::optional<std::string> reportedInstaller(std::string_view report, const std::string& folder,
+                                             std::string_view name) {
+    const std::size_t found = report.find(name);
+    if (found == std::string_view::npos) {
+        return std::nullopt;
     }
-    if (dataKey == nullptr) {
-        error = "No data key specified.";
-        return false;
+    // A zero byte would cut the path before the name, to run something else.
+    const std::size_t quote = report.find_last_of(std::string_view("\"\0", 2), found);
+    if (quote == std::string_view::npos || report[quote] != '"') {
+        return std::nullopt;
     }
-    const int systemCode = operatingSystemCode();
-    const std::string programFiles = programFilesFolder();
-    ShellRunner runner;
-    for (const DriverPackage& package : packages) {
-        if (!appliesTo(package, systemCode)) {
-            continue;
-        }
-        const std::string folder = extractionFolder(package.targetFolder, programFiles);
-        const ExtractionCommand command =
-            extractionCommand(sourceDirectory, package.archive, dataKey, folder);
-        runner.runAndWait(command.tool.c_str(), command.arguments.c_str(), "open");
-        if (package.runInstaller) {
-            runReportedInstaller(runner, command.report, folder);
-        }
-    }
-    return true;
+    const std::string relative(report.substr(quote + 1, found + name.size() - quote - 1));
+    return formatCut("%s\\%s", folder.c_str(), relative.c_str());
 }

@@ -34,7 +34,7 @@ constexpr FamilyRow familyRows[] = {
 
 DriverPackage driverPackage(const char* archive) {
     DriverPackage package{true, {}, archive, driversFolder};
-    for (int code = operating_system_code::windowsXp; code <= operating_system_code::newestKnown;
+    for (int code = operating_system_code::oldestWithDrivers; code <= operating_system_code::newestKnown;
          ++code) {
         package.operatingSystemCodes.push_back(code);
     }

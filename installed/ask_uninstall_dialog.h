@@ -1,33 +1,26 @@
+// What the uninstall prompt says, how it sorts and what it runs.
 #pragma once
 
+#include <cstddef>
+#include <string>
 #include <vector>
 
-#include "framework/button.h"
-#include "framework/dialog.h"
-#include "framework/list_ctrl.h"
 #include "installed/installed_product.h"
 
-/// Lists the installed versions, all ticked, and runs the uninstallers of those that stay ticked,
-/// one after the other. The result of DoModal says nothing of how that went.
-class CAskUninstallDlg : public CDialog {
-  public:
-    /// `products` outlives the dialog.
-    explicit CAskUninstallDlg(const std::vector<InstalledProduct>& products);
-
-  protected:
-    bool OnInitDialog() override;
-    MessageMap GetMessageMap() const override;
-
-  private:
-    void OnSkip();
-    /// Pumps no messages while an uninstaller runs.
-    void OnConfirm();
-    void OnSelectAll();
-
-    void FillList();
-    void SortList();
-
-    const std::vector<InstalledProduct>* products;
-    CListCtrl list;
-    CButton selectAll;
+struct UninstallPromptTexts {
+    const char* found;     ///< above the list
+    const char* question;  ///< below the list
 };
+
+UninstallPromptTexts uninstallPromptTexts(std::size_t productCount);
+
+/// The one sort order that the list knows; any other leaves it as it is.
+inline constexpr long ascendingOrder = 1;
+
+/// Negative, 0 or positive, for lower-case names.
+int compareLowerCaseNames(const std::string& left, const std::string& right, long order);
+
+/// The uninstall commands to run, in order: for each ticked name those of all products that bear
+/// it (letter case counts). A name ticked twice is run twice.
+std::vector<std::string> uninstallCommands(const std::vector<std::string>& tickedNames,
+                                           const std::vector<InstalledProduct>& products);

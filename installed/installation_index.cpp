@@ -1,85 +1,89 @@
 #include "installed/installation_index.h"
 
-#include <windows.h>
+#include <set>
 
-#include "installed/analyser_version.h"
-#include "installed/key_tree_walk.h"
-#include "installed/walk_error.h"
-#include "platform/file_version.h"
+#include "platform/ansi_text.h"
 
 namespace {
 
-constexpr const char* makerTree = "Software\\Halvick Test Equipment\\";
-constexpr const char* olderMakerTree = "Software\\HVQ\\Tressle Analyzer\\";
+constexpr std::string_view userDataKey = "User Data Key";
 
-std::string extraValue(const FieldMap& extras, std::string_view name) {
-    const auto extra = extras.find(name);
-    return extra == extras.end() ? std::string() : extra->second;
+constexpr std::string_view answeredFields[] = {
+    "Path",           "Product Id", "Product Name", "Program Folder",
+    "Temp Reference", "Lard",       userDataKey,    "Seinda",
+};
+
+std::string_view selectedField(int selector) {
+    switch (selector) {
+        case installation_selector::path:
+            return "Path";
+        case installation_selector::productId:
+            return "Product Id";
+        case installation_selector::productName:
+            return "Product Name";
+        case installation_selector::programFolder:
+            return "Program Folder";
+        case installation_selector::temporaryReference:
+            return "Temp Reference";
+        default:
+            return {};
+    }
+}
+
+std::string_view withoutOuterBackslashes(std::string_view path) {
+    while (!path.empty() && path.front() == '\\') {
+        path.remove_prefix(1);
+    }
+    while (!path.empty() && findLastBackslash(path) == path.size() - 1) {
+        path.remove_suffix(1);
+    }
+    return path;
 }
 
 }  // namespace
 
-bool InstallationIndex::load(bool includeLegacy) {
-    records.clear();
-    std::vector<InstallationRecord> read;
-    FieldMap extras;
-    readTree(makerTree, read, extras, MergeMode::Current);
-    helperLocation = extraValue(extras, "Installation Helper");
-    commonPath = extraValue(extras, "Path");
-    if (includeLegacy) {
-        readTree(olderMakerTree, read, extras, MergeMode::Legacy);
+void mergeInstallations(std::vector<InstallationRecord>& installations,
+                        const std::vector<InstallationRecord>& records) {
+    const auto keyOf = [](const InstallationRecord& record) {
+        return lowerCase(fieldText(record, "Registry Key"));
+    };
+    std::set<std::string> keys;
+    for (const InstallationRecord& installation : installations) {
+        keys.insert(keyOf(installation));
     }
-    return !records.empty();
-}
-
-bool InstallationIndex::readTree(const std::string& subkeyPath,
-                                 std::vector<InstallationRecord>& read, FieldMap& extras,
-                                 MergeMode mode) {
-    setWalkError("");
-    read.clear();
-    extras.clear();
-    walkKeyTree(HKEY_LOCAL_MACHINE, subkeyPath, "HKEY_LOCAL_MACHINE\\", read, extras);
-    for (InstallationRecord& record : read) {
-        record.legacy = mode == MergeMode::Legacy;
-    }
-    const std::size_t known = records.size();
-    mergeInstallations(records, read);
-    for (std::size_t position = known; position < records.size(); ++position) {
-        InstallationRecord& record = records[position];
-        readExecutableVersion(record, record.executableVersion);
-        record.fields["Version"] = record.executableVersion;
-    }
-    return !records.empty();
-}
-
-std::string InstallationIndex::field(std::size_t position, std::string_view name) {
-    loadIfEmpty();
-    return position < records.size() ? installationField(records[position], name) : std::string();
-}
-
-bool InstallationIndex::find(std::string_view value, int selector,
-                             std::vector<std::size_t>& matches) {
-    if (!value.empty()) {
-        loadIfEmpty();
-    }
-    return findInstallations(records, value, selector, matches);
-}
-
-bool InstallationIndex::readExecutableVersion(const InstallationRecord& record,
-                                              std::string& version) {
-    version.clear();
-    for (const std::string& path : analyserPaths(record)) {
-        std::string fileVersion;
-        if (fileVersionText(path, fileVersion)) {
-            version = versionPart(fileVersion);
-            return true;
+    for (const InstallationRecord& record : records) {
+        if (keys.insert(keyOf(record)).second) {
+            installations.push_back(record);
         }
     }
-    return false;
 }
 
-void InstallationIndex::loadIfEmpty() {
-    if (records.empty()) {
-        load(true);
+std::string installationField(const InstallationRecord& record, std::string_view name) {
+    for (const std::string_view answered : answeredFields) {
+        if (equalIgnoringCase(answered, name)) {
+            const bool old = record.legacy && answered == userDataKey;
+            return std::string(fieldText(record, old ? oldUserDataKey : answered));
+        }
     }
+    return {};
+}
+
+bool findInstallations(const std::vector<InstallationRecord>& installations, std::string_view value,
+                       int selector, std::vector<std::size_t>& matches) {
+    matches.clear();
+    const std::string_view field = selectedField(selector);
+    if (value.empty() || field.empty()) {
+        return false;
+    }
+    const auto comparable = [selector](std::string_view text) {
+        return selector == installation_selector::path ? withoutOuterBackslashes(text) : text;
+    };
+    const std::string wanted = lowerCase(comparable(value));
+    for (std::size_t position = installations.size(); position-- > 0;) {
+        const std::string_view text = comparable(fieldText(installations[position], field));
+        if (text.size() == wanted.size() && lowerCase(text) == wanted) {
+            matches.push_back(position);
+        }
+    }
+    return !matches.empty();
 }

@@ -1,5 +1,9 @@
 #include "installed/installation_record.h"
 
+#include "installed/analyser_path.h"
+#include "platform/ansi_text.h"
+#include "platform/format_text.h"
+
 namespace {
 
 // "Lard" and "Seinda" are the products' own and only carried along.
@@ -13,6 +17,10 @@ constexpr std::string_view knownFields[] = {
 constexpr std::string_view requiredFields[] = {
     "Product Id", "Product Name", "Program Folder", "Seinda", "Temp Reference",
 };
+
+std::string pathBelow(std::string_view folder, const char* relativePath) {
+    return formatCut("%s%s", withTrailingBackslash(folder).c_str(), relativePath);
+}
 
 }  // namespace
 
@@ -47,4 +55,14 @@ void storeValue(InstallationRecord& record, FieldMap& extras, std::string_view n
         // Not a field of every record, yet a legacy one answers from it.
         record.fields.emplace(name, text);
     }
+}
+
+std::array<std::string, 2> analyserPaths(const InstallationRecord& record) {
+    return {pathBelow(fieldText(record, "Installation Path"), analyser::path),
+            pathBelow(fieldText(record, "Path"), analyser::olderPath)};
+}
+
+std::string_view versionPart(std::string_view fileVersion) {
+    // Without such a character the position is npos, and behind npos comes 0.
+    return fileVersion.substr(fileVersion.find_last_not_of("0123456789.") + 1);
 }

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <array>
 #include <map>
 #include <string>
 #include <string_view>
@@ -21,11 +22,18 @@ struct InstallationRecord {
 inline constexpr std::string_view oldUserDataKey = "Old User Data Key";
 
 /// The field's text; empty when the record has no such field. Points into the record.
-std::string_view fieldText(const InstallationRecord& record, std::string_view name);
+[[nodiscard]] std::string_view fieldText(const InstallationRecord& record, std::string_view name);
 
 /// Whether the record says enough to be an installation: what it is, and one place where it is.
-bool isValid(const InstallationRecord& record);
+[[nodiscard]] bool isValid(const InstallationRecord& record);
 
 /// Sets the record's field of this name, or else the extra value.
 void storeValue(InstallationRecord& record, FieldMap& extras, std::string_view name,
                 std::string_view text);
+
+/// Where the installation's analyser executable can be, the likelier place first.
+[[nodiscard]] std::array<std::string, 2> analyserPaths(const InstallationRecord& record);
+
+/// What follows the last character that is neither a digit nor a point: "Version 12.4.1" gives
+/// "12.4.1".
+[[nodiscard]] std::string_view versionPart(std::string_view fileVersion);

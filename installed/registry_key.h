@@ -1,29 +1,15 @@
+// What the raw data of a registry value is as text. Anything can be stored under any type, with
+// or without a terminator.
 #pragma once
 
-#include <windows.h>
+#include <cstddef>
+#include <string_view>
 
-/// A registry transaction that keys are opened in.
-struct RegistryTransaction {
-    HANDLE handle = nullptr;  ///< of the transaction manager; not owned
-    /// While `handle` is null: zero makes opens fail, any other value makes them ordinary ones.
-    DWORD opensWithoutHandle = 0;
-};
+/// Whether `type` is one of the two string types (REG_SZ and REG_EXPAND_SZ of winnt.h).
+bool isStringType(unsigned long type);
 
-/// An open registry key, closed with the object.
-class RegistryKey {
-  public:
-    /// `transaction` may be null, and outlives the key.
-    explicit RegistryKey(const RegistryTransaction* transaction = nullptr);
-    ~RegistryKey();
-    RegistryKey(const RegistryKey&) = delete;
-    RegistryKey& operator=(const RegistryKey&) = delete;
+/// Whether the data is empty or its last byte is a terminator.
+bool isTerminated(const char* data, std::size_t size);
 
-    /// Opens the subkey in place of the key held so far. Returns the Windows error code; on a
-    /// failure to open, the key held so far stays. ERROR_INVALID_FUNCTION (1): the platform has no
-    /// transactions, or the transaction has no handle and asks for one.
-    LSTATUS open(HKEY parent, const char* subkeyPath, REGSAM access);
-
-    HKEY handle = nullptr;  ///< null when closed
-    REGSAM view = 0;        ///< KEY_WOW64_64KEY, KEY_WOW64_32KEY as asked for at the last open
-    const RegistryTransaction* transaction;
-};
+/// The data up to its first zero byte, or all of it. Points into `data`.
+std::string_view textOfData(const char* data, std::size_t size);

@@ -2,8 +2,9 @@
 
 namespace {
 
-// Process-wide like the code page it describes.
-CodePage codePage = asciiCodePage();
+// Process-wide like the code page it describes. Constant until the application object, itself a
+// global, replaces it: the order in which globals are constructed is the linker's.
+constinit CodePage codePage = asciiCodePage;
 
 unsigned char byteAt(std::string_view text, std::size_t offset) {
     return static_cast<unsigned char>(text[offset]);
@@ -15,15 +16,6 @@ std::size_t characterLength(std::string_view text, std::size_t offset) {
 }
 
 }  // namespace
-
-CodePage asciiCodePage() {
-    CodePage page;
-    for (std::size_t byte = 0; byte < page.lower.size(); ++byte) {
-        const bool upper = byte >= 'A' && byte <= 'Z';
-        page.lower[byte] = static_cast<unsigned char>(upper ? byte - 'A' + 'a' : byte);
-    }
-    return page;
-}
 
 void useCodePage(const CodePage& page) {
     codePage = page;
@@ -77,4 +69,21 @@ std::string withTrailingBackslash(std::string_view path) {
         result += '\\';
     }
     return result;
+}
+
+std::string replaceAll(std::string_view text, std::string_view pattern,
+                       std::string_view replacement, bool ignoreCase) {
+    if (pattern.empty()) {
+        return std::string(text);
+    }
+    // Folding keeps the length, so an offset into the one is an offset into the other.
+    const std::string searched = ignoreCase ? lowerCase(text) : std::string(text);
+    const std::string wanted = ignoreCase ? lowerCase(pattern) : std::string(pattern);
+    std::string result;
+    std::size_t copied = 0;
+    for (std::size_t match; (match = searched.find(wanted, copied)) != std::string::npos;) {
+        result.append(text, copied, match - copied).append(replacement);
+        copied = match + wanted.size();
+    }
+    return result.append(text, copied);
 }

@@ -16,10 +16,17 @@ struct CodePage {
 };
 
 /// Folds A to Z only, has no two-byte characters.
-CodePage asciiCodePage();
+inline constexpr CodePage asciiCodePage = [] {
+    CodePage page;
+    for (std::size_t byte = 0; byte < page.lower.size(); ++byte) {
+        const bool upper = byte >= 'A' && byte <= 'Z';
+        page.lower[byte] = static_cast<unsigned char>(upper ? byte - 'A' + 'a' : byte);
+    }
+    return page;
+}();
 
 /// Makes `page` the code page of every operation below, for the whole process. The start-up
-/// calls it once with the system's page; until then the page is asciiCodePage().
+/// calls it once with the system's page; until then the page is asciiCodePage.
 void useCodePage(const CodePage& page);
 
 /// The text with every single-byte character folded; two-byte characters are kept.
@@ -33,6 +40,11 @@ std::size_t findIgnoringCase(std::string_view text, std::string_view pattern, st
 
 /// Offset of the last backslash character (not of a second byte 0x5C); npos when there is none.
 std::size_t findLastBackslash(std::string_view text);
+
+/// The text with every occurrence of `pattern` replaced; what was inserted is not searched again.
+/// An empty pattern replaces nothing. Letters outside the occurrences keep their case.
+[[nodiscard]] std::string replaceAll(std::string_view text, std::string_view pattern,
+                                     std::string_view replacement, bool ignoreCase);
 
 /// The path, with a backslash appended when its last character is not one.
 std::string withTrailingBackslash(std::string_view path);

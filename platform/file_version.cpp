@@ -1,43 +1,14 @@
 #include "platform/file_version.h"
 
-#include <windows.h>
+#include <functional>
 
-#include <memory>
-#include <new>
-
-#include "platform/procedure_address.h"
-#include "platform/system_library.h"
-#include "platform/version_resource.h"
-
-bool fileVersionText(const std::string& path, std::string& text) {
-    // Looked up rather than imported: imports are resolved before the library search is
-    // restricted, in the installer's own folder first.
-    using GetInfoSize = DWORD(WINAPI*)(const char*, DWORD*);
-    using GetInfo = BOOL(WINAPI*)(const char*, DWORD, DWORD, void*);
-    using QueryValue = BOOL(WINAPI*)(const void*, const char*, void**, UINT*);
-    text.clear();
-    const HMODULE library = loadSystemLibrary("version.dll");
-    const auto getInfoSize = procedureAddress<GetInfoSize>(library, "GetFileVersionInfoSizeA");
-    const auto getInfo = procedureAddress<GetInfo>(library, "GetFileVersionInfoA");
-    const auto queryValue = procedureAddress<QueryValue>(library, "VerQueryValueA");
-    if (getInfoSize == nullptr || getInfo == nullptr || queryValue == nullptr) {
-        return false;
+std::string versionResourceText(std::string_view block, const char* value, std::size_t length) {
+    const char* end = block.data() + block.size();
+    const std::less<> before;
+    if (length == 0 || before(value, block.data()) || !before(value, end)) {
+        return {};
     }
-    DWORD ignored = 0;
-    const DWORD size = getInfoSize(path.c_str(), &ignored);
-    if (size == 0) {
-        return false;
-    }
-    // Zeroed: a block that could not be read holds no value.
-    const std::unique_ptr<char[]> block(new (std::nothrow) char[size]());
-    if (block == nullptr) {
-        return true;
-    }
-    getInfo(path.c_str(), 0, size, block.get());
-    void* value = nullptr;
-    UINT length = 0;
-    if (queryValue(block.get(), "\\StringFileInfo\\040904b0\\FileVersion", &value, &length)) {
-        text = versionResourceText({block.get(), size}, static_cast<const char*>(value), length);
-    }
-    return true;
+    const std::string_view rest(value, static_cast<std::size_t>(end - value));
+    const std::string_view text = rest.substr(0, length);
+    return "Version " + std::string(text.substr(0, text.find('\0')));
 }

@@ -1,8 +1,9 @@
 #pragma once
 
 #include <string>
+#include <string_view>
 
-/// Reads "Version " followed by the FileVersion of the US-English Unicode string table of the
-/// file's version resource. False when the file has no version resource; true with an empty text
-/// when that table, or the value in it, is missing.
-bool fileVersionText(const std::string& path, std::string& text);
+/// "Version " followed by the text at `value`, which ends at its terminator, after `length` bytes
+/// or with `block`, whichever comes first: the block is a file's own data and can claim anything.
+/// Empty when the length is 0 or `value` does not lie in the block.
+std::string versionResourceText(std::string_view block, const char* value, std::size_t length);

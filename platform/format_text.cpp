@@ -33,7 +33,7 @@ std::string formatText(const char* format, ...) {
     return text;
 }
 
-std::string formatPath(const char* format, ...) {
+std::string formatCut(const char* format, ...) {
     va_list arguments;
     va_start(arguments, format);
     std::string text = formatArguments(format, arguments);

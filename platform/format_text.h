@@ -16,8 +16,8 @@
 inline constexpr std::size_t maximumPathLength = 260;
 
 /// The whole formatted text, however long.
-FORMAT_TEXT_CHECKED std::string formatText(const char* format, ...);
+[[nodiscard]] FORMAT_TEXT_CHECKED std::string formatText(const char* format, ...);
 
-/// As formatText, cut to maximumPathLength characters: every composed path, and every other text
-/// that was given a buffer of 261 bytes.
-FORMAT_TEXT_CHECKED std::string formatPath(const char* format, ...);
+/// As formatText, cut to maximumPathLength characters: composed paths, the dialog's title and every
+/// other text that customers know to end there.
+[[nodiscard]] FORMAT_TEXT_CHECKED std::string formatCut(const char* format, ...);

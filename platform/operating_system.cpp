@@ -6,6 +6,8 @@
 #include "platform/ansi_text.h"
 #include "platform/format_text.h"
 
+namespace code = operating_system_code;
+
 namespace {
 
 // Mirror winnt.h and winbase.h.
@@ -18,12 +20,12 @@ constexpr std::uint16_t architectureAmd64 = 9;
 
 /// A release before the service pack is appended to its name.
 struct Release {
-    int code = operating_system_code::notRecognised;
+    int code = code::notRecognised;
     const char* name = "";
 };
 
 OperatingSystemIdentity queryFailure(std::uint32_t error) {
-    return {operating_system_code::notRecognised,
+    return {code::notRecognised,
             formatText("GetVersionEx failed with %d.", static_cast<int>(error)),
             NameDelivery::Direct};
 }
@@ -36,7 +38,7 @@ OperatingSystemIdentity withServicePack(int code, std::string baseName,
 OperatingSystemIdentity windows9x(const OperatingSystemFacts& facts) {
     if (facts.majorVersion != 4) {
         // Kept: this answer leaves before the name reaches the caller.
-        return {operating_system_code::notRecognised,
+        return {code::notRecognised,
                 formatText("Platform id is VER_PLATFORM_WIN32_WINDOWS but Major Version is %d"
                            " - should be 4.",
                            static_cast<int>(facts.majorVersion)),
@@ -45,38 +47,38 @@ OperatingSystemIdentity windows9x(const OperatingSystemFacts& facts) {
     switch (facts.minorVersion) {
         case 0:
             if (equalIgnoringCase(facts.servicePack, " C")) {
-                return {2, "Windows 95 OSR2", NameDelivery::Checked};
+                return {code::windows95Osr2, "Windows 95 OSR2", NameDelivery::Checked};
             }
-            return withServicePack(1, "Windows 95", facts);
+            return withServicePack(code::windows95, "Windows 95", facts);
         case 10:
             if (equalIgnoringCase(facts.servicePack, " A")) {
-                return {4, "Windows 98 Second Edition", NameDelivery::Checked};
+                return {code::windows98SecondEdition, "Windows 98 Second Edition", NameDelivery::Checked};
             }
-            return withServicePack(3, "Windows 98", facts);
+            return withServicePack(code::windows98, "Windows 98", facts);
         case 90:
-            return withServicePack(5, "Windows Me", facts);
+            return withServicePack(code::windowsMe, "Windows Me", facts);
         default:
-            return withServicePack(operating_system_code::notRecognised, "", facts);
+            return withServicePack(code::notRecognised, "", facts);
     }
 }
 
 Release windows5(const OperatingSystemFacts& facts) {
     switch (facts.minorVersion) {
         case 0:
-            return {8, "Windows 2000"};
+            return {code::windows2000, "Windows 2000"};
         case 1:
-            return {operating_system_code::windowsXp, "Windows XP"};
+            return {code::windowsXp, "Windows XP"};
         case 2:
             // Kept: the architecture comes first and the product type is not looked at, so every
             // 64-bit 5.2 system takes the packages of the x64 edition.
             if (facts.nativeArchitecture == architectureAmd64) {
-                return {10, "Windows XP Professional x64 Edition"};
+                return {code::windowsXpX64, "Windows XP Professional x64 Edition"};
             }
             if ((facts.suiteMask & suiteHomeServer) != 0) {
-                return {12, "Windows Home Server"};
+                return {code::homeServer, "Windows Home Server"};
             }
-            return facts.serverR2Metric == 0 ? Release{11, "Windows Server 2003"}
-                                             : Release{13, "Windows Server 2003 R2"};
+            return facts.serverR2Metric == 0 ? Release{code::server2003, "Windows Server 2003"}
+                                             : Release{code::server2003R2, "Windows Server 2003 R2"};
         default:
             return {};
     }
@@ -91,14 +93,14 @@ OperatingSystemIdentity windows6OrLater(const OperatingSystemFacts& facts) {
     };
     // Kept: 6.1 alone gives the server the lower code; the driver packages name these codes.
     static constexpr Row rows[] = {
-        {6, 0, {14, "Windows Vista"}, {15, "Windows Server 2008"}},
-        {6, 1, {17, "Windows 7"}, {16, "Windows Server 2008 R2"}},
-        {6, 2, {18, "Windows 8"}, {19, "Windows Server 2012"}},
-        {6, 3, {20, "Windows 8.1"}, {21, "Windows Server 2012 R2"}},
+        {6, 0, {code::windowsVista, "Windows Vista"}, {code::server2008, "Windows Server 2008"}},
+        {6, 1, {code::windows7, "Windows 7"}, {code::server2008R2, "Windows Server 2008 R2"}},
+        {6, 2, {code::windows8, "Windows 8"}, {code::server2012, "Windows Server 2012"}},
+        {6, 3, {code::windows81, "Windows 8.1"}, {code::server2012R2, "Windows Server 2012 R2"}},
         {10,
          0,
-         {22, "Windows 10 Insider Preview"},
-         {operating_system_code::newestKnown, "Windows Server 10 Technical Preview"}},
+         {code::windows10, "Windows 10 Insider Preview"},
+         {code::server10, "Windows Server 10 Technical Preview"}},
     };
     for (const Row& row : rows) {
         if (row.majorVersion == facts.extendedMajorVersion &&
@@ -110,7 +112,7 @@ OperatingSystemIdentity windows6OrLater(const OperatingSystemFacts& facts) {
     }
     // Kept: the parenthesis stays open.
     return withServicePack(
-        operating_system_code::unknownNewer,
+        code::unknownNewer,
         formatText("unknown or new (%d.%d", static_cast<int>(facts.extendedMajorVersion),
                    static_cast<int>(facts.extendedMinorVersion)),
         facts);
@@ -127,10 +129,10 @@ OperatingSystemIdentity windowsNt(const OperatingSystemFacts& facts) {
         case 2:
             break;
         case 3:
-            release = {6, "Windows NT 3.51"};
+            release = {code::windowsNt351, "Windows NT 3.51"};
             break;
         case 4:
-            release = {7, "Windows NT 4.0"};
+            release = {code::windowsNt4, "Windows NT 4.0"};
             break;
         case 5:
             release = windows5(facts);
@@ -139,7 +141,7 @@ OperatingSystemIdentity windowsNt(const OperatingSystemFacts& facts) {
             return windows6OrLater(facts);
         default:
             // Kept: a release this new has no name of its own, only its service pack.
-            release = {operating_system_code::unknownNewer, ""};
+            release = {code::unknownNewer, ""};
             break;
     }
     return withServicePack(release.code, release.name, facts);
@@ -158,20 +160,20 @@ OperatingSystemIdentity identifyOperatingSystem(const OperatingSystemFacts& fact
     }
     switch (facts.platformId) {
         case platformWin32s:
-            return withServicePack(0, "Win32s", facts);
+            return withServicePack(code::win32s, "Win32s", facts);
         case platformWindows:
             return windows9x(facts);
         case platformNt:
             return windowsNt(facts);
         default:
-            return withServicePack(operating_system_code::notRecognised, "", facts);
+            return withServicePack(code::notRecognised, "", facts);
     }
 }
 
 int deliverOperatingSystemName(const OperatingSystemIdentity& identity, char* buffer,
                                std::size_t size) {
     if (buffer == nullptr || size == 0) {
-        return operating_system_code::noBuffer;
+        return code::noBuffer;
     }
     std::size_t length = identity.name.size();
     switch (identity.delivery) {
@@ -182,7 +184,7 @@ int deliverOperatingSystemName(const OperatingSystemIdentity& identity, char* bu
             break;
         case NameDelivery::Checked:
             if (length > size) {
-                return operating_system_code::nameTooLong;
+                return code::nameTooLong;
             }
             if (length == size) {
                 length = 0;

@@ -5,15 +5,39 @@
 #include <cstdint>
 #include <string>
 
-/// Codes that other code names; 0 ("Win32s") to 23 are the known releases in the order of
-/// identifyOperatingSystem.
+/// What a run knows the running release by. Later releases than those that the manifest declares
+/// report themselves as 6.2, so the codes above windows8 and server2012 are rare.
 namespace operating_system_code {
+inline constexpr int win32s = 0;
+inline constexpr int windows95 = 1;
+inline constexpr int windows95Osr2 = 2;
+inline constexpr int windows98 = 3;
+inline constexpr int windows98SecondEdition = 4;
+inline constexpr int windowsMe = 5;
+inline constexpr int windowsNt351 = 6;  ///< and any other 3.x
+inline constexpr int windowsNt4 = 7;    ///< any 4.x
+inline constexpr int windows2000 = 8;   ///< its servers too
 inline constexpr int windowsXp = 9;
-inline constexpr int newestKnown = 23;
-inline constexpr int unknownNewer = 24;
-inline constexpr int notRecognised = -1;
-inline constexpr int nameTooLong = -2;
+inline constexpr int windowsXpX64 = 10;  ///< any 5.2 on AMD64, the servers of 2003 among them
+inline constexpr int server2003 = 11;
+inline constexpr int homeServer = 12;
+inline constexpr int server2003R2 = 13;
+inline constexpr int windowsVista = 14;
+inline constexpr int server2008 = 15;
+inline constexpr int server2008R2 = 16;
+inline constexpr int windows7 = 17;
+inline constexpr int windows8 = 18;    ///< and every later workstation, which reports 6.2
+inline constexpr int server2012 = 19;  ///< and every later server, which reports 6.2
+inline constexpr int windows81 = 20;
+inline constexpr int server2012R2 = 21;
+inline constexpr int windows10 = 22;
+inline constexpr int server10 = 23;
+inline constexpr int unknownNewer = 24;    ///< a major version of 7 or more, or a later 6.x or 10.x
+inline constexpr int notRecognised = -1;   ///< the query failed, or its answer names no release
+inline constexpr int nameTooLong = -2;     ///< for the caller's buffer
 inline constexpr int noBuffer = -3;
+inline constexpr int oldestWithDrivers = windowsXp;
+inline constexpr int newestKnown = server10;
 }  // namespace operating_system_code
 
 /// Everything the identification looks at. The first group mirrors OSVERSIONINFOA, the second
@@ -50,14 +74,14 @@ struct OperatingSystemIdentity {
 };
 
 /// True when the decision for the first query's numbers needs the extended query.
-bool needsExtendedQuery(const OperatingSystemFacts& facts);
+[[nodiscard]] bool needsExtendedQuery(const OperatingSystemFacts& facts);
 
-OperatingSystemIdentity identifyOperatingSystem(const OperatingSystemFacts& facts);
+[[nodiscard]] OperatingSystemIdentity identifyOperatingSystem(const OperatingSystemFacts& facts);
 
 /// Puts the name into `buffer` of `size` bytes and returns the code. Returns noBuffer, touching
 /// nothing, when there is no buffer; nameTooLong, touching nothing, when the name without its
 /// terminator is longer than `size`. A name of exactly `size` characters passes that test and
 /// then does not fit with its terminator: the buffer becomes empty (kept: the code is still
 /// returned).
-int deliverOperatingSystemName(const OperatingSystemIdentity& identity, char* buffer,
+[[nodiscard]] int deliverOperatingSystemName(const OperatingSystemIdentity& identity, char* buffer,
                                std::size_t size);

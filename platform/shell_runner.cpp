@@ -1,61 +1,63 @@
 #include "platform/shell_runner.h"
 
-#include "platform/shell_messages.h"
-
 namespace {
 
-constexpr DWORD pollInterval = 200;  // milliseconds
+struct FailureMessage {
+    std::uint32_t code;
+    const char* text;  ///< null: nothing is shown
+};
 
-#ifndef _WIN64
-static_assert(sizeof(SHELLEXECUTEINFOA) == 60);
-#endif
+constexpr char pathNotFound[] = "The specified path was not found.";
+constexpr char accessDenied[] = "The operating system denied access to the specified file.";
+constexpr char sharingViolation[] = "A sharing violation occurred.";
+constexpr char ddeFailed[] = "The DDE transaction failed.";
+constexpr char noAssociation[] =
+    "There is no application associated with the given file name extension. This error will also "
+    "be returned if you attempt to print a file that is not printable.";
+constexpr char libraryNotFound[] = "The specified dynamic-link library was not found.";
+
+// Codes: SE_ERR_ of shellapi.h. A missing file is silent: the callers report it themselves.
+constexpr FailureMessage instanceMessages[] = {
+    {2, nullptr},
+    {3, pathNotFound},
+    {5, accessDenied},
+    {8, "There was not enough memory to complete the operation."},
+    {26, sharingViolation},
+    {27, "The file name association is incomplete or invalid."},
+    {28, "The DDE transaction could not be completed because the request timed out."},
+    {29, ddeFailed},
+    {30,
+     "The DDE transaction could not be completed because other DDE transactions were being "
+     "processed."},
+    {31, noAssociation},
+    {32, libraryNotFound},
+};
+
+// Codes: ERROR_ of winerror.h.
+constexpr FailureMessage errorMessages[] = {
+    {2, nullptr},
+    {3, pathNotFound},
+    {5, accessDenied},
+    {8, "The operating system did not have enough memory or resources to complete the process."},
+    {32, sharingViolation},
+    {1155, noAssociation},
+    {1156, ddeFailed},
+    {1157, libraryNotFound},
+    {1223, "Operation cancelled by user."},
+};
 
 }  // namespace
 
-ShellRunner::ShellRunner(HWND owner) {
-    execution.cbSize = sizeof execution;
-    execution.fMask = SEE_MASK_NOCLOSEPROCESS;
-    execution.hwnd = owner;
-    execution.lpParameters = "";
-    execution.lpDirectory = "";
-    execution.nShow = SW_SHOWNORMAL;
-}
-
-HANDLE ShellRunner::start(const char* file, const char* parameters, const char* verb) {
-    exitCode = 0;
-    if (file == nullptr) {
-        return nullptr;
+const char* shellFailureMessage(std::uintptr_t instanceResult, std::uint32_t lastError) {
+    for (const FailureMessage& message : instanceMessages) {
+        if (message.code == instanceResult) {
+            return message.text;
+        }
     }
-    execution.lpVerb = verb;
-    execution.lpFile = file;
-    execution.lpParameters = parameters != nullptr && *parameters != '\0' ? parameters : nullptr;
-    if (ShellExecuteExA(&execution)) {
-        return execution.hProcess;
+    for (const FailureMessage& message : errorMessages) {
+        if (message.code == lastError) {
+            return message.text;
+        }
     }
-    const DWORD error = GetLastError();
-    const char* message =
-        shellFailureMessage(reinterpret_cast<std::uintptr_t>(execution.hInstApp), error);
-    if (message != nullptr) {
-        MessageBoxA(nullptr, message, "Error", MB_OK | MB_ICONEXCLAMATION);
-    }
-    return nullptr;
-}
-
-bool ShellRunner::runAndWait(const char* file, const char* parameters, const char* verb) {
-    // Kept: after a failed start the flag stays, and the object's later runs have it too.
-    execution.fMask |= SEE_MASK_NOASYNC;
-    const HANDLE process = start(file, parameters, verb);
-    if (process == nullptr) {
-        return false;
-    }
-    exitCode = 0;
-    bool active = false;
-    do {
-        GetExitCodeProcess(process, &exitCode);
-        active = exitCode == STILL_ACTIVE;
-        // Kept: also after the last query, so that every run lasts at least one interval.
-        Sleep(pollInterval);
-    } while (active);
-    execution.fMask = SEE_MASK_NOCLOSEPROCESS;
-    return true;
+    return "Unknown ShellExecute error !";
 }

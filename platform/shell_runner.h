@@ -1,29 +1,8 @@
 #pragma once
 
-#include <windows.h>
+#include <cstdint>
 
-#include <shellapi.h>
-
-/// Starts programs through the shell. One object may serve several runs, one after another.
-/// A failed start is reported to the user by a message box titled "Error", but for a file that
-/// was not found.
-class ShellRunner {
-  public:
-    /// `owner` is the shell's owner window, may be null.
-    explicit ShellRunner(HWND owner = nullptr);
-
-    /// Starts `file`; the texts are used during the call only. Null or empty `parameters` are
-    /// passed as none. Returns the process handle, which is never closed (kept: it lives as long
-    /// as the installer, which ends soon after), or null on failure or when `file` is null.
-    HANDLE start(const char* file, const char* parameters, const char* verb);
-
-    /// Starts `file` and blocks until it has ended, pumping no messages. False when it could not
-    /// be started. Lasts at least 200 ms after a start.
-    bool runAndWait(const char* file, const char* parameters, const char* verb);
-
-    /// Exit code of the last process waited for; 0 after start.
-    DWORD exitCode = 0;
-
-  private:
-    SHELLEXECUTEINFOA execution{};
-};
+/// What to tell the user after ShellExecuteExA failed: chosen by the shell's instance result
+/// (SE_ERR_ codes of shellapi.h) and, where that says nothing, by GetLastError. Null: nothing is
+/// shown. The text is static.
+const char* shellFailureMessage(std::uintptr_t instanceResult, std::uint32_t lastError);

@@ -1,9 +1,9 @@
 #include "platform/version_number.h"
 
+#include <algorithm>
 #include <cstdint>
 #include <utility>
 
-#include "platform/field_splitter.h"
 #include "platform/format_text.h"
 
 namespace {
@@ -50,6 +50,32 @@ std::string splitError(std::string_view version, std::vector<std::string>& field
 }
 
 }  // namespace
+
+void splitFields(std::string_view text, std::vector<std::string>& fields, char delimiter) {
+    constexpr char escape = '`';
+    fields.clear();
+    fields.reserve(static_cast<std::size_t>(std::count(text.begin(), text.end(), delimiter)) + 1);
+    std::string field;
+    for (std::size_t offset = 0; offset < text.size(); ++offset) {
+        const char character = text[offset];
+        if (character == escape && offset + 1 < text.size() &&
+            (delimiter != escape || text[offset + 1] == escape)) {
+            ++offset;
+            if (text[offset] != delimiter) {
+                field += escape;
+            }
+            field += text[offset];
+        } else if (character == delimiter) {
+            fields.push_back(field);
+            field.clear();
+        } else {
+            field += character;
+        }
+    }
+    if (!field.empty()) {
+        fields.push_back(field);
+    }
+}
 
 bool splitVersion(std::string_view version, std::vector<std::string>& fields, std::string* error) {
     fields.clear();

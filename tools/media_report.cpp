@@ -2,14 +2,12 @@
 
 #include <cstdio>
 
-#include "app/install_messages.h"
-#include "app/install_path.h"
-#include "app/media_files.h"
-#include "app/program_folder.h"
-#include "app/setup_request.h"
+#include "app/message.h"
+#include "app/install_plan.h"
+#include "app/setup_parameters.h"
 #include "catalogue/product_code.h"
-#include "catalogue/product_data_text.h"
-#include "drivers/driver_extraction.h"
+#include "catalogue/product_data_file.h"
+#include "drivers/driver_installation.h"
 #include "drivers/driver_package_table.h"
 #include "platform/ansi_text.h"
 #include "tools/stamp_image.h"

@@ -4,7 +4,7 @@
 #include <string>
 #include <string_view>
 
-#include "catalogue/product_data.h"
+#include "catalogue/product_catalogue.h"
 
 /// Finds the product that `given` names, letter case ignored. `stamped` is the code as it goes
 /// into the executable: as given, but for the directly installed edition, which is stamped "1Q".

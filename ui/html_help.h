@@ -1,21 +1,6 @@
 #pragma once
 
-#include <windows.h>
-
 #include <string>
 
-/// HTML Help, loaded from its registered control when it is first asked for. Where it cannot be
-/// loaded, that is remembered and asking does nothing. The control stays loaded until the process
-/// ends, since its windows have threads of their own.
-class HtmlHelpControl {
-  public:
-    /// Opens the file at its first page.
-    void displayTopic(HWND owner, const std::string& file);
-
-  private:
-    using EntryPoint = HWND(WINAPI*)(HWND, const char*, UINT, DWORD_PTR);
-    static EntryPoint load();
-
-    bool tried = false;
-    EntryPoint entryPoint = nullptr;
-};
+/// The help file of the program at `programPath`: beside it, with its name, ending in ".chm".
+std::string helpFilePath(const std::string& programPath);

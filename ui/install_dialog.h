@@ -1,58 +1,20 @@
+// How far the "Install Product" dialog grows to fit its prompt.
 #pragma once
 
-#include <string>
+#include <span>
+#include <string_view>
+#include <vector>
 
-#include "framework/button.h"
-#include "framework/dialog.h"
-#include "ui/html_help.h"
-#include "ui/product_type.h"
-
-/// "Install Product": asks for the live product, the file viewer or the demonstration.
-class CInstallDlg : public CDialog {
-  public:
-    /// `productText` is kept, not shown.
-    explicit CInstallDlg(const std::string& productText, CWnd* parent = nullptr);
-
-    void SetCaption(const std::string& text);
-    /// Of any length and number of lines; the dialog grows to fit it, and never shrinks.
-    void SetPrompt(const std::string& text);
-    /// Before DoModal. Neither is offered otherwise; the live product always is.
-    void SetOfferDemonstration(bool offer);
-    void SetOfferFileViewer(bool offer);
-
-    /// The result; to be read after DoModal returned IDOK.
-    unsigned productType = product_type::live;
-
-  protected:
-    bool OnInitDialog() override;
-    void OnOK() override;
-    MessageMap GetMessageMap() const override;
-
-  private:
-    LRESULT OnPaint(WPARAM, LPARAM);
-    LRESULT OnQueryDragIcon(WPARAM, LPARAM);
-    LRESULT OnHelpInfo(WPARAM, LPARAM);
-    void OnHelp();
-    void OnLiveProduct();
-    void OnFileViewer();
-    void OnDemonstration();
-
-    /// Makes room for the prompt, from the sizes that the windows have now.
-    void LayOutPrompt();
-
-    CWnd promptText;
-    CButton liveProduct;
-    CButton fileViewer;
-    CButton demonstration;
-    CButton installButton;
-    CButton helpButton;
-
-    std::string productText;
-    std::string caption;
-    std::string prompt;
-    unsigned choice = 0;  ///< 0 live product, 1 file viewer, 2 demonstration
-    bool offerDemonstration = false;
-    bool offerFileViewer = false;
-    HICON icon;  ///< shared, never destroyed
-    HtmlHelpControl help;
+/// In pixels.
+struct TextExtent {
+    int width;
+    int height;
 };
+
+/// The prompt's lines, at least one. CR, LF, CR LF and LF CR each end a line. A single break
+/// character that ends the prompt is kept in its line. The pieces point into `prompt`.
+std::vector<std::string_view> promptLines(std::string_view prompt);
+
+/// Pixels by which the prompt's control of `width` by `height` pixels, and the dialog, become
+/// taller; 0 when the lines fit. `width` must be positive and `lines` not empty.
+int promptGrowth(std::span<const TextExtent> lines, int width, int height);

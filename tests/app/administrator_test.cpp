@@ -1,8 +1,8 @@
-#include "app/administrator.h"
+#include "app/administrator_win.h"
 
 #include <gtest/gtest.h>
 
-#include "platform/kernel_handle.h"
+#include "platform/handle_win.h"
 
 namespace {
 

@@ -1,4 +1,4 @@
-#include "app/direct_install_texts.h"
+#include "app/direct_install.h"
 
 #include <gtest/gtest.h>
 

@@ -1,4 +1,4 @@
-#include "app/environment_policy.h"
+#include "app/environment.h"
 
 #include <gtest/gtest.h>
 

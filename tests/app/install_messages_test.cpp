@@ -1,4 +1,4 @@
-#include "app/install_messages.h"
+#include "app/message.h"
 
 #include <gtest/gtest.h>
 

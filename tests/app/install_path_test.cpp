@@ -1,4 +1,4 @@
-#include "app/install_path.h"
+#include "app/install_plan.h"
 
 #include <gtest/gtest.h>
 

@@ -4,8 +4,6 @@
 
 #include <algorithm>
 
-#include "app/program_folder.h"
-#include "app/setup_request.h"
 #include "ui/product_type.h"
 
 using namespace product_type;

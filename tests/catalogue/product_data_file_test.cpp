@@ -1,4 +1,4 @@
-#include "catalogue/product_data_file.h"
+#include "catalogue/product_data_file_win.h"
 
 #include <gtest/gtest.h>
 

@@ -1,4 +1,4 @@
-#include "catalogue/product_data.h"
+#include "catalogue/product_catalogue.h"
 
 #include <gtest/gtest.h>
 
@@ -6,7 +6,7 @@
 
 #include "catalogue/code_directory.h"
 #include "catalogue/product_code.h"
-#include "catalogue/viewer_names.h"
+#include "catalogue/product_names.h"
 
 namespace {
 

@@ -1,9 +1,8 @@
-#include "catalogue/product_data_text.h"
+#include "catalogue/product_data_file.h"
 
 #include <gtest/gtest.h>
 
 #include "catalogue/cipher.h"
-#include "catalogue/program_directory.h"
 
 using Values = CProductData::ValueMap;
 

@@ -1,4 +1,4 @@
-#include "drivers/driver_extraction.h"
+#include "drivers/driver_installation.h"
 
 #include <gtest/gtest.h>
 

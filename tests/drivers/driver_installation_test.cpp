@@ -1,4 +1,4 @@
-#include "drivers/driver_installation.h"
+#include "drivers/driver_installation_win.h"
 
 #include <gtest/gtest.h>
 

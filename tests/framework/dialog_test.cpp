@@ -1,4 +1,4 @@
-#include "framework/dialog.h"
+#include "framework/dialog_win.h"
 
 #include <gtest/gtest.h>
 

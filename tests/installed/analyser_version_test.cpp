@@ -1,4 +1,4 @@
-#include "installed/analyser_version.h"
+#include "installed/installation_record.h"
 
 #include <gtest/gtest.h>
 

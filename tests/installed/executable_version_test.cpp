@@ -5,8 +5,8 @@
 #include <fstream>
 #include <iterator>
 
-#include "installed/installation_index.h"
-#include "platform/file_version.h"
+#include "installed/installation_index_win.h"
+#include "platform/file_version_win.h"
 
 namespace {
 

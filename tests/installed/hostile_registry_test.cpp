@@ -1,11 +1,10 @@
 // The readers of the registry on what other programs may have left there.
 #include <optional>
 
-#include "installed/installation_index.h"
-#include "installed/installed_product_discovery.h"
-#include "installed/key_tree_walk.h"
-#include "installed/registry_value.h"
-#include "installed/walk_error.h"
+#include "installed/installation_index_win.h"
+#include "installed/installed_product_win.h"
+#include "installed/key_tree_walk_win.h"
+#include "installed/registry_key_win.h"
 #include "tests/installed/sample_record.h"
 #include "tests/installed/scratch_machine.h"
 

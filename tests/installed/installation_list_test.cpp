@@ -1,4 +1,4 @@
-#include "installed/installation_list.h"
+#include "installed/installation_index.h"
 
 #include <gtest/gtest.h>
 

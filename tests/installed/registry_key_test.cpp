@@ -1,4 +1,4 @@
-#include "installed/registry_key.h"
+#include "installed/registry_key_win.h"
 
 #include "tests/installed/scratch_machine.h"
 

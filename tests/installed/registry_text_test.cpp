@@ -1,4 +1,4 @@
-#include "installed/registry_text.h"
+#include "installed/registry_key.h"
 
 #include <gtest/gtest.h>
 

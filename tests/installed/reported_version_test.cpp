@@ -1,4 +1,4 @@
-#include "installed/reported_version.h"
+#include "installed/installed_product.h"
 
 #include <gtest/gtest.h>
 

@@ -1,4 +1,4 @@
-#include "installed/running_instances.h"
+#include "installed/running_instances_win.h"
 
 #include <windows.h>
 

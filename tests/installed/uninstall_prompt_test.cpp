@@ -1,4 +1,4 @@
-#include "installed/uninstall_prompt.h"
+#include "installed/ask_uninstall_dialog.h"
 
 #include <gtest/gtest.h>
 

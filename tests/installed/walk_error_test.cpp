@@ -1,4 +1,4 @@
-#include "installed/walk_error.h"
+#include "installed/key_tree_walk_win.h"
 
 #include <gtest/gtest.h>
 

@@ -2,8 +2,8 @@
 
 #include <cstdlib>
 
-#include "platform/runtime/end_process.h"
-#include "platform/shell_runner.h"
+#include "platform/runtime/end_process_win.h"
+#include "platform/shell_runner_win.h"
 
 namespace {
 

@@ -1,4 +1,4 @@
-#include "platform/operating_system_query.h"
+#include "platform/operating_system_win.h"
 
 #include <windows.h>
 

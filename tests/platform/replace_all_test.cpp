@@ -1,4 +1,4 @@
-#include "platform/replace_all.h"
+#include "platform/ansi_text.h"
 
 #include <gtest/gtest.h>
 

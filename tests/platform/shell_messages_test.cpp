@@ -1,4 +1,4 @@
-#include "platform/shell_messages.h"
+#include "platform/shell_runner.h"
 
 #include <gtest/gtest.h>
 

@@ -1,4 +1,4 @@
-#include "platform/shell_runner.h"
+#include "platform/shell_runner_win.h"
 
 #include <gtest/gtest.h>
 

@@ -1,4 +1,4 @@
-#include "platform/system_code_page.h"
+#include "platform/ansi_text_win.h"
 
 #include <windows.h>
 

@@ -1,10 +1,9 @@
-#include "platform/system_library.h"
+#include "platform/system_library_win.h"
 
 #include <gtest/gtest.h>
 
 #include <cstdlib>
 
-#include "platform/procedure_address.h"
 
 namespace {
 

@@ -1,4 +1,4 @@
-#include "ui/help_file.h"
+#include "ui/html_help.h"
 
 #include <gtest/gtest.h>
 

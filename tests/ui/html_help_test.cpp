@@ -1,4 +1,4 @@
-#include "ui/html_help.h"
+#include "ui/html_help_win.h"
 
 #include <gtest/gtest.h>
 
@@ -6,7 +6,7 @@
 
 #include "tests/framework/modal_driver.h"
 #include "tests/installed/scratch_machine.h"
-#include "ui/install_dialog.h"
+#include "ui/install_dialog_win.h"
 #include "ui/resource.h"
 
 namespace {

@@ -1,4 +1,4 @@
-#include "ui/install_dialog.h"
+#include "ui/install_dialog_win.h"
 
 #include <gtest/gtest.h>
 

@@ -1,4 +1,4 @@
-#include "ui/prompt_layout.h"
+#include "ui/install_dialog.h"
 
 #include <gtest/gtest.h>
 

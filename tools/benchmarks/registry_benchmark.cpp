@@ -15,9 +15,9 @@
 #include <utility>
 #include <vector>
 
-#include "installed/installation_index.h"
-#include "installed/installed_product_discovery.h"
-#include "platform/procedure_address.h"
+#include "installed/installation_index_win.h"
+#include "installed/installed_product_win.h"
+#include "platform/system_library_win.h"
 #include "tools/benchmarks/stopwatch.h"
 
 namespace {

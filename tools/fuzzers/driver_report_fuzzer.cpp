@@ -1,4 +1,4 @@
-#include "drivers/driver_extraction.h"
+#include "drivers/driver_installation.h"
 #include "tools/fuzzers/fuzz_input.h"
 
 int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {

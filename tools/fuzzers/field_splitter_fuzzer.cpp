@@ -1,6 +1,6 @@
 #include <algorithm>
 
-#include "platform/field_splitter.h"
+#include "platform/version_number.h"
 #include "tools/fuzzers/fuzz_input.h"
 
 int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {

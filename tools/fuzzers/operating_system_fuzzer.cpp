@@ -1,6 +1,6 @@
 #include <cstring>
 
-#include "app/environment_policy.h"
+#include "app/environment.h"
 #include "platform/operating_system.h"
 #include "tools/fuzzers/fuzz_input.h"
 

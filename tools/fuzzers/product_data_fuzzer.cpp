@@ -1,4 +1,4 @@
-#include "catalogue/product_data_text.h"
+#include "catalogue/product_data_file.h"
 #include "tools/fuzzers/fuzz_input.h"
 
 int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {

@@ -1,5 +1,5 @@
 #include "tools/fuzzers/fuzz_input.h"
-#include "ui/prompt_layout.h"
+#include "ui/install_dialog.h"
 
 int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
     const std::string_view prompt = asText(data, size);

@@ -1,5 +1,4 @@
 #include "platform/ansi_text.h"
-#include "platform/replace_all.h"
 #include "tools/fuzzers/fuzz_input.h"
 
 int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {

@@ -1,4 +1,4 @@
-#include "app/uninstall_command.h"
+#include "app/direct_install.h"
 #include "platform/ansi_text.h"
 #include "tools/fuzzers/fuzz_input.h"
 

@@ -1,0 +1,59 @@
+// The edition that is installed directly: what replaces its older versions, what is run, and what is
+// told about it.
+#pragma once
+
+#include <cstdint>
+#include <string>
+
+#include "app/message.h"
+#include "installed/installed_product.h"
+
+/// In the source directory; takes the place of an old viewer's uninstaller.
+inline constexpr const char* replacementUninstallerFile = "UninstallQmx.exe";
+
+/// Full path of an installed product's analyser, at most 260 characters.
+[[nodiscard]] std::string analyserPath(const InstalledProduct& product);
+
+/// The file that exists while an installed product's own uninstaller is at work, at most 260
+/// characters.
+[[nodiscard]] std::string importMarkerPath(const InstalledProduct& product);
+
+/// The command line with which an installed viewer is removed.
+struct UninstallCommand {
+    std::string program;
+    std::string arguments;   ///< may be empty
+    bool runsSetup = false;  ///< the product's own setup program, cut from its arguments
+};
+
+/// Cuts a command that runs "setup.exe" (of any letter case) behind the name and the character
+/// after it, a closing quote, and leaves out the next one, a blank. Kept: neither is looked at,
+/// the uninstall lists in the field hold what installers of many years wrote. Any other command
+/// is the program as a whole.
+[[nodiscard]] UninstallCommand cutUninstallCommand(const std::string& command);
+
+/// Where the uninstaller that replaces the setup program of `command` (runsSetup) is copied:
+/// beside it, without quotes.
+[[nodiscard]] std::string uninstallerTarget(const UninstallCommand& command);
+
+/// `code` is the result of stopping the product's running copies.
+[[nodiscard]] Message couldNotStopMessage(const InstalledProduct& product, std::uint32_t code);
+
+/// A point in time as the clock tells it; mirrors the members of SYSTEMTIME (minwinbase.h) of the
+/// same names.
+struct SystemTime {
+    std::uint16_t year = 0;
+    std::uint16_t month = 0;  ///< 1 is January
+    std::uint16_t day = 0;
+    std::uint16_t hour = 0;
+    std::uint16_t minute = 0;
+    std::uint16_t second = 0;
+};
+
+/// Readable: "2026-01-02 03:04:05"; else `lead` (which the readable form leaves out) and the
+/// digits alone. `text` is cut to 32 characters.
+void FormatTimestamp(const SystemTime& time, std::string& text, bool readable, char lead);
+
+/// The install log's line, without a line end, about an uninstaller that could not be copied.
+/// `error` is Windows' error code, `time` is UTC.
+[[nodiscard]] std::string copyFailedLogLine(const SystemTime& time, const std::string& source,
+                                            const std::string& target, std::uint32_t error);

@@ -1,0 +1,100 @@
+// The whole rest of the run for the free protocol viewer: every older viewer goes, then its setup
+// utility is started. Nobody is asked.
+#include <windows.h>
+
+#include "app/direct_install.h"
+#include "app/install_app.h"
+#include "app/install_log_win.h"
+#include "app/message_win.h"
+#include "app/setup_parameters.h"
+#include "catalogue/product_names.h"
+#include "installed/analyser_path.h"
+#include "installed/installed_product_win.h"
+#include "installed/running_instances_win.h"
+#include "platform/files_win.h"
+#include "platform/format_text.h"
+#include "platform/shell_runner_win.h"
+
+namespace {
+
+/// For an uninstaller that leaves its work to a process of its own.
+constexpr int longestMarkerWait = 180;         // checks
+constexpr DWORD markerCheckInterval = 1000;  // milliseconds
+
+std::vector<InstalledProduct> findInstalledViewers() {
+    std::vector<InstalledProduct> viewers;
+    for (const char* name : {testSuiteViewerName, protocolViewerName}) {
+        std::vector<InstalledProduct> found;
+        findInstalledProducts(name, found);
+        // Discovery also finds names that only contain this one: nobody is asked here, so a
+        // product that is not exactly the viewer is left alone.
+        for (const InstalledProduct& product : found) {
+            if (product.displayName == name) {
+                viewers.push_back(product);
+            }
+        }
+    }
+    return viewers;
+}
+
+SystemTime currentTime() {
+    SYSTEMTIME now;
+    GetSystemTime(&now);
+    return {now.wYear, now.wMonth, now.wDay, now.wHour, now.wMinute, now.wSecond};
+}
+
+bool copyUninstaller(const std::string& source, const std::string& target) {
+    if (CopyFileA(source.c_str(), target.c_str(), FALSE)) {
+        return true;
+    }
+    const DWORD error = GetLastError();
+    appendToInstallLog(copyFailedLogLine(currentTime(), source, target, error));
+    return false;
+}
+
+/// At most three minutes.
+void waitWhileExists(const std::string& path) {
+    for (int check = 0; check < longestMarkerWait && pathExists(path); ++check) {
+        Sleep(markerCheckInterval);
+    }
+}
+
+void uninstall(const InstalledProduct& product, const std::string& sourceDirectory) {
+    UninstallCommand command = cutUninstallCommand(product.uninstallString);
+    bool waitForMarker = false;
+    if (command.runsSetup) {
+        const std::string source =
+            formatCut("%s%s", sourceDirectory.c_str(), replacementUninstallerFile);
+        const std::string target = uninstallerTarget(command);
+        if (copyUninstaller(source, target)) {
+            command = {target, ""};
+        } else {
+            waitForMarker = true;
+        }
+    }
+    ShellRunner().runAndWait(command.program.c_str(), command.arguments.c_str(), "open");
+    // The product's own setup program leaves its work to a process that nobody can wait for.
+    if (waitForMarker) {
+        waitWhileExists(importMarkerPath(product));
+    }
+}
+
+}  // namespace
+
+void CInstallApp::InstallDirectly() {
+    for (const InstalledProduct& product : findInstalledViewers()) {
+        const DWORD code = terminateProcessesByPath(analyser::program, analyserPath(product));
+        if (code != 0) {
+            showMessage(couldNotStopMessage(product, code));
+            return;
+        }
+        uninstall(product, sourceDirectory);
+    }
+    std::string setupPath;
+    if (!LocateSetupUtility(setupPath)) {
+        return;
+    }
+    loadProductValues(catalogue);
+    const std::string parameters = directSetupParameters(catalogue, productCode, sourceDirectory);
+    ShellRunner().start(setupPath.c_str(), parameters.c_str(), "open");
+}

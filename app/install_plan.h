@@ -1,0 +1,44 @@
+// What a run does for a product, decided once and for all before it does anything. The install
+// sequence walks this value; the release engineer's tools tell the same value beforehand.
+#pragma once
+
+#include <string_view>
+
+#include "catalogue/product_catalogue.h"
+#include "drivers/driver_package_table.h"
+
+/// The way through the install sequence.
+enum class Road {
+    Direct,          ///< the free viewer: nothing is asked
+    EndSilently,     ///< nothing is installed and nothing said; the families' media rely on it
+    HardwareFamily,  ///< drivers, then the choice of the product type
+    Ordinary,        ///< older versions, then drivers or the choice of the product type
+};
+
+/// Whose installed versions are looked for and offered for removal.
+enum class OlderVersions { Leave, OfProduct, OfMaker };
+
+enum class DriverStep {
+    None,
+    BeforeChoice,
+    InPlaceOfChoice,  ///< the live product follows without a question
+};
+
+struct InstallPlan {
+    Road road = Road::Ordinary;
+    int productNumber = -1;  ///< -1 for a code that is not one
+    OlderVersions olderVersions = OlderVersions::Leave;
+    DriverStep driverStep = DriverStep::None;
+    /// The drivers' family, within the table that the plan was made from; null for none.
+    const DeviceFamily* deviceFamily = nullptr;
+    /// False: the live product is taken without a question.
+    bool asksProductType = false;
+    // What the question offers beside the live product.
+    bool offersFileViewer = false;
+    bool offersDemonstration = false;
+};
+
+/// `productCode` as stamped. The plan refers to `drivers`.
+[[nodiscard]] InstallPlan planInstallation(std::string_view productCode,
+                                           const CProductData& catalogue,
+                                           const DriverPackageTable& drivers);

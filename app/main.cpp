@@ -1,3 +1,0 @@
-#include "app/install_app.h"
-
-CInstallApp theApp;

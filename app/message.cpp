@@ -1,0 +1,23 @@
+#include "app/message.h"
+
+#include "catalogue/contact_text.h"
+#include "platform/format_text.h"
+
+std::string installTitle(const std::string& productName, const std::string& buildVersion) {
+    return formatCut("%s %s Installation", productName.c_str(), buildVersion.c_str());
+}
+
+Message driversFailedMessage(const std::string& productName, const std::string& error) {
+    return {"Device drivers for " + productName + " were not found and extraction failed:\n\n" +
+            error};
+}
+
+Message invalidInstallerMessage(std::string_view productCode) {
+    return {"This installer is invalid. Please contact Technical Support.\n\n" +
+            contactText(productCode, ContactLayout::Lines)};
+}
+
+Message setupMissingMessage(const std::string& setupPath) {
+    return {"Failed to locate program installation utility: \"" + setupPath + '"',
+            MessageIcon::Error};
+}

@@ -1,0 +1,10 @@
+#include "app/message_win.h"
+
+#include "framework/application_win.h"
+
+bool showMessage(const Message& message) {
+    const UINT icon = message.icon == MessageIcon::Error ? MB_ICONERROR : MB_ICONEXCLAMATION;
+    const UINT buttons = message.buttons == MessageButtons::YesNo ? MB_YESNO : MB_OK;
+    const int answer = AfxMessageBox(message.text, icon | buttons);
+    return answer == IDOK || answer == IDYES;
+}

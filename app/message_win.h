@@ -1,0 +1,6 @@
+#pragma once
+
+#include "app/message.h"
+
+/// Shows the box, owned by the active dialog, and waits for the answer. True for OK or Yes.
+bool showMessage(const Message& message);

@@ -1,0 +1,68 @@
+#include "framework/controls_win.h"
+
+#include <vector>
+
+namespace {
+
+// The list view reads and writes texts through non-const pointers, but does not change ours.
+char* messageText(const std::string& text) {
+    return const_cast<char*>(text.c_str());
+}
+
+}  // namespace
+
+void CListCtrl::InsertColumn(int column, const std::string& heading, int format, int width) {
+    LVCOLUMNA description{};
+    description.mask = LVCF_FMT | LVCF_WIDTH | LVCF_TEXT | LVCF_SUBITEM;
+    description.fmt = format;
+    description.cx = width;
+    description.pszText = messageText(heading);
+    description.iSubItem = column;
+    ListView_InsertColumn(m_hWnd, column, &description);
+}
+
+int CListCtrl::InsertItem(int item, const std::string& text) {
+    LVITEMA description{};
+    description.mask = LVIF_TEXT;
+    description.iItem = item;
+    description.pszText = messageText(text);
+    return ListView_InsertItem(m_hWnd, &description);
+}
+
+void CListCtrl::SetItemText(int item, int column, const std::string& text) {
+    ListView_SetItemText(m_hWnd, item, column, messageText(text));
+}
+
+std::string CListCtrl::GetItemText(int item, int column) const {
+    std::vector<char> buffer(256);
+    for (;;) {
+        LVITEMA description{};
+        description.iSubItem = column;
+        description.pszText = buffer.data();
+        description.cchTextMax = static_cast<int>(buffer.size());
+        const auto length = static_cast<std::size_t>(
+            SendMessageA(m_hWnd, LVM_GETITEMTEXTA, static_cast<WPARAM>(item),
+                         reinterpret_cast<LPARAM>(&description)));
+        // A text that fills the buffer may have been cut.
+        if (length + 1 < buffer.size()) {
+            return std::string(buffer.data(), length);
+        }
+        buffer.resize(buffer.size() * 2);
+    }
+}
+
+LPARAM CListCtrl::GetItemData(int item) const {
+    LVITEMA description{};
+    description.mask = LVIF_PARAM;
+    description.iItem = item;
+    ListView_GetItem(m_hWnd, &description);
+    return description.lParam;
+}
+
+void CListCtrl::SetItemData(int item, LPARAM data) {
+    LVITEMA description{};
+    description.mask = LVIF_PARAM;
+    description.iItem = item;
+    description.lParam = data;
+    ListView_SetItem(m_hWnd, &description);
+}

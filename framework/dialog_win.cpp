@@ -1,0 +1,98 @@
+#include "framework/dialog_win.h"
+
+CDialog::CDialog(UINT resourceId, CWnd* parent) : resourceId(resourceId), parent(parent) {}
+
+CDialog::CDialog(const DLGTEMPLATE* dialogTemplate, CWnd* parent)
+    : dialogTemplate(dialogTemplate), parent(parent) {}
+
+INT_PTR CDialog::DoModal() {
+    const HINSTANCE module = GetModuleHandleA(nullptr);
+    const HWND owner = parent != nullptr ? parent->m_hWnd : nullptr;
+    const auto argument = reinterpret_cast<LPARAM>(this);
+    const INT_PTR result =
+        dialogTemplate != nullptr
+            ? DialogBoxIndirectParamA(module, dialogTemplate, owner, DialogProcedure, argument)
+            : DialogBoxParamA(module, MAKEINTRESOURCEA(resourceId), owner, DialogProcedure,
+                              argument);
+    m_hWnd = nullptr;
+    return result;
+}
+
+bool CDialog::OnInitDialog() {
+    return true;
+}
+
+void CDialog::OnOK() {
+    EndDialog(IDOK);
+}
+
+void CDialog::OnCancel() {
+    EndDialog(IDCANCEL);
+}
+
+MessageMap CDialog::GetMessageMap() const {
+    return {};
+}
+
+void CDialog::EndDialog(INT_PTR result) {
+    ::EndDialog(m_hWnd, result);
+}
+
+void CDialog::BindControl(CWnd& control, int id) {
+    control.m_hWnd = GetDlgItem(m_hWnd, id);
+}
+
+LRESULT CDialog::Default() {
+    passedOn = true;
+    return 0;
+}
+
+INT_PTR CALLBACK CDialog::DialogProcedure(HWND window, UINT message, WPARAM wParam, LPARAM lParam) {
+    if (message == WM_INITDIALOG) {
+        SetWindowLongPtrA(window, DWLP_USER, lParam);
+        auto* dialog = reinterpret_cast<CDialog*>(lParam);
+        dialog->m_hWnd = window;
+        return dialog->OnInitDialog() ? TRUE : FALSE;
+    }
+    // A few messages come before WM_INITDIALOG; nobody waits for them.
+    auto* dialog = reinterpret_cast<CDialog*>(GetWindowLongPtrA(window, DWLP_USER));
+    return dialog != nullptr ? dialog->HandleMessage(message, wParam, lParam) : FALSE;
+}
+
+INT_PTR CDialog::HandleMessage(UINT message, WPARAM wParam, LPARAM lParam) {
+    const MessageMap map = GetMessageMap();
+    if (message == WM_COMMAND) {
+        for (const CommandEntry& entry : map.commands) {
+            if (entry.id == LOWORD(wParam) && entry.notification == HIWORD(wParam)) {
+                entry.handler(*this);
+                return TRUE;
+            }
+        }
+        // The dialog manager sends these for Enter, Escape and the close box too.
+        if (HIWORD(wParam) == BN_CLICKED && LOWORD(wParam) == IDOK) {
+            OnOK();
+            return TRUE;
+        }
+        if (HIWORD(wParam) == BN_CLICKED && LOWORD(wParam) == IDCANCEL) {
+            OnCancel();
+            return TRUE;
+        }
+        return FALSE;
+    }
+    for (const MessageEntry& entry : map.messages) {
+        if (entry.message == message) {
+            passedOn = false;
+            const LRESULT result = entry.handler(*this, wParam, lParam);
+            if (passedOn) {
+                return FALSE;
+            }
+            // A dialog procedure returns a few results directly, the others through the window.
+            if (message == WM_QUERYDRAGICON) {
+                return result;
+            }
+            SetWindowLongPtrA(m_hWnd, DWLP_MSGRESULT, result);
+            return TRUE;
+        }
+    }
+    return FALSE;
+}

@@ -1,0 +1,8 @@
+#include <windows.h>
+
+#include "framework/application_win.h"
+
+int WINAPI WinMain(HINSTANCE, HINSTANCE, LPSTR, int) {
+    CWinApp* application = AfxGetApp();
+    return application->InitInstance() ? application->Run() : 0;
+}

@@ -1,0 +1,32 @@
+#pragma once
+
+#include <vector>
+
+#include "framework/controls_win.h"
+#include "framework/dialog_win.h"
+#include "installed/installed_product.h"
+
+/// Lists the installed versions, all ticked, and runs the uninstallers of those that stay ticked,
+/// one after the other. The result of DoModal says nothing of how that went.
+class CAskUninstallDlg : public CDialog {
+  public:
+    /// `products` outlives the dialog.
+    explicit CAskUninstallDlg(const std::vector<InstalledProduct>& products);
+
+  protected:
+    bool OnInitDialog() override;
+    MessageMap GetMessageMap() const override;
+
+  private:
+    void OnSkip();
+    /// Pumps no messages while an uninstaller runs.
+    void OnConfirm();
+    void OnSelectAll();
+
+    void FillList();
+    void SortList();
+
+    const std::vector<InstalledProduct>* products;
+    CListCtrl list;
+    CButton selectAll;
+};

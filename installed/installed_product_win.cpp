@@ -1,0 +1,64 @@
+#include "installed/installed_product_win.h"
+
+#include <windows.h>
+
+#include "catalogue/code_directory.h"
+#include "installed/registry_key_win.h"
+
+namespace {
+
+// The program's own registry view: the products' installers are 32-bit programs too.
+constexpr const char* uninstallListKey = "SOFTWARE\\Microsoft\\Windows\\CurrentVersion\\Uninstall";
+
+/// Texts of at most 259 characters.
+bool readText(const RegistryKey& entry, const char* name, std::string& text) {
+    char buffer[260];
+    DWORD size = sizeof buffer;
+    if (readStringValue(entry.handle.get(), name, buffer, size) != ERROR_SUCCESS) {
+        return false;
+    }
+    text = buffer;
+    return true;
+}
+
+bool readEntry(const RegistryKey& entry, const std::string& filter, InstalledProduct& product) {
+    std::string displayVersion;
+    return readText(entry, "DisplayName", product.displayName) &&
+           product.displayName.find(filter) != std::string::npos &&
+           readText(entry, "DisplayVersion", displayVersion) && isReportedVersion(displayVersion) &&
+           readText(entry, "UninstallString", product.uninstallString) &&
+           readText(entry, "InstallLocation", product.installLocation);
+}
+
+}  // namespace
+
+bool findInstalledProducts(const std::string& filter, std::vector<InstalledProduct>& products) {
+    RegistryKey uninstallList;
+    if (uninstallList.open(HKEY_LOCAL_MACHINE, uninstallListKey, KEY_READ) != ERROR_SUCCESS) {
+        return false;
+    }
+    const std::size_t known = products.size();
+    for (DWORD index = 0;; ++index) {
+        char name[260];
+        DWORD nameLength = sizeof name;
+        if (RegEnumKeyExA(uninstallList.handle.get(), index, name, &nameLength, nullptr, nullptr, nullptr,
+                          nullptr) != ERROR_SUCCESS) {
+            return products.size() > known;
+        }
+        RegistryKey entry;
+        InstalledProduct product;
+        if (entry.open(uninstallList.handle.get(), name, KEY_READ) == ERROR_SUCCESS &&
+            readEntry(entry, filter, product)) {
+            products.push_back(std::move(product));
+        }
+    }
+}
+
+bool findInstalledMakerProducts(std::vector<InstalledProduct>& products) {
+    return findInstalledProducts("Halvick", products);
+}
+
+bool findInstalledProductsFor(int productNumber, std::vector<InstalledProduct>& products) {
+    std::string name;
+    return findDirectoryName(productNumber, name) && findInstalledProducts(name, products);
+}

@@ -1,0 +1,53 @@
+#include "platform/files_win.h"
+
+#include <windows.h>
+
+#include "platform/handle_win.h"
+
+namespace {
+
+/// Far above any file that the program reads; one that is larger is not what its name says.
+constexpr LONGLONG maximumSize = 0x10000000;
+
+}  // namespace
+
+PathKind examinePath(const std::string& path) {
+    const DWORD attributes = GetFileAttributesA(path.c_str());
+    if (attributes == INVALID_FILE_ATTRIBUTES) {
+        return PathKind::Inaccessible;
+    }
+    return (attributes & FILE_ATTRIBUTE_DIRECTORY) != 0 ? PathKind::Directory : PathKind::File;
+}
+
+bool pathExists(const std::string& path) {
+    return examinePath(path) != PathKind::Inaccessible;
+}
+
+bool isListed(const std::string& path) {
+    WIN32_FIND_DATAA found;
+    return static_cast<bool>(FileSearch(FindFirstFileA(path.c_str(), &found)));
+}
+
+std::string runningProgramPath() {
+    char path[1024] = {};
+    // XP leaves a path that was cut without its terminator.
+    const DWORD length = GetModuleFileNameA(nullptr, path, sizeof path - 1);
+    return {path, length};
+}
+
+std::optional<std::string> readFileContent(const std::string& path) {
+    const KernelHandle file(CreateFileA(path.c_str(), GENERIC_READ,
+                                        FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE,
+                                        nullptr, OPEN_EXISTING, FILE_ATTRIBUTE_NORMAL, nullptr));
+    LARGE_INTEGER size;
+    if (!file || !GetFileSizeEx(file.get(), &size) || size.QuadPart > maximumSize) {
+        return std::nullopt;
+    }
+    std::string content(static_cast<std::size_t>(size.QuadPart), '\0');
+    DWORD read = 0;
+    if (!ReadFile(file.get(), content.data(), static_cast<DWORD>(content.size()), &read, nullptr) ||
+        read != content.size()) {
+        return std::nullopt;
+    }
+    return content;
+}

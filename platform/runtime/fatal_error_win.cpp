@@ -1,0 +1,81 @@
+// What the standard library calls when it cannot go on. The program is built without exceptions:
+// defining these here keeps the library's throwing versions out, and with them its unwinder and
+// thread support, which need a newer Windows than the program does.
+#include <cstdlib>
+#include <new>
+
+#include "platform/runtime/end_process_win.h"
+
+namespace {
+
+void* allocate(std::size_t size) {
+    return std::malloc(size != 0 ? size : 1);
+}
+
+void* allocateOrEnd(std::size_t size) {
+    void* memory = allocate(size);
+    if (memory == nullptr) {
+        endProcess(statusNoMemory);
+    }
+    return memory;
+}
+
+}  // namespace
+
+void* operator new(std::size_t size) {
+    return allocateOrEnd(size);
+}
+void* operator new[](std::size_t size) {
+    return allocateOrEnd(size);
+}
+void* operator new(std::size_t size, const std::nothrow_t&) noexcept {
+    return allocate(size);
+}
+void* operator new[](std::size_t size, const std::nothrow_t&) noexcept {
+    return allocate(size);
+}
+void operator delete(void* memory) noexcept {
+    std::free(memory);
+}
+void operator delete[](void* memory) noexcept {
+    std::free(memory);
+}
+void operator delete(void* memory, std::size_t) noexcept {
+    std::free(memory);
+}
+void operator delete[](void* memory, std::size_t) noexcept {
+    std::free(memory);
+}
+
+namespace std {
+
+const nothrow_t nothrow{};
+
+void __throw_bad_alloc() {
+    endProcess(statusNoMemory);
+}
+void __throw_bad_array_new_length() {
+    endProcess(statusNoMemory);
+}
+void __throw_length_error(const char*) {
+    endProcess(statusAssertionFailure);
+}
+void __throw_logic_error(const char*) {
+    endProcess(statusAssertionFailure);
+}
+void __throw_out_of_range(const char*) {
+    endProcess(statusAssertionFailure);
+}
+void __throw_out_of_range_fmt(const char*, ...) {
+    endProcess(statusAssertionFailure);
+}
+// Called by the library's assertions where they are switched on.
+[[noreturn]] void __glibcxx_assert_fail(const char*, int, const char*, const char*) noexcept {
+    endProcess(statusAssertionFailure);
+}
+
+}  // namespace std
+
+extern "C" [[noreturn]] void __cxa_pure_virtual() {
+    endProcess(statusAssertionFailure);
+}

@@ -1,0 +1,202 @@
+#include "ui/install_dialog_win.h"
+
+#include <vector>
+
+#include "platform/files_win.h"
+#include "ui/html_help.h"
+#include "ui/install_dialog.h"
+#include "ui/resource.h"
+
+namespace {
+
+/// A window's device context with the window's own font selected.
+class TextMeasure {
+  public:
+    explicit TextMeasure(HWND window) : window(window), context(GetDC(window)) {
+        const auto font = reinterpret_cast<HFONT>(SendMessageA(window, WM_GETFONT, 0, 0));
+        previousFont = SelectObject(context, font);
+    }
+    ~TextMeasure() {
+        SelectObject(context, previousFont);
+        ReleaseDC(window, context);
+    }
+    TextMeasure(const TextMeasure&) = delete;
+    TextMeasure& operator=(const TextMeasure&) = delete;
+
+    bool isValid() const { return context != nullptr; }
+
+    TextExtent extent(std::string_view text) const {
+        SIZE size{};
+        GetTextExtentPoint32A(context, text.data(), static_cast<int>(text.size()), &size);
+        return {static_cast<int>(size.cx), static_cast<int>(size.cy)};
+    }
+
+  private:
+    HWND window;
+    HDC context;
+    HGDIOBJ previousFont;
+};
+
+void makeTaller(HWND window, int growth) {
+    RECT area;
+    GetWindowRect(window, &area);
+    SetWindowPos(window, nullptr, 0, 0, area.right - area.left, area.bottom - area.top + growth,
+                 SWP_NOMOVE | SWP_NOZORDER | SWP_NOACTIVATE);
+}
+
+void moveDown(HWND control, int growth) {
+    RECT area;
+    GetWindowRect(control, &area);
+    MapWindowPoints(nullptr, GetParent(control), reinterpret_cast<POINT*>(&area), 2);
+    SetWindowPos(control, nullptr, area.left, area.top + growth, 0, 0,
+                 SWP_NOSIZE | SWP_NOZORDER | SWP_NOACTIVATE);
+}
+
+}  // namespace
+
+CInstallDlg::CInstallDlg(const std::string& productText, CWnd* parent)
+    : CDialog(IDD_INSTALL_PRODUCT, parent),
+      productText(productText),
+      icon(LoadIconA(GetModuleHandleA(nullptr), MAKEINTRESOURCEA(IDI_INSTALLER))) {}
+
+void CInstallDlg::SetCaption(const std::string& text) {
+    caption = text;
+    if (m_hWnd != nullptr) {
+        SetWindowText(caption);
+    }
+}
+
+void CInstallDlg::SetPrompt(const std::string& text) {
+    prompt = text;
+    if (m_hWnd != nullptr) {
+        promptText.SetWindowText(prompt);
+        LayOutPrompt();
+    }
+}
+
+void CInstallDlg::SetOfferDemonstration(bool offer) {
+    offerDemonstration = offer;
+}
+
+void CInstallDlg::SetOfferFileViewer(bool offer) {
+    offerFileViewer = offer;
+}
+
+MessageMap CInstallDlg::GetMessageMap() const {
+    static constexpr MessageEntry messages[] = {
+        onMessage<&CInstallDlg::OnPaint>(WM_PAINT),
+        onMessage<&CInstallDlg::OnQueryDragIcon>(WM_QUERYDRAGICON),
+        onMessage<&CInstallDlg::OnHelpInfo>(WM_HELP),
+    };
+    static constexpr CommandEntry commands[] = {
+        onClicked<&CInstallDlg::OnHelp>(IDC_HELP_BUTTON),
+        onClicked<&CInstallDlg::OnLiveProduct>(IDC_LIVE_PRODUCT),
+        onClicked<&CInstallDlg::OnFileViewer>(IDC_FILE_VIEWER),
+        onClicked<&CInstallDlg::OnDemonstration>(IDC_DEMONSTRATION),
+    };
+    return {messages, commands};
+}
+
+bool CInstallDlg::OnInitDialog() {
+    BindControl(promptText, IDC_INSTALL_PROMPT);
+    BindControl(liveProduct, IDC_LIVE_PRODUCT);
+    BindControl(fileViewer, IDC_FILE_VIEWER);
+    BindControl(demonstration, IDC_DEMONSTRATION);
+    BindControl(installButton, IDOK);
+    BindControl(helpButton, IDC_HELP_BUTTON);
+
+    SendMessageA(m_hWnd, WM_SETICON, ICON_BIG, reinterpret_cast<LPARAM>(icon));
+    SendMessageA(m_hWnd, WM_SETICON, ICON_SMALL, reinterpret_cast<LPARAM>(icon));
+    SetCaption(caption);
+    SetPrompt(prompt);
+    liveProduct.SetCheck(BST_CHECKED);
+    // Hidden choices keep their places.
+    if (!offerDemonstration) {
+        demonstration.ShowWindow(SW_HIDE);
+    }
+    if (!offerFileViewer) {
+        fileViewer.ShowWindow(SW_HIDE);
+    }
+    return false;
+}
+
+void CInstallDlg::OnOK() {
+    switch (choice) {
+        case 0:
+            productType = product_type::live;
+            break;
+        case 1:
+            productType = product_type::viewer;
+            break;
+        case 2:
+            productType = product_type::demonstration;
+            break;
+    }
+    CDialog::OnOK();
+}
+
+LRESULT CInstallDlg::OnPaint(WPARAM, LPARAM) {
+    // Releases that paint a minimised window by its own procedure expect the icon here.
+    if (!IsIconic(m_hWnd)) {
+        return Default();
+    }
+    PAINTSTRUCT paint;
+    const HDC context = BeginPaint(m_hWnd, &paint);
+    SendMessageA(m_hWnd, WM_ICONERASEBKGND, reinterpret_cast<WPARAM>(context), 0);
+    RECT client;
+    GetClientRect(m_hWnd, &client);
+    const int left = (client.right - client.left - GetSystemMetrics(SM_CXICON) + 1) / 2;
+    const int top = (client.bottom - client.top - GetSystemMetrics(SM_CYICON) + 1) / 2;
+    DrawIcon(context, left, top, icon);
+    EndPaint(m_hWnd, &paint);
+    return 0;
+}
+
+LRESULT CInstallDlg::OnQueryDragIcon(WPARAM, LPARAM) {
+    return reinterpret_cast<LRESULT>(icon);
+}
+
+LRESULT CInstallDlg::OnHelpInfo(WPARAM, LPARAM) {
+    OnHelp();
+    return TRUE;
+}
+
+void CInstallDlg::OnHelp() {
+    help.displayTopic(m_hWnd, helpFilePath(runningProgramPath()));
+}
+
+void CInstallDlg::OnLiveProduct() {
+    choice = 0;
+}
+
+void CInstallDlg::OnFileViewer() {
+    choice = 1;
+}
+
+void CInstallDlg::OnDemonstration() {
+    choice = 2;
+}
+
+void CInstallDlg::LayOutPrompt() {
+    RECT area;
+    GetWindowRect(promptText.m_hWnd, &area);
+    const TextMeasure measure(promptText.m_hWnd);
+    if (!measure.isValid()) {
+        return;
+    }
+    std::vector<TextExtent> lines;
+    for (const std::string_view line : promptLines(prompt)) {
+        lines.push_back(measure.extent(line));
+    }
+    const int growth = promptGrowth(lines, area.right - area.left, area.bottom - area.top);
+    if (growth == 0) {
+        return;
+    }
+    makeTaller(m_hWnd, growth);
+    makeTaller(promptText.m_hWnd, growth);
+    for (const HWND control :
+         {GetDlgItem(m_hWnd, IDCANCEL), helpButton.m_hWnd, installButton.m_hWnd, liveProduct.m_hWnd,
+          fileViewer.m_hWnd, demonstration.m_hWnd}) {
+        moveDown(control, growth);
+    }
+}
