@@ -8,10 +8,10 @@ Windows with Wine. Not counted are breaks that do not compile, that compile to t
 those that are known to change nothing: scripts/mutations_without_effect.txt names them, with the
 reason.
 
-    scripts/mutate.py --sample 200                       some of all breaks of the decisions
-    scripts/mutate.py --side windows --sample 100        ... of what touches Windows: half an hour
-    scripts/mutate.py --side windows app/install_log.cpp all breaks of one file
-    scripts/mutate.py --breaks before.json               the same breaks again, to compare
+    scripts/mutate.py --sample 200                            some of all breaks of the decisions
+    scripts/mutate.py --side windows --sample 100             ... of what touches Windows: half an hour
+    scripts/mutate.py --side windows app/install_log_win.cpp all breaks of one file
+    scripts/mutate.py --breaks before.json                    the same breaks again, to compare
 """
 
 import argparse
@@ -32,7 +32,7 @@ import time
 sys.dont_write_bytecode = True
 
 from mutation.breaks import find_breaks  # noqa: E402
-from mutation.tree import Failure, make_trees  # noqa: E402
+from mutation.tree import Failure, Tree  # noqa: E402
 
 ROOT = pathlib.Path(__file__).resolve().parent.parent
 FOLDER = ROOT / "build" / "mutation"
@@ -108,7 +108,7 @@ class Run:
 
 
 def share_out(trees, work, stop):
-    """Has every tree work in a thread of its own; when one fails, or the user ends the run, all stop."""
+    """Has every tree work in a thread of its own; one failure, or the user, ends them all."""
     with concurrent.futures.ThreadPoolExecutor(len(trees)) as pool:
         try:
             for done in concurrent.futures.as_completed([pool.submit(work, tree) for tree in trees]):
@@ -132,6 +132,7 @@ def measure(trees, suites, passes):
             if not passes(tree, suite):
                 raise Failure(f"{suite.name} fails without any break")
             order.measured(suite, time.monotonic() - began)
+            print(f"{order.seconds[suite.name]:6.1f} s  {suite.name}", flush=True)
 
     share_out(trees, work, stop=waiting.clear)
     return order
@@ -225,54 +226,62 @@ def choose_breaks(options, files):
     return breaks
 
 
-def run(options, stack):
-    subprocess.run([ROOT / "scripts" / "setup.sh", "lld"], check=True)
-    on_windows = options.side == "windows"
-    trees = make_trees(ROOT, FOLDER, 1 if options.list else options.workers)
-    files = [tree.native_files() for tree in trees][0]
-    if on_windows or options.wine:
-        windows_files = [tree.installer_files() for tree in trees][0]
-    if on_windows:
-        files = windows_files - files
-    breaks = choose_breaks(options, files)
-    if options.list:
-        for each in breaks:
-            print(f"{each.file}:{each.line}: {each.change}  ({each.kind})")
-        return 0
-
+def ready_to_try(options, trees, stack):
+    """Builds the sound code, sees its tests pass, and returns what tries one break in one tree."""
+    natively, with_wine = options.side == "native", options.side == "windows" or options.wine
     print("building the sound code...", flush=True)
     for tree in trees:  # one after the other: the later ones find what the first one compiled
-        if not on_windows:
+        if natively:
             tree.build_native()
-        if on_windows or options.wine:
+        if with_wine:
             stack.callback(tree.stop_prefixes)
             tree.build_windows(options.prefixes)
     print("running the tests on it...", flush=True)
-    first = trees[0]
-    if not on_windows:
-        natively = measure(trees, first.native_suites, lambda tree, suite: tree.passes_natively(suite))
-    if on_windows or options.wine:
-        with_wine = measure(trees, first.windows_suites, lambda tree, suite: tree.passes_with_wine(suite))
+    if natively:
+        native_order = measure(trees, trees[0].native_suites, Tree.passes_natively)
+    if with_wine:
+        wine_order = measure(trees, trees[0].windows_suites, Tree.passes_with_wine)
 
     def attempt(tree, change):
-        if on_windows:
-            return tree.try_with_wine(change, with_wine)
-        outcome = tree.try_natively(change, natively)
-        if outcome[0] == "survived" and options.wine:
-            outcome = tree.try_with_wine(change, with_wine)
+        outcome = tree.try_natively(change, native_order) if natively else ("survived", None)
+        if outcome[0] == "survived" and with_wine:
+            outcome = tree.try_with_wine(change, wine_order)
         return outcome
 
+    return attempt
+
+
+def try_breaks(options, trees, breaks, attempt):
+    """Tries the breaks, keeps and prints the results; returns the share of those seen."""
     print(f"trying {options.sample or len(breaks)} of {len(breaks)} breaks...", flush=True)
     trial = Run(breaks, options.sample or len(breaks), attempt)
     try:
         share_out(trees, trial.work, trial.stop)
     finally:  # a run that is ended early has its results as well
-        results = trial.finish()
         target = options.results or FOLDER / f"{options.side}.json"
-        target.write_text(json.dumps({"side": options.side, "breaks": results}, indent=1) + "\n", encoding="utf-8")
-        share = report(results)
+        outcome = {"side": options.side, "seed": options.seed, "breaks": trial.finish()}
+        target.write_text(json.dumps(outcome, indent=1) + "\n", encoding="utf-8")
+        share = report(outcome["breaks"])
         print(f"all results: {target}")
-    return 0 if share >= options.minimum else 1
+    return share
+
+
+def run(options, stack):
+    subprocess.run([ROOT / "scripts" / "setup.sh", "lld"], check=True)
+    workers = 1 if options.list else options.workers
+    trees = [Tree(ROOT, FOLDER / f"tree{number}") for number in range(1, workers + 1)]
+    files = [tree.native_files() for tree in trees][0]
+    if options.side == "windows" or options.wine:
+        installer_files = [tree.installer_files() for tree in trees][0]
+    if options.side == "windows":
+        files = installer_files - files
+    breaks = choose_breaks(options, files)
+    if options.list:
+        for each in breaks:
+            print(f"{each.file}:{each.line}: {each.change}  ({each.kind})")
+        return 0
+    attempt = ready_to_try(options, trees, stack)
+    return 0 if try_breaks(options, trees, breaks, attempt) >= options.minimum else 1
 
 
 def main():

@@ -9,7 +9,6 @@ import dataclasses
 import hashlib
 import json
 import os
-import pathlib
 import shlex
 import shutil
 import signal
@@ -145,7 +144,8 @@ class Tree:
         return self._own_sources(self.checked.inputs(INSTALLER))
 
     def _own_sources(self, paths):
-        below = {os.path.relpath(path, self.folder) for path in paths if path.endswith(".cpp") and os.path.isabs(path)}
+        sources = [path for path in paths if path.endswith(".cpp") and os.path.isabs(path)]
+        below = {os.path.relpath(path, self.folder) for path in sources}
         return {path for path in below if not path.startswith((os.pardir, "tests" + os.sep))}
 
     def build_native(self):
@@ -203,6 +203,7 @@ class Tree:
         return "same code" if build.fingerprint(objects) == sound else None
 
     def passes_natively(self, suite):
+        """Whether a native suite passes as the tree stands; the next one, with Wine."""
         return self.host.test([suite.name], SOUND_LIMIT)
 
     def passes_with_wine(self, suite):
@@ -251,8 +252,10 @@ class Tree:
         return ("survived" if able else "same code"), None
 
     def _programs(self, suite):
+        """What stands for every byte that the suite can run."""
         installers = (self.release.fingerprint([INSTALLER]), self.tools.fingerprint(self.tools.programs()))
-        return self.checked.fingerprint(self.parts[suite.program]), installers if self.runs_installer(suite) else None
+        program = self.checked.fingerprint(self.parts[suite.program])
+        return (program, *installers) if self.runs_installer(suite) else (program,)
 
     def runs_installer(self, suite):
         return bool(self._own_fixtures(suite))
@@ -295,6 +298,3 @@ def copy_sources(root, folder):
             # The copy is as old as now, so that builds notice it.
             shutil.copy(source, target)
 
-
-def make_trees(root, folder, count):
-    return [Tree(root, pathlib.Path(folder) / f"tree{number}") for number in range(1, count + 1)]
