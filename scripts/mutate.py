@@ -10,7 +10,7 @@ reason.
 
     scripts/mutate.py --sample 200                            some of all breaks of the decisions
     scripts/mutate.py --side windows --sample 100             ... of what touches Windows: half an hour
-    scripts/mutate.py --side windows app/install_log_win.cpp all breaks of one file
+    scripts/mutate.py --side windows app/install_log_win.cpp  all breaks of one file
     scripts/mutate.py --breaks before.json                    the same breaks again, to compare
 """
 
