@@ -7,6 +7,7 @@ set -u
 
 packages=(
     cmake ninja-build ccache googletest
+    libcli11-dev nlohmann-json3-dev
     g++ clang libclang-rt-14-dev
     g++-mingw-w64-i686-posix binutils-mingw-w64-i686
     openssl osslsigncode

@@ -1,4 +1,4 @@
-#include "tools/media_report.h"
+#include "tools/desk/media_report.h"
 
 #include <cstdio>
 #include <tuple>
@@ -13,7 +13,7 @@
 #include "drivers/driver_installation.h"
 #include "drivers/driver_package_table.h"
 #include "platform/ansi_text.h"
-#include "tools/stamp_image.h"
+#include "tools/desk/stamp_image.h"
 #include "ui/product_type.h"
 
 namespace {
