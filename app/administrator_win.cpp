@@ -53,7 +53,8 @@ DWORD IsAdministrator(bool& administrator) {
     SecurityId administrators;
     if (!GetTokenInformation(token.get(), TokenGroups, buffer.get(), size, &size) ||
         !AllocateAndInitializeSid(&authority, 2, SECURITY_BUILTIN_DOMAIN_RID,
-                                  DOMAIN_ALIAS_RID_ADMINS, 0, 0, 0, 0, 0, 0, administrators.receive())) {
+                                  DOMAIN_ALIAS_RID_ADMINS, 0, 0, 0, 0, 0, 0,
+                                  administrators.receive())) {
         return GetLastError();
     }
     administrator =

@@ -16,5 +16,5 @@ struct CommandLine {
 /// Reads `arguments`, the program's path first, into `commandLine`; `examine` looks a "-dir" value
 /// up. The first error ends the reading and is returned.
 [[nodiscard]] std::optional<Message> parseCommandLine(const std::vector<std::string>& arguments,
-                                        PathKind (*examine)(const std::string& path),
-                                        CommandLine& commandLine);
+                                                      PathKind (*examine)(const std::string& path),
+                                                      CommandLine& commandLine);

@@ -33,7 +33,8 @@ UninstallCommand cutUninstallCommand(const std::string& command) {
 }
 
 std::string uninstallerTarget(const UninstallCommand& command) {
-    const std::string target = replaceAll(command.program, setupProgram, replacementUninstallerFile, true);
+    const std::string target =
+        replaceAll(command.program, setupProgram, replacementUninstallerFile, true);
     return replaceAll(target, "\"", "", false);
 }
 

@@ -1,5 +1,5 @@
-// The edition that is installed directly: what replaces its older versions, what is run, and what is
-// told about it.
+// The edition that is installed directly: what replaces its older versions, what is run, and what
+// is told about it.
 #pragma once
 
 #include <cstdint>

@@ -18,7 +18,7 @@
 namespace {
 
 /// For an uninstaller that leaves its work to a process of its own.
-constexpr int longestMarkerWait = 180;         // checks
+constexpr int longestMarkerWait = 180;       // checks
 constexpr DWORD markerCheckInterval = 1000;  // milliseconds
 
 std::vector<InstalledProduct> findInstalledViewers() {

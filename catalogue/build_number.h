@@ -12,6 +12,6 @@
 #define INSTALLER_BUILD_JOINED(major, minor, release, patch) \
     INSTALLER_BUILD_QUOTED(major.minor.release.patch)
 /// "16.4.10002.0" and the like.
-#define INSTALLER_BUILD_TEXT                                                                \
-    INSTALLER_BUILD_JOINED(INSTALLER_BUILD_MAJOR, INSTALLER_BUILD_MINOR, \
-                           INSTALLER_BUILD_RELEASE, INSTALLER_BUILD_PATCH)
+#define INSTALLER_BUILD_TEXT                                                                      \
+    INSTALLER_BUILD_JOINED(INSTALLER_BUILD_MAJOR, INSTALLER_BUILD_MINOR, INSTALLER_BUILD_RELEASE, \
+                           INSTALLER_BUILD_PATCH)

@@ -60,7 +60,8 @@ constexpr void encipherInto(std::string_view plain, char* output) {
 
 /// Enciphers a literal at compile time, so that the executable does not hold it readable.
 template <std::size_t Size>
-[[nodiscard]] consteval std::array<char, headerSize + Size - 1> enciphered(const char (&plain)[Size]) {
+[[nodiscard]] consteval std::array<char, headerSize + Size - 1> enciphered(
+    const char (&plain)[Size]) {
     std::array<char, headerSize + Size - 1> result{};
     encipherInto({plain, Size - 1}, result.data());
     return result;

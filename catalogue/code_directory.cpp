@@ -1,7 +1,7 @@
 #include "catalogue/code_directory.h"
 
-#include "catalogue/product_code.h"
 #include "catalogue/product_catalogue.h"
+#include "catalogue/product_code.h"
 #include "catalogue/product_names.h"
 
 namespace {

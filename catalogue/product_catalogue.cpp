@@ -308,9 +308,7 @@ void CProductData::keepProductData(std::string path, std::string text) {
 }
 
 bool CProductData::readBuildSection() {
-    std::string_view body;
-    return extractSection(productDataText, versionSectionHeader, body) &&
-           parseValues(body, ProductDataValues);
+    return readVersionSection(productDataText, ProductDataValues);
 }
 
 std::string CProductData::buildVersion() const {

@@ -9,8 +9,8 @@
 #include "catalogue/product_data_file.h"
 
 /// The product catalogue: everything that is known about the products without reading a file, and
-/// the text of the product-data file, with its values, once that was loaded. Codes are compared exactly; an empty
-/// code is never found. Lists within a value are separated by ";".
+/// the text of the product-data file, with its values, once that was loaded. Codes are compared
+/// exactly; an empty code is never found. Lists within a value are separated by ";".
 class CProductData {
   public:
     using TextMap = std::map<std::string, std::string, std::less<>>;
@@ -25,7 +25,8 @@ class CProductData {
     [[nodiscard]] bool productName(std::string_view code, std::string& name);
     [[nodiscard]] bool hasDemonstrationEdition(std::string_view code) const;
     /// False with an empty `demonstrationCode` when the product has none.
-    [[nodiscard]] bool demonstrationCode(std::string_view code, std::string& demonstrationCode) const;
+    [[nodiscard]] bool demonstrationCode(std::string_view code,
+                                         std::string& demonstrationCode) const;
     [[nodiscard]] bool hasFileViewerEdition(std::string_view code) const;
     /// Ignores letter case.
     [[nodiscard]] bool hasProcessorSpecificSetups(std::string_view code) const;
@@ -41,7 +42,8 @@ class CProductData {
     [[nodiscard]] std::string buildVersion() const;
     /// The product's name, qualified by `edition` (may be empty), set into its display-name
     /// template. False for an empty code, silently, and for one without a name, with lastError.
-    [[nodiscard]] bool displayName(std::string_view code, std::string_view edition, std::string& name);
+    [[nodiscard]] bool displayName(std::string_view code, std::string_view edition,
+                                   std::string& name);
 
     // Part of the catalogue for the products' own programs; the installer's steps need
     // ProductNames, DemoOf, ViewerProducts, DisplayNameTemplates and ProductDataValues alone.

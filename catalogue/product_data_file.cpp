@@ -83,3 +83,8 @@ bool parseValues(std::string_view body, ValueParts& values) {
     }
     return !values.empty();
 }
+
+bool readVersionSection(std::string_view text, ValueParts& values) {
+    std::string_view body;
+    return extractSection(text, versionSectionHeader, body) && parseValues(body, values);
+}

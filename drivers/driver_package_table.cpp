@@ -34,8 +34,8 @@ constexpr FamilyRow familyRows[] = {
 
 DriverPackage driverPackage(const char* archive) {
     DriverPackage package{true, {}, archive, driversFolder};
-    for (int code = operating_system_code::oldestWithDrivers; code <= operating_system_code::newestKnown;
-         ++code) {
+    for (int code = operating_system_code::oldestWithDrivers;
+         code <= operating_system_code::newestKnown; ++code) {
         package.operatingSystemCodes.push_back(code);
     }
     return package;

@@ -40,8 +40,7 @@ bool InstallationIndex::readTree(const std::string& subkeyPath,
     read.clear();
     extras.clear();
     // Kept: what was read before a failure counts.
-    std::ignore =
-        walkKeyTree(HKEY_LOCAL_MACHINE, subkeyPath, "HKEY_LOCAL_MACHINE\\", read, extras);
+    std::ignore = walkKeyTree(HKEY_LOCAL_MACHINE, subkeyPath, "HKEY_LOCAL_MACHINE\\", read, extras);
     for (InstallationRecord& record : read) {
         record.legacy = mode == MergeMode::Legacy;
     }

@@ -41,8 +41,8 @@ bool findInstalledProducts(const std::string& filter, std::vector<InstalledProdu
     for (DWORD index = 0;; ++index) {
         char name[260];
         DWORD nameLength = sizeof name;
-        if (RegEnumKeyExA(uninstallList.handle.get(), index, name, &nameLength, nullptr, nullptr, nullptr,
-                          nullptr) != ERROR_SUCCESS) {
+        if (RegEnumKeyExA(uninstallList.handle.get(), index, name, &nameLength, nullptr, nullptr,
+                          nullptr, nullptr) != ERROR_SUCCESS) {
             return products.size() > known;
         }
         RegistryKey entry;

@@ -96,8 +96,9 @@ bool walkKeyTree(HKEY parent, const std::string& subkeyName, const std::string& 
     }
     DWORD subkeyCount = 0;
     DWORD valueCount = 0;
-    if (RegQueryInfoKeyA(key.handle.get(), nullptr, nullptr, nullptr, &subkeyCount, nullptr, nullptr,
-                         &valueCount, nullptr, nullptr, nullptr, nullptr) != ERROR_SUCCESS) {
+    if (RegQueryInfoKeyA(key.handle.get(), nullptr, nullptr, nullptr, &subkeyCount, nullptr,
+                         nullptr, &valueCount, nullptr, nullptr, nullptr,
+                         nullptr) != ERROR_SUCCESS) {
         setWalkError("Could not query key " + quoted(path));
         return false;
     }

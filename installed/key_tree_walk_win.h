@@ -15,8 +15,9 @@
 ///
 /// False: the key could not be read, or is a leaf without values. Opens keys in the program's own
 /// registry view, where the products' 32-bit installers write.
-[[nodiscard]] bool walkKeyTree(HKEY parent, const std::string& subkeyName, const std::string& parentPath,
-                 std::vector<InstallationRecord>& records, FieldMap& extras);
+[[nodiscard]] bool walkKeyTree(HKEY parent, const std::string& subkeyName,
+                               const std::string& parentPath,
+                               std::vector<InstallationRecord>& records, FieldMap& extras);
 
 /// What the last failing step of a walk was, for the whole process: at most 2048 characters, empty
 /// when nothing failed since clearWalkError. Valid until the next walk. No step

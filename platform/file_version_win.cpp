@@ -5,8 +5,8 @@
 #include <memory>
 #include <new>
 
-#include "platform/system_library_win.h"
 #include "platform/file_version.h"
+#include "platform/system_library_win.h"
 
 bool fileVersionText(const std::string& path, std::string& text) {
     // Looked up rather than imported: imports are resolved before the library search is

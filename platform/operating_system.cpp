@@ -52,7 +52,8 @@ OperatingSystemIdentity windows9x(const OperatingSystemFacts& facts) {
             return withServicePack(code::windows95, "Windows 95", facts);
         case 10:
             if (equalIgnoringCase(facts.servicePack, " A")) {
-                return {code::windows98SecondEdition, "Windows 98 Second Edition", NameDelivery::Checked};
+                return {code::windows98SecondEdition, "Windows 98 Second Edition",
+                        NameDelivery::Checked};
             }
             return withServicePack(code::windows98, "Windows 98", facts);
         case 90:
@@ -77,8 +78,9 @@ Release windows5(const OperatingSystemFacts& facts) {
             if ((facts.suiteMask & suiteHomeServer) != 0) {
                 return {code::homeServer, "Windows Home Server"};
             }
-            return facts.serverR2Metric == 0 ? Release{code::server2003, "Windows Server 2003"}
-                                             : Release{code::server2003R2, "Windows Server 2003 R2"};
+            return facts.serverR2Metric == 0
+                       ? Release{code::server2003, "Windows Server 2003"}
+                       : Release{code::server2003R2, "Windows Server 2003 R2"};
         default:
             return {};
     }

@@ -32,9 +32,9 @@ inline constexpr int windows81 = 20;
 inline constexpr int server2012R2 = 21;
 inline constexpr int windows10 = 22;
 inline constexpr int server10 = 23;
-inline constexpr int unknownNewer = 24;    ///< a major version of 7 or more, or a later 6.x or 10.x
-inline constexpr int notRecognised = -1;   ///< the query failed, or its answer names no release
-inline constexpr int nameTooLong = -2;     ///< for the caller's buffer
+inline constexpr int unknownNewer = 24;   ///< a major version of 7 or more, or a later 6.x or 10.x
+inline constexpr int notRecognised = -1;  ///< the query failed, or its answer names no release
+inline constexpr int nameTooLong = -2;    ///< for the caller's buffer
 inline constexpr int noBuffer = -3;
 inline constexpr int oldestWithDrivers = windowsXp;
 inline constexpr int newestKnown = server10;
@@ -84,4 +84,4 @@ struct OperatingSystemIdentity {
 /// then does not fit with its terminator: the buffer becomes empty (kept: the code is still
 /// returned).
 [[nodiscard]] int deliverOperatingSystemName(const OperatingSystemIdentity& identity, char* buffer,
-                               std::size_t size);
+                                             std::size_t size);

@@ -1,6 +1,5 @@
 #include "platform/system_library_win.h"
 
-
 namespace {
 
 constexpr DWORD searchSystemFolder = 0x00000800;  // LOAD_LIBRARY_SEARCH_SYSTEM32, libloaderapi.h

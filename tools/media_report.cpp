@@ -1,12 +1,15 @@
 #include "tools/media_report.h"
 
 #include <cstdio>
+#include <tuple>
 
-#include "app/message.h"
+#include "app/direct_install.h"
 #include "app/install_plan.h"
+#include "app/message.h"
 #include "app/setup_parameters.h"
 #include "catalogue/product_code.h"
 #include "catalogue/product_data_file.h"
+#include "catalogue/product_traits.h"
 #include "drivers/driver_installation.h"
 #include "drivers/driver_package_table.h"
 #include "platform/ansi_text.h"
@@ -17,18 +20,19 @@ namespace {
 
 /// Fills the catalogue's values from the product-data file; says where the build comes from.
 std::string readBuild(const FolderReader& besideInstaller, CProductData& catalogue,
-                      std::string& text, std::vector<std::string>& problems) {
+                      std::vector<std::string>& problems) {
     for (const ProductDataName& name : productDataNames) {
         std::optional<std::string> content = besideInstaller(name.file);
         if (!content) {
             continue;
         }
-        std::string error;
+        std::string text, error;
         if (!productDataText(std::move(content), name.enciphered, text, error)) {
             problems.push_back(std::string(name.file) + ": " + error);
             return "compiled in, since " + std::string(name.file) + " cannot be used";
         }
-        readVersionSection(text, catalogue.ProductDataValues);
+        catalogue.keepProductData(name.file, std::move(text));
+        std::ignore = catalogue.readBuildSection();  // without a value the compiled-in build stands
         const auto value = catalogue.ProductDataValues.find("Version Number");
         if (value != catalogue.ProductDataValues.end() && !value->second.empty()) {
             if (value->second.find('\n') != std::string_view::npos) {
@@ -58,7 +62,8 @@ std::string handedOver(CProductData& catalogue, const MediaReport& report, unsig
                          directory,          on64BitWindows};
     if (productType == product_type::demonstration) {
         std::string name;
-        switchToDemonstration(catalogue, request.productCode, name, request.productNumber);
+        std::ignore =
+            switchToDemonstration(catalogue, request.productCode, name, request.productNumber);
     }
     const std::string folder =
         uniqueProgramFolder(programFolderName(catalogue, request), request.productNumber,
@@ -66,26 +71,27 @@ std::string handedOver(CProductData& catalogue, const MediaReport& report, unsig
     return setupParameters(catalogue, request, folder);
 }
 
-/// The path and the choices of every product but the directly installed one.
-void followSequence(CProductData& catalogue, const std::string& directory, MediaReport& report) {
-    DriverPackageTable table;
-    buildDriverPackageTable(table);
-    const DeviceFamily* family = findDeviceFamily(table, lowerCase(report.productCode));
-    const InstallPath path = installPath(family);
-    if (path == InstallPath::EndSilently) {
-        report.path = "ends silently, nothing is installed";
-        return;
+std::string inWords(const InstallPlan& plan) {
+    switch (plan.road) {
+        case Road::Direct:
+            return "older viewers are stopped and removed, then the viewer is installed";
+        case Road::EndSilently:
+            return "ends silently, nothing is installed";
+        case Road::HardwareFamily:
+            return "drivers, then \"Install Product\"";
+        case Road::Ordinary:
+            break;
     }
-    const bool liveOnly = path == InstallPath::Ordinary && isLiveOnly(family);
-    if (path == InstallPath::HardwareFamily) {
-        report.path = "drivers, then \"Install Product\"";
-    } else if (liveOnly) {
-        report.path = "older versions, then drivers, then the live product without a question";
-    } else {
-        report.path = "older versions, then \"Install Product\"";
-    }
-    if (family != nullptr) {
-        addDriverFiles(*family, report.files);
+    return plan.asksProductType
+               ? "older versions, then \"Install Product\""
+               : "older versions, then drivers, then the live product without a question";
+}
+
+/// The files and the choices of a plan that asks, or takes the live product.
+void followPlan(const InstallPlan& plan, CProductData& catalogue, const std::string& directory,
+                MediaReport& report) {
+    if (plan.driverStep != DriverStep::None) {
+        addDriverFiles(*plan.deviceFamily, report.files);
     }
     struct {
         const char* name;
@@ -93,10 +99,8 @@ void followSequence(CProductData& catalogue, const std::string& directory, Media
         bool offered;
     } const choices[] = {
         {"Live Product", product_type::live, true},
-        {"File Viewer", product_type::viewer,
-         !liveOnly && catalogue.hasFileViewerEdition(report.productCode)},
-        {"Demonstration", product_type::demonstration,
-         !liveOnly && catalogue.hasDemonstrationEdition(report.productCode)},
+        {"File Viewer", product_type::viewer, plan.offersFileViewer},
+        {"Demonstration", product_type::demonstration, plan.offersDemonstration},
     };
     for (const auto& choice : choices) {
         if (!choice.offered) {
@@ -147,30 +151,32 @@ MediaReport examineMedia(const std::string& installer, const FolderReader& besid
                          const std::string& directory) {
     MediaReport report;
     CProductData catalogue;
-    std::string productDataText;  // holds what the catalogue's values refer to
     if (!readStamp(installer, report.productCode, report.productName) ||
         report.productCode.empty()) {
         report.problems.push_back("The executable is not a stamped installer.");
         return report;
     }
     std::string knownName;
-    if (!isDirectInstallEdition(report.productCode) &&
+    if (!traitsOf(report.productCode).freeViewer &&
         !catalogue.productName(report.productCode, knownName)) {
         report.problems.push_back(catalogue.lastError);
     }
-    report.buildOrigin = readBuild(besideInstaller, catalogue, productDataText, report.problems);
+    report.buildOrigin = readBuild(besideInstaller, catalogue, report.problems);
     report.build = catalogue.buildVersion();
     report.title = installTitle(report.productName, report.build);
 
     const std::string sourceDirectory = withTrailingBackslash(directory);
-    if (isDirectInstallEdition(report.productCode)) {
-        report.path = "older viewers are stopped and removed, then the viewer is installed";
-        report.files.push_back({uninstallerFile, "removes older viewers"});
+    DriverPackageTable drivers;
+    buildDriverPackageTable(drivers);
+    const InstallPlan plan = planInstallation(report.productCode, catalogue, drivers);
+    report.path = inWords(plan);
+    if (plan.road == Road::Direct) {
+        report.files.push_back({replacementUninstallerFile, "removes older viewers"});
         report.handOvers.push_back(
             {"without a question", "any Windows",
              directSetupParameters(catalogue, report.productCode, sourceDirectory)});
-    } else {
-        followSequence(catalogue, sourceDirectory, report);
+    } else if (plan.road != Road::EndSilently) {
+        followPlan(plan, catalogue, sourceDirectory, report);
     }
     if (!report.handOvers.empty()) {
         report.files.push_back({setupUtilityFile, "installs the product"});

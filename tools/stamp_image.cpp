@@ -1,9 +1,11 @@
 #include "tools/stamp_image.h"
 
+#include <cctype>
 #include <cstddef>
 #include <cstdint>
 
 #include "app/stamped_identity.h"
+#include "catalogue/product_traits.h"
 #include "platform/ansi_text.h"
 
 namespace {
@@ -67,6 +69,13 @@ std::string_view readText(std::string_view image, std::size_t offset, std::size_
     return bytes.substr(0, bytes.find('\0'));
 }
 
+std::string upperCase(std::string text) {
+    for (char& character : text) {
+        character = static_cast<char>(std::toupper(static_cast<unsigned char>(character)));
+    }
+    return text;
+}
+
 }  // namespace
 
 bool chooseStampedCode(const CProductData& catalogue, std::string_view given, std::string& stamped,
@@ -77,8 +86,8 @@ bool chooseStampedCode(const CProductData& catalogue, std::string_view given, st
             continue;
         }
         stamped = given;
-        if (code == "1q") {
-            stamped = "1Q";
+        if (traitsOf(code).freeViewer) {
+            stamped = upperCase(code);
         } else if (given != code) {
             note = "The catalogue's code is \"" + code + "\"; with \"" + stamped +
                    "\" the installer finds neither its editions nor its display name.";

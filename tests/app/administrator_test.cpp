@@ -1,7 +1,6 @@
-#include "app/administrator_win.h"
-
 #include <gtest/gtest.h>
 
+#include "app/administrator_win.h"
 #include "platform/handle_win.h"
 
 namespace {

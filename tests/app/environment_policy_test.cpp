@@ -1,6 +1,6 @@
-#include "app/environment.h"
-
 #include <gtest/gtest.h>
+
+#include "app/environment.h"
 
 TEST(EnvironmentPolicy, EveryOperatingSystem) {
     // In the order of the codes, from -2: no Memory, Invalid, Refused, Asked about, passed.

@@ -1,7 +1,6 @@
-#include "app/message.h"
-
 #include <gtest/gtest.h>
 
+#include "app/message.h"
 #include "catalogue/contact_text.h"
 
 TEST(InstallMessages, Texts) {

@@ -3,60 +3,57 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
+#include <vector>
 
+#include "catalogue/product_code.h"
 #include "ui/product_type.h"
 
 using namespace product_type;
 
-TEST(SetupParameters, ClosesEachFieldAndCutsAt2048) {
-    EXPECT_EQ(composeSetupParameters({{"-build", "1.2.3.4"}, {"-pf", "A B"}, {"-tmp", ""}}),
-              "/hide_usd -build=1.2.3.4`-pf=A B`-tmp=`");
-    const std::string start = "/hide_usd -t=" + std::string(2034, 'x');
-    EXPECT_EQ(composeSetupParameters({{"-t", std::string(2034, 'x')}}), start + '`');
-    EXPECT_EQ(composeSetupParameters({{"-t", std::string(2035, 'x')}}), start + 'x');
-}
+namespace {
 
-TEST(SetupParameters, Fields) {
-    struct {
+TEST(SetupParameters, HoldEveryDecision) {
+    CProductData catalogue;
+    const struct {
+        const char* code;
         unsigned type;
-        int number;
-        const char *suffix, *bitness, *word;
-    } const cases[] = {
-        {live, 4, "", "x64", "LIVE"},
-        {live, 7, "", "x64", "LIVE x64"},
-        {live, 51, "", "x86", "LIVE x86"},
-        {live, 7, "Pro", "x64", "LIVE Pro x64"},
-        {live, 58, "Pro", "x64", "LIVE Pro x86"},
-        {demonstration, 7, "Pro", "x64", "DEMO"},
-        {viewer, 51, "Pro", "x64", "VIEW"},
-        {viewer, 60, "", "x64", "VIEW x86"},
-        {demonstration, 58, "", "", "DEMO x86"},
-        {0, 4, "Pro", "", "LIVE Pro"},
+        const char* suffix;
+        bool x64;
+        const char *typeField, *bitness;
+    } rows[] = {
+        {"04", live, "", true, "LIVE", "x86"},
+        {"07", live, "", true, "LIVE x64", "x64"},
+        {"1m", live, "", false, "LIVE x86", "x86"},
+        {"07", live, "Pro", true, "LIVE Pro x64", "x64"},
+        {"1u", live, "Pro", true, "LIVE Pro x86", "x86"},
+        {"07", demonstration, "Pro", true, "DEMO", "x64"},
+        {"1m", viewer, "Pro", true, "VIEW", "x64"},
+        {"1w", viewer, "", true, "VIEW x86", "x86"},
+        {"1u", demonstration, "", true, "DEMO x86", "x86"},
+        {"04", 0, "Pro", true, "LIVE Pro", "x86"},
+        {"04", demonstration | viewer, "", true, "DEMO", "x86"},
     };
-    for (const auto& row : cases) {
-        EXPECT_EQ(productTypeWord(row.type, row.number, row.suffix, row.bitness), row.word);
+    for (const auto& row : rows) {
+        EXPECT_EQ(setupParameters(catalogue,
+                                  {row.code, numberFromCode(row.code), row.type, row.suffix,
+                                   "C:\\a b`\\c", row.x64},
+                                  "A Folder"),
+                  std::string("/hide_usd -build=16.4.10002.0`-pid=") + row.code +
+                      "`-pf=A Folder`-type=" + row.typeField + "`-bitness=" + row.bitness +
+                      "`-tmp=C:\\a b`\\`");
     }
-    EXPECT_EQ(productTypeWord(demonstration | viewer, 4, "", ""), "DEMO");
-    EXPECT_STREQ(programFolderEdition(demonstration), "Demo");
-    EXPECT_STREQ(programFolderEdition(viewer), "Viewer");
-    EXPECT_STREQ(programFolderEdition(live), "");
-    EXPECT_EQ(setupBitness(true, true), "x64");
-    EXPECT_EQ(setupBitness(true, false), "x86");
-    EXPECT_EQ(setupBitness(false, true), "x86");
-    EXPECT_EQ(temporaryFolder("C:\\a b`\\"), "C:\\a b`\\");
-    EXPECT_EQ(temporaryFolder("C:\\a\\b"), "C:\\a\\");
-    EXPECT_EQ(temporaryFolder("a"), "");
+    EXPECT_TRUE(directSetupParameters(catalogue, "1Q", "a").ends_with("-type=LIVE`-tmp=`"));
+    // 2048 characters, the last backquote among them or just cut off.
+    const std::size_t rest = setupParameters(catalogue, {}, "").size();
+    const std::string longest(2048 - rest, 'f');
+    EXPECT_EQ(setupParameters(catalogue, {}, longest).back(), '`');
+    EXPECT_EQ(setupParameters(catalogue, {}, longest + 'f').size(), 2048u);
 }
 
-TEST(SetupRequest, BecomesTheWholeString) {
+TEST(SetupParameters, ADemonstrationTakesThePlaceOfItsProduct) {
     CProductData catalogue;
     std::string code = "07", name;
     int number = 7;
-    EXPECT_EQ(setupParameters(catalogue, {code, number, live, "", "D:\\M\\", true}, "Folder"),
-              "/hide_usd -build=16.4.10002.0`-pid=07`-pf=Folder`-type=LIVE x64`-bitness=x64`"
-              "-tmp=D:\\M\\`");
-    EXPECT_EQ(directSetupParameters(catalogue, "1Q", "D:\\M\\"),
-              "/hide_usd -build=16.4.10002.0`-pid=1Q`-pf=Bluetooth SIG`-type=LIVE`-tmp=D:\\M\\`");
     EXPECT_TRUE(switchToDemonstration(catalogue, code, name, number));
     EXPECT_EQ(code + ' ' + name, "0u " + catalogue.ProductNames.at("0u"));
     EXPECT_EQ(number, 26);
@@ -89,3 +86,5 @@ TEST(ProgramFolder, IsNumberedFromTwo) {
         EXPECT_EQ(uniqueProgramFolder(row.name, row.product, isTaken), row.folder);
     }
 }
+
+}  // namespace

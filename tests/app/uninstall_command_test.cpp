@@ -1,6 +1,6 @@
-#include "app/direct_install.h"
-
 #include <gtest/gtest.h>
+
+#include "app/direct_install.h"
 
 TEST(UninstallCommand, IsCutByPosition) {
     struct {

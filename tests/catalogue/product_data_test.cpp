@@ -1,10 +1,9 @@
-#include "catalogue/product_catalogue.h"
-
 #include <gtest/gtest.h>
 
 #include <algorithm>
 
 #include "catalogue/code_directory.h"
+#include "catalogue/product_catalogue.h"
 #include "catalogue/product_code.h"
 #include "catalogue/product_names.h"
 

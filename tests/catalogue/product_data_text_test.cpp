@@ -1,10 +1,10 @@
-#include "catalogue/product_data_file.h"
-
 #include <gtest/gtest.h>
 
 #include "catalogue/cipher.h"
+#include "catalogue/product_data_file.h"
+#include "platform/files.h"
 
-using Values = CProductData::ValueMap;
+using Values = ValueParts;
 
 TEST(ProductDataText, IsPlainOrEncipheredAndHasCommentLines) {
     struct {
@@ -73,7 +73,8 @@ TEST(ProductDataText, TakesTimeInProportionToTheText) {
     for (const std::string& content : {std::string(size, '\n'), std::string(size, '\0'),
                                        std::string(size, '='), std::string(size, '['), pairs}) {
         Values values;
-        readVersionSection(withoutComments(std::string(versionSectionHeader) + content), values);
+        std::ignore = readVersionSection(
+            withoutComments(std::string(versionSectionHeader) + content), values);
         EXPECT_LE(values.size(), size);
     }
 }
@@ -91,6 +92,6 @@ TEST(ProgramDirectory, EndsInTheLastSeparator) {
         {"C:\\" + longest + "i.exe", ""},
     };
     for (const auto& [path, directory] : cases) {
-        EXPECT_EQ(programDirectory(path), directory);
+        EXPECT_EQ(directoryOfProgram(path), directory);
     }
 }

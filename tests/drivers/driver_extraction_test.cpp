@@ -1,6 +1,6 @@
-#include "drivers/driver_installation.h"
-
 #include <gtest/gtest.h>
+
+#include "drivers/driver_installation.h"
 
 using namespace std::string_literals;
 

@@ -1,6 +1,6 @@
-#include "drivers/driver_installation_win.h"
-
 #include <gtest/gtest.h>
+
+#include "drivers/driver_installation_win.h"
 
 namespace {
 

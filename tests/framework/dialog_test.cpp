@@ -1,7 +1,6 @@
-#include "framework/dialog_win.h"
-
 #include <gtest/gtest.h>
 
+#include "framework/dialog_win.h"
 #include "tests/framework/modal_driver.h"
 
 namespace {

@@ -1,6 +1,6 @@
-#include "installed/installation_record.h"
-
 #include <gtest/gtest.h>
+
+#include "installed/installation_record.h"
 
 TEST(AnalyserVersion, LooksInBothPlacesForWhatFollowsTheWords) {
     InstallationRecord record;

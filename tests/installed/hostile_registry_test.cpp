@@ -23,7 +23,7 @@ class Registry : public testing::Test {
         }
     }
     bool walk(const std::string& key) {
-        setWalkError("");
+        clearWalkError();
         records.clear();
         return walkKeyTree(HKEY_LOCAL_MACHINE, key, "HKEY_LOCAL_MACHINE\\", records, extras);
     }

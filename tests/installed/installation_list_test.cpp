@@ -1,7 +1,6 @@
-#include "installed/installation_index.h"
-
 #include <gtest/gtest.h>
 
+#include "installed/installation_index.h"
 #include "platform/ansi_text.h"
 #include "tests/installed/sample_record.h"
 
@@ -72,7 +71,7 @@ TEST(InstallationList, FindsFromTheLastToTheFirst) {
         {"c:\\old\x95\\\\", 0, {2}, true},
     };
     for (const auto& search : searches) {
-        CodePage page = asciiCodePage();
+        CodePage page = asciiCodePage;
         page.lead[0x95] = search.twoByte;
         useCodePage(page);
         std::vector<std::size_t> matches{99};
@@ -80,5 +79,5 @@ TEST(InstallationList, FindsFromTheLastToTheFirst) {
                   !search.matches.empty());
         EXPECT_EQ(matches, search.matches) << search.value << ", " << search.selector;
     }
-    useCodePage(asciiCodePage());
+    useCodePage(asciiCodePage);
 }

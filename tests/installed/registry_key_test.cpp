@@ -1,5 +1,4 @@
 #include "installed/registry_key_win.h"
-
 #include "tests/installed/scratch_machine.h"
 
 namespace {
@@ -16,14 +15,14 @@ TEST(RegistryKey, KeepsItsKeyUntilAnotherOneOpens) {
     {
         RegistryKey key;
         EXPECT_EQ(key.open(HKEY_LOCAL_MACHINE, "A", KEY_READ | KEY_WOW64_32KEY), ERROR_SUCCESS);
-        first = key.handle;
-        EXPECT_EQ(key.open(key.handle, "missing", KEY_READ), ERROR_FILE_NOT_FOUND);
-        EXPECT_EQ(key.handle, first);
+        first = key.handle.get();
+        EXPECT_EQ(key.open(key.handle.get(), "missing", KEY_READ), ERROR_FILE_NOT_FOUND);
+        EXPECT_EQ(key.handle.get(), first);
         EXPECT_EQ(key.view, 0x200u);
-        EXPECT_EQ(key.open(key.handle, "B", KEY_READ), ERROR_SUCCESS);
+        EXPECT_EQ(key.open(key.handle.get(), "B", KEY_READ), ERROR_SUCCESS);
         EXPECT_EQ(key.view, 0u);
         EXPECT_FALSE(isOpen(first));
-        last = key.handle;
+        last = key.handle.get();
     }
     EXPECT_FALSE(isOpen(last));
 }
@@ -37,7 +36,7 @@ TEST(RegistryKey, OpensInItsTransaction) {
     EXPECT_EQ(key.open(HKEY_LOCAL_MACHINE, "", KEY_READ), ERROR_SUCCESS);
     transaction.handle = reinterpret_cast<HANDLE>(1);  // none
     EXPECT_NE(key.open(HKEY_LOCAL_MACHINE, "", KEY_READ), ERROR_SUCCESS);
-    EXPECT_TRUE(isOpen(key.handle));
+    EXPECT_TRUE(isOpen(key.handle.get()));
 }
 
 }  // namespace

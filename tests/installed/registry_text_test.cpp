@@ -1,6 +1,6 @@
-#include "installed/registry_key.h"
-
 #include <gtest/gtest.h>
+
+#include "installed/registry_key.h"
 
 TEST(RegistryText, StaysWithinTheData) {
     for (unsigned long type = 0; type < 12; ++type) {

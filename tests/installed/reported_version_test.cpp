@@ -1,6 +1,6 @@
-#include "installed/installed_product.h"
-
 #include <gtest/gtest.h>
+
+#include "installed/installed_product.h"
 
 TEST(ReportedVersion, NeedsFourFieldsAndMoreThanTen) {
     for (const char* version : {"11.0.0.0", "11.0.0.0.", "16.4.10002.0", "011.1.1.1"}) {

@@ -1,6 +1,6 @@
-#include "installed/ask_uninstall_dialog.h"
-
 #include <gtest/gtest.h>
+
+#include "installed/ask_uninstall_dialog.h"
 
 TEST(UninstallPrompt, SpeaksOfOneVersionOrOfSeveral) {
     for (const std::size_t count : {0u, 1u, 2u, 3u}) {

@@ -15,7 +15,7 @@ TEST(AnsiText, ComparesAndFindsWithoutRegardToCase) {
 
 // Lead bytes as in code page 932, letters as in 1252.
 TEST(AnsiText, SecondBytesAreNoCharactersOfTheirOwn) {
-    CodePage page = asciiCodePage();
+    CodePage page = asciiCodePage;
     std::fill_n(&page.lead[0x81], 0x1F, true);
     page.lower[0xC9] = 0xE9;
     useCodePage(page);
@@ -28,5 +28,5 @@ TEST(AnsiText, SecondBytesAreNoCharactersOfTheirOwn) {
     EXPECT_EQ(withTrailingBackslash("media"), "media\\");
     EXPECT_EQ(findLastBackslash("C:\\a\x95\x5C"), 2u);
     EXPECT_EQ(findLastBackslash("none"), std::string_view::npos);
-    useCodePage(asciiCodePage());
+    useCodePage(asciiCodePage);
 }

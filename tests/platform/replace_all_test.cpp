@@ -1,6 +1,6 @@
-#include "platform/ansi_text.h"
-
 #include <gtest/gtest.h>
+
+#include "platform/ansi_text.h"
 
 TEST(ReplaceAll, ReplacesWithoutSearchingWhatItInserted) {
     struct {

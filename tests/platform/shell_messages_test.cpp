@@ -1,6 +1,6 @@
-#include "platform/shell_runner.h"
-
 #include <gtest/gtest.h>
+
+#include "platform/shell_runner.h"
 
 const char pathNotFound[] = "The specified path was not found.";
 const char accessDenied[] = "The operating system denied access to the specified file.";

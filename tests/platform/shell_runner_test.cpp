@@ -1,8 +1,8 @@
-#include "platform/shell_runner_win.h"
-
 #include <gtest/gtest.h>
 
 #include <cstdlib>
+
+#include "platform/shell_runner_win.h"
 
 namespace {
 

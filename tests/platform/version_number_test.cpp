@@ -2,7 +2,6 @@
 
 #include <gtest/gtest.h>
 
-
 TEST(FieldSplitter, EscapesAndEmptyFields) {
     const std::string longText(2500, 'x');
     struct {

@@ -1,8 +1,8 @@
-#include "platform/file_version.h"
-
 #include <gtest/gtest.h>
 
 #include <vector>
+
+#include "platform/file_version.h"
 
 TEST(VersionResource, TextStaysInsideTheBlock) {
     const char content[] =

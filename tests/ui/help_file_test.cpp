@@ -1,6 +1,6 @@
-#include "ui/html_help.h"
-
 #include <gtest/gtest.h>
+
+#include "ui/html_help.h"
 
 TEST(HelpFile, TakesTheProgramsNameAndFolder) {
     EXPECT_EQ(helpFilePath("D:\\media\\Install.exe"), "D:\\media\\Install.chm");

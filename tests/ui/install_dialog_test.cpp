@@ -1,10 +1,9 @@
-#include "ui/install_dialog_win.h"
-
 #include <gtest/gtest.h>
 
 #include <vector>
 
 #include "tests/framework/modal_driver.h"
+#include "ui/install_dialog_win.h"
 #include "ui/resource.h"
 
 namespace {

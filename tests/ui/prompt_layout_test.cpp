@@ -1,8 +1,8 @@
-#include "ui/install_dialog.h"
-
 #include <gtest/gtest.h>
 
 #include <string>
+
+#include "ui/install_dialog.h"
 
 TEST(PromptLayout, SplitsAtBreaks) {
     const std::pair<const char*, const char*> cases[] = {

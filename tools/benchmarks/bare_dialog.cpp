@@ -3,8 +3,8 @@
 
 #include <commctrl.h>
 
-#include "framework/dialog_win.h"
 #include "framework/application_win.h"
+#include "framework/dialog_win.h"
 #include "ui/resource.h"
 
 namespace {

@@ -4,7 +4,7 @@
 int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
     const std::string text = withoutComments(std::string(asText(data, size)));
     require(text.size() <= size);
-    CProductData::ValueMap values;
+    ValueParts values;
     if (readVersionSection(text, values)) {
         require(!values.empty());
         for (const auto& [key, value] : values) {
