@@ -3,6 +3,7 @@
 #include <memory>
 
 #include "catalogue/product_catalogue.h"
+#include "platform/ansi_text.h"
 #include "tools/desk/command.h"
 #include "tools/desk/machine.h"
 #include "tools/desk/media_folder.h"
@@ -10,7 +11,6 @@
 #include "tools/desk/story_page.h"
 #include "tools/desk/story_text.h"
 #include "tools/desk/whole_file.h"
-#include "platform/ansi_text.h"
 
 namespace {
 

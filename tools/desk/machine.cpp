@@ -270,8 +270,8 @@ bool readRegistry(const Json& document, Machine& machine, std::string& error) {
     const auto readEntry = [&](const Json& entry, std::size_t number) {
         std::string key = numberedKey(number);
         return readText(entry, "key", key, error) &&
-               addKey(entry, std::string(uninstallListKey) + '\\' + key, {"key"},
-                      machine.registry, error);
+               addKey(entry, std::string(uninstallListKey) + '\\' + key, {"key"}, machine.registry,
+                      error);
     };
     const auto readInstallation = [&](const Json& installation, std::size_t number) {
         std::string key = numberedKey(number);

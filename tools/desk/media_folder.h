@@ -10,8 +10,8 @@
 
 /// The path of what has this name in `folder`, in any letter case, as Windows finds it; a name in
 /// the same letter case first.
-[[nodiscard]] std::optional<std::filesystem::path> findInFolder(
-    const std::filesystem::path& folder, const std::string& name);
+[[nodiscard]] std::optional<std::filesystem::path> findInFolder(const std::filesystem::path& folder,
+                                                                const std::string& name);
 
 /// Whether the file is whole: a regular file with content, an executable by its own headers.
 [[nodiscard]] FileState fileState(const std::filesystem::path& folder, const std::string& name);

@@ -59,18 +59,20 @@ void examineProductData(const Media& media, MediaReport& report) {
         [&media](const ProductDataName& name) { return media.besideInstaller(name.file).present; });
     if (media.installerIsOnMedia) {
         if (!beside) {
-            report.warnings.push_back("There is no product-data file: every build is handed over as " +
-                                      report.build + ".");
+            report.warnings.push_back(
+                "There is no product-data file: every build is handed over as " + report.build +
+                ".");
         }
         return;
     }
-    const auto* const onMedia =
-        std::find_if(std::begin(productDataNames), std::end(productDataNames),
-                     [&media](const ProductDataName& name) { return media.onMedia(name.file).present; });
+    const auto* const onMedia = std::find_if(
+        std::begin(productDataNames), std::end(productDataNames),
+        [&media](const ProductDataName& name) { return media.onMedia(name.file).present; });
     if (!beside && onMedia != std::end(productDataNames)) {
-        report.problems.push_back(std::string(onMedia->file) +
-                                  " on the media is not read: a run reads it in the installer's own "
-                                  "folder, where there is none; put the installer on the media");
+        report.problems.push_back(
+            std::string(onMedia->file) +
+            " on the media is not read: a run reads it in the installer's own "
+            "folder, where there is none; put the installer on the media");
         return;
     }
     report.warnings.push_back(
@@ -211,7 +213,7 @@ std::string asText(const MediaReport& report) {
     }
     for (const MediaFile& file : report.files) {
         const bool whole = file.present && file.damage.empty();
-        text += (whole           ? "found     "
+        text += (whole          ? "found     "
                  : file.present ? "DAMAGED   "
                                 : "MISSING   ") +
                 file.name + "  (" + (file.damage.empty() ? file.purpose : file.damage) + ")\n";

@@ -69,8 +69,7 @@ struct Media {
 [[nodiscard]] MediaReport examineMedia(const Media& media, CProductData& catalogue);
 
 /// In words, what the plan of a product does.
-[[nodiscard]] std::string routeInWords(std::string_view productCode,
-                                       const CProductData& catalogue);
+[[nodiscard]] std::string routeInWords(std::string_view productCode, const CProductData& catalogue);
 
 /// One line for each finding, and "complete" or "NOT COMPLETE" at the end; UTF-8.
 [[nodiscard]] std::string asText(const MediaReport& report);

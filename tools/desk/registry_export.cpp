@@ -70,7 +70,8 @@ class Reader {
 
     void readLine() {
         const std::size_t number = lineNumber + 1;
-        const bool understood = rest.front() == '"' || rest.front() == '@' ? readValue() : readKey();
+        const bool understood =
+            rest.front() == '"' || rest.front() == '@' ? readValue() : readKey();
         if (!understood && problems.size() < mostProblems) {
             problems.push_back("line " + std::to_string(number) + " is not understood");
         }
@@ -160,9 +161,8 @@ class Reader {
     bool takeQuoted(std::string& text) {
         for (std::size_t index = 1; index < rest.size(); ++index) {
             if (rest[index] == '"') {
-                lineNumber += static_cast<std::size_t>(
-                    std::count(rest.begin(), rest.begin() + static_cast<std::ptrdiff_t>(index),
-                               '\n'));
+                lineNumber += static_cast<std::size_t>(std::count(
+                    rest.begin(), rest.begin() + static_cast<std::ptrdiff_t>(index), '\n'));
                 rest.remove_prefix(index + 1);
                 return true;
             }

@@ -169,8 +169,7 @@ class Teller {
                                       " are not for this Windows and are left out.");
                 continue;
             }
-            const std::string folder =
-                extractionFolder(package.targetFolder, machine.programFiles);
+            const std::string folder = extractionFolder(package.targetFolder, machine.programFiles);
             const ExtractionCommand command =
                 extractionCommand(media.sourceDirectory, package.archive, family.dataKey, folder);
             addStep(StoryStep::Kind::Run, {command.tool, command.arguments},
@@ -241,20 +240,20 @@ class Teller {
             return findInstallations(installations, name, installation_selector::programFolder,
                                      matches);
         };
-        ending.programFolder = uniqueProgramFolder(programFolderName(catalogue, request),
-                                                   productNumber, isTaken);
+        ending.programFolder =
+            uniqueProgramFolder(programFolderName(catalogue, request), productNumber, isTaken);
         ending.programFolderNumber = tried;
         if (tried > 1 && removesVersions) {
-            noteOnce("Versions that are removed free their program folders: the numbers are those "
-                     "for \"" TEXT_UNINSTALL_NO "\".");
+            noteOnce(
+                "Versions that are removed free their program folders: the numbers are those "
+                "for \"" TEXT_UNINSTALL_NO "\".");
         }
         const std::string parameters = setupParameters(catalogue, request, ending.programFolder);
         handOver(std::move(ending), parameters);
     }
 
     void handOver(StoryEnding ending, const std::string& parameters) {
-        const std::string path =
-            formatCut("%s%s", media.sourceDirectory.c_str(), setupUtilityFile);
+        const std::string path = formatCut("%s%s", media.sourceDirectory.c_str(), setupUtilityFile);
         if (media.holds(setupUtilityFile)) {
             ending.setup = {path, parameters};
         } else {

@@ -165,17 +165,15 @@ std::string windowHtml(const StoryDialog& dialog) {
     }
     std::string buttons;
     for (const std::string& button : dialog.buttons) {
-        buttons +=
-            element(buttons.empty() ? "span class=\"first\"" : "span", escaped(button));
+        buttons += element(buttons.empty() ? "span class=\"first\"" : "span", escaped(button));
     }
-    const char* icon = !dialog.icon                            ? ""
+    const char* icon = !dialog.icon                           ? ""
                        : *dialog.icon == MessageIcon::Warning ? warningIcon
                                                               : errorIcon;
     return "<div class=\"window\" role=\"group\" aria-label=\"Dialog: " + escaped(dialog.title) +
            "\"><div class=\"bar\">" + escaped(dialog.title) +
            "<span aria-hidden=\"true\">\u2715</span></div><div class=\"body\">" + icon +
-           element("div", body) + "</div>" + element("div class=\"buttons\"", buttons) +
-           "</div>\n";
+           element("div", body) + "</div>" + element("div class=\"buttons\"", buttons) + "</div>\n";
 }
 
 std::string answersHtml(const std::vector<StoryAnswer>& answers) {
@@ -206,8 +204,7 @@ std::string stepHtml(const StoryStep& step) {
                                                   escaped(step.command.arguments));
             break;
         default:
-            what = "Runs, and waits for" +
-                   element("code", escapedUtf8(shownCommand(step.command)));
+            what = "Runs, and waits for" + element("code", escapedUtf8(shownCommand(step.command)));
     }
     return element("div class=\"does\"", what + element("span", escaped(step.note)));
 }
@@ -221,16 +218,16 @@ std::string endingHtml(const StoryEnding& ending) {
     std::string rows;
     for (const auto& [name, value] : parameterFields(ending.setup.arguments)) {
         if (!value.empty()) {
-            rows += element("tr", element("th scope=\"row\"", escaped(name)) +
-                                      element("td", escaped(value)));
+            rows += element(
+                "tr", element("th scope=\"row\"", escaped(name)) + element("td", escaped(value)));
         }
     }
     std::string folder;
     if (ending.programFolderNumber > 1) {
-        folder = element("p class=\"note\"",
-                         "The program folder gets the number " +
-                             std::to_string(ending.programFolderNumber) +
-                             ": the names before it are taken on this machine.");
+        folder =
+            element("p class=\"note\"", "The program folder gets the number " +
+                                            std::to_string(ending.programFolderNumber) +
+                                            ": the names before it are taken on this machine.");
     }
     return element("div class=\"ending\"",
                    heading + element("table", rows) + folder + "<details><summary>The whole call" +
@@ -262,13 +259,13 @@ std::vector<Stop> stopsOf(const RunStory& story) {
             const bool asks = step.dialog.buttons.size() > 1;
             stops.push_back({asks ? "Windows" : "Message", asks ? "asks first" : "and the end"});
         } else if (!step.dialog.rows.empty()) {
-            stops.push_back({"Older versions", std::to_string(step.dialog.rows.size()) +
-                                                   " offered for removal"});
+            stops.push_back({"Older versions",
+                             std::to_string(step.dialog.rows.size()) + " offered for removal"});
         } else {
-            stops.push_back({"Install Product",
-                             step.dialog.choices.size() == 1
-                                 ? "one choice"
-                                 : std::to_string(step.dialog.choices.size()) + " choices"});
+            stops.push_back(
+                {"Install Product", step.dialog.choices.size() == 1
+                                        ? "one choice"
+                                        : std::to_string(step.dialog.choices.size()) + " choices"});
         }
     }
     return stops;
@@ -292,8 +289,8 @@ std::string roadHtml(const RunStory& story) {
     const int last = 40 + gap * count;
     const auto number = [](int value) { return std::to_string(value); };
 
-    std::string drawn = "<path class=\"way\" d=\"M40 " + number(middle) + "H" + number(last) +
-                        "\"/>";
+    std::string drawn =
+        "<path class=\"way\" d=\"M40 " + number(middle) + "H" + number(last) + "\"/>";
     std::string endsDrawn, told = "The road: start";
     for (int index = 0; index < ends; ++index) {
         const bool early = story.endings.empty();
@@ -324,18 +321,17 @@ std::string roadHtml(const RunStory& story) {
     for (int index = 0; index < count; ++index) {
         const Stop& stop = stops[static_cast<std::size_t>(index)];
         const int x = 40 + gap * (index + 1);
-        drawn += "<circle class=\"stop\" cx=\"" + number(x) + "\" cy=\"" + number(middle) +
-                 "\" r=\"16\"/>" +
-                 svgText(x, middle + 5, "class=\"number\" text-anchor=\"middle\"",
-                         number(index + 1)) +
-                 svgText(x, middle + 36, "text-anchor=\"middle\"", stop.label) +
-                 svgText(x, middle + 52, "class=\"small\" text-anchor=\"middle\"", stop.detail);
+        drawn +=
+            "<circle class=\"stop\" cx=\"" + number(x) + "\" cy=\"" + number(middle) +
+            "\" r=\"16\"/>" +
+            svgText(x, middle + 5, "class=\"number\" text-anchor=\"middle\"", number(index + 1)) +
+            svgText(x, middle + 36, "text-anchor=\"middle\"", stop.label) +
+            svgText(x, middle + 52, "class=\"small\" text-anchor=\"middle\"", stop.detail);
         told += "; " + stop.label + ", " + stop.detail;
     }
     told += story.endings.empty() ? "; the run ends" : "; then " + number(ends) + " ending(s)";
     return "<svg class=\"road\" viewBox=\"0 0 " + number(width) + ' ' + number(height) +
-           "\" role=\"img\" aria-label=\"" + escaped(told) + "\">" + drawn + endsDrawn +
-           "</svg>\n";
+           "\" role=\"img\" aria-label=\"" + escaped(told) + "\">" + drawn + endsDrawn + "</svg>\n";
 }
 
 std::string stepsHtml(const RunStory& story) {
@@ -384,13 +380,12 @@ std::string machineHtml(const RunStory& story, const Machine& machine) {
     const auto fact = [](const char* name, const std::string& value) {
         return element("li", element("b", name) + escapedUtf8(value));
     };
-    return element("ul class=\"facts\"",
-                   fact("Machine", machine.windows) + fact("Reports", systemInWords(story)) +
-                       fact("User", machine.administrator ? "an administrator"
-                                                          : "no administrator") +
-                       fact("Uninstall list", std::to_string(products.size()) +
-                                                  " that a run could report") +
-                       fact("Maker's tree", std::to_string(installations) + " installations"));
+    return element(
+        "ul class=\"facts\"",
+        fact("Machine", machine.windows) + fact("Reports", systemInWords(story)) +
+            fact("User", machine.administrator ? "an administrator" : "no administrator") +
+            fact("Uninstall list", std::to_string(products.size()) + " that a run could report") +
+            fact("Maker's tree", std::to_string(installations) + " installations"));
 }
 
 }  // namespace
@@ -399,8 +394,8 @@ std::string storyPage(const std::vector<RunStory>& stories, const Machine& machi
     std::string links, sections;
     for (const RunStory& story : stories) {
         links += element("li", "<a href=\"#p" + escaped(story.productCode) + "\" title=\"" +
-                                   escaped(story.productName) + "\">" +
-                                   escaped(story.productCode) + "</a>");
+                                   escaped(story.productName) + "\">" + escaped(story.productCode) +
+                                   "</a>");
         sections += storyHtml(story);
     }
     return "<!DOCTYPE html>\n<html lang=\"en\"><head><meta charset=\"utf-8\">\n"
@@ -408,11 +403,13 @@ std::string storyPage(const std::vector<RunStory>& stories, const Machine& machi
            "<title>What the installers do</title>\n" +
            element("style", styleSheet) + "</head><body>\n<header>" +
            element("h1", "What the installers do") +
-           element("p class=\"lead\"",
-                   "Every run as it would go on the machine below: its dialogs, what it removes and "
-                   "installs, and what the setup utility is handed at the end.") +
+           element(
+               "p class=\"lead\"",
+               "Every run as it would go on the machine below: its dialogs, what it removes and "
+               "installs, and what the setup utility is handed at the end.") +
            (stories.empty() ? "" : machineHtml(stories.front(), machine)) + "</header>\n" +
-           element("nav aria-label=\"Products\"", element("ul", links)) + element("main", sections) +
+           element("nav aria-label=\"Products\"", element("ul", links)) +
+           element("main", sections) +
            element("footer", "Told by installer-tool " INSTALLER_BUILD_TEXT
                              " from the installers' own decisions.") +
            "</body></html>\n";
