@@ -1,4 +1,5 @@
 #include "tools/desk/bill_of_materials.h"
+#include "tools/desk/western_text.h"
 
 #include "catalogue/build_number.h"
 
@@ -25,7 +26,7 @@ Json property(const char* name, const std::string& value) {
 Json billOfMaterials(const std::vector<ReleasedFile>& files) {
     Json components = Json::array(), dependencies = Json::array();
     for (const ReleasedFile& file : files) {
-        Json component = application(file.path, utf8(file.name) + " Installation", file.version);
+        Json component = application(file.path, toUtf8(file.name) + " Installation", file.version);
         component["hashes"] = Json::array({{{"alg", "SHA-256"}, {"content", file.digest}}});
         component["properties"] = Json::array(
             {property("installer:path", file.path), property("installer:productCode", file.code)});

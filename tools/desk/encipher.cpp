@@ -6,6 +6,7 @@
 #include "catalogue/product_data_file.h"
 #include "tools/desk/command.h"
 #include "tools/desk/product_data.h"
+#include "tools/desk/western_text.h"
 #include "tools/desk/whole_file.h"
 
 namespace {
@@ -25,7 +26,7 @@ std::shared_ptr<Files> addFiles(CLI::App* command) {
 
 void report(const Session& session, const Files& files, const std::string& build) {
     if (session.json) {
-        printJson({{"output", files.output}, {"build", utf8(build)}});
+        printJson({{"output", files.output}, {"build", toUtf8(build)}});
     }
 }
 

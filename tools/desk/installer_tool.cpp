@@ -5,7 +5,9 @@
 #include <iostream>
 
 #include "catalogue/build_number.h"
+#include "platform/ansi_text.h"
 #include "tools/desk/command.h"
+#include "tools/desk/western_text.h"
 
 namespace {
 
@@ -39,7 +41,10 @@ int run(std::vector<std::string> arguments, const std::string& program) {
     addStampCommand(app, session);
     addEncipherCommand(app, session);
     addDecipherCommand(app, session);
+    addLayoutCommand(app, session);
     addCheckCommand(app, session);
+    addReleaseCommand(app, session);
+    addVerifyCommand(app, session);
     try {
         app.parse(std::move(arguments));
         return session.exitCode;
@@ -53,6 +58,7 @@ int run(std::vector<std::string> arguments, const std::string& program) {
 }  // namespace
 
 int main(int count, char** arguments) {
+    useCodePage(westernCodePage());
     std::vector<std::string> words(arguments + 1, arguments + count);
     const std::string command = commandOfName(arguments[0]);
     if (!command.empty()) {

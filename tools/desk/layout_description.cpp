@@ -4,9 +4,11 @@
 
 #include "app/direct_install.h"
 #include "app/setup_parameters.h"
+#include "catalogue/product_catalogue.h"
 #include "drivers/driver_installation.h"
 #include "platform/ansi_text.h"
 #include "tools/desk/release_folder.h"
+#include "tools/desk/western_text.h"
 #include "tools/desk/whole_file.h"
 
 namespace fs = std::filesystem;
@@ -141,7 +143,7 @@ bool LayoutDescription::isEnciphered(const std::string& code) const {
 }
 
 std::string LayoutDescription::name(const std::string& code) const {
-    return find(code, "name").value_or("");
+    return fromUtf8(find(code, "name").value_or(""));
 }
 
 fs::path LayoutDescription::source(const std::string& code, const std::string& mediaFile) const {

@@ -4,6 +4,7 @@
 
 #include "tools/desk/command.h"
 #include "tools/desk/stamping.h"
+#include "tools/desk/western_text.h"
 #include "tools/desk/whole_file.h"
 
 namespace {
@@ -33,14 +34,17 @@ void stamp(const Choices& choices, const Session& session) {
         throw Refusal("The name is empty; leave it out to stamp the catalogue's.");
     }
     const ProductStamp product =
-        chooseStamp(catalogue, choices.words[1], named ? choices.words[2] : "", choices.build);
+        chooseStamp(catalogue, choices.words[1], named ? fromUtf8(choices.words[2]) : "", choices.build);
     refuseSameFile(input, output);
     writeOutput(output, stampedInstaller(readInput(input), input, product));
     for (const std::string& note : product.notes) {
         printNote(output, note);
     }
     if (session.json) {
-        printJson({{"output", output}, {"code", product.code}, {"name", utf8(product.name)}});
+        printJson({{"output", output},
+                   {"code", product.code},
+                   {"name", toUtf8(product.name)},
+                   {"notes", product.notes}});
     }
 }
 

@@ -7,6 +7,7 @@
 #include "tools/desk/executable.h"
 #include "tools/desk/product_data.h"
 #include "tools/desk/stamp_image.h"
+#include "tools/desk/western_text.h"
 
 ProductStamp chooseStamp(CProductData& catalogue, const std::string& code, const std::string& name,
                          const std::string& build) {
@@ -21,12 +22,12 @@ ProductStamp chooseStamp(CProductData& catalogue, const std::string& code, const
     const std::string ownName = catalogue.ProductNames.find(lowerCase(stamp.code))->second;
     stamp.name = name.empty() ? ownName : name;
     if (stamp.name != ownName) {
-        stamp.notes.push_back("the dialog's title will say \"" + stamp.name +
+        stamp.notes.push_back("the dialog's title will say \"" + toUtf8(stamp.name) +
                               "\", the program folder \"" + ownName +
                               "\"; leave the name out to have both agree");
     }
     if (stamp.name.size() > longestStampedName) {
-        throw Refusal("The name \"" + stamp.name + "\" does not fit: it has " +
+        throw Refusal("The name \"" + toUtf8(stamp.name) + "\" does not fit: it has " +
                       std::to_string(stamp.name.size()) + " characters, and there is room for " +
                       std::to_string(longestStampedName) + ". Name the product more shortly.");
     }

@@ -13,6 +13,7 @@
 #include "tools/desk/shell_command.h"
 #include "tools/desk/stamp_image.h"
 #include "tools/desk/version_stamp.h"
+#include "tools/desk/western_text.h"
 #include "tools/desk/whole_file.h"
 
 namespace {
@@ -76,7 +77,7 @@ void lookAtStamp(const std::string& path, const std::string& image, const Produc
         findings.add(path, "is stamped \"" + code + "\", not \"" + facts.code + "\"");
     }
     if (name != facts.name) {
-        findings.add(path, "is stamped with the name \"" + utf8(name) + "\", not \"" + facts.name +
+        findings.add(path, "is stamped with the name \"" + toUtf8(name) + "\", not \"" + facts.name +
                                "\"");
     }
     const std::optional<std::string> shown = versionText(image, "ProductName");
@@ -140,8 +141,8 @@ Findings look(const Choices& choices) {
     std::map<std::string, std::string> billed;
     try {
         billed = readBillOfMaterials(folder);
-    } catch (const Json::exception& error) {
-        findings.add(billOfMaterialsFile, std::string("cannot be understood: ") + error.what());
+    } catch (const std::exception& error) {
+        findings.add(billOfMaterialsFile, std::string("cannot be used: ") + error.what());
     }
     const auto digestIn = [](const std::map<std::string, std::string>& all, const std::string& path) {
         const auto found = all.find(path);
