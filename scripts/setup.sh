@@ -7,11 +7,13 @@ set -u
 
 packages=(
     cmake ninja-build ccache googletest
+    libcli11-dev nlohmann-json3-dev
     g++ clang libclang-rt-14-dev
     g++-mingw-w64-i686-posix binutils-mingw-w64-i686
     openssl osslsigncode
     wine wine64 wine32:i386 fonts-wine
     xvfb imagemagick x11-utils
+    python3 shellcheck clang-format clang-tidy
     "$@"
 )
 

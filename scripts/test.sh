@@ -1,6 +1,10 @@
 #!/bin/bash
-# Installs what is missing, builds everything and runs every test.
+# Installs what is missing, builds everything, checks the sources and runs every test.
+#
+#   test.sh
 set -u
+. "$(dirname "$0")/usage.sh"
+no_more "$@"
 scripts=$(cd "$(dirname "$0")" && pwd)
 cd "$scripts/.." || exit 1
 
@@ -17,6 +21,8 @@ fi
 [ "$built" -eq 0 ] || exit 1
 
 failed=()
+echo "== lint"
+"$scripts/lint.sh" || failed+=(lint)
 for preset in host checked; do
     echo "== test: $preset"
     ctest --preset "$preset" -j2 || failed+=("$preset")

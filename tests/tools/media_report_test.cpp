@@ -1,4 +1,4 @@
-#include "tools/media_report.h"
+#include "tools/desk/media_report.h"
 
 #include <gtest/gtest.h>
 

@@ -233,7 +233,8 @@ void addCheckCommand(CLI::App& app, Session& session) {
     command->add_option("FOLDER", choices->folder, "The media folder");
     command->add_option("--release", choices->release,
                         "Check every media folder in this folder instead");
-    command->add_option("--dir", choices->directory, "The folder as the launcher names it", true);
+    command->add_option("--dir", choices->directory, "The folder as the launcher names it")
+        ->capture_default_str();
     command->add_option("--build", choices->requiredBuild, "The build that the media must hold");
     command->add_option("--installed", choices->machineFile,
                         "Tell the whole run on the machine that this file describes: JSON, or what "

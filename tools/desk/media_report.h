@@ -3,7 +3,7 @@
 #pragma once
 
 #include <functional>
-#include <nlohmann/json.hpp>
+#include <nlohmann/json_fwd.hpp>
 #include <optional>
 #include <string>
 #include <vector>
@@ -16,7 +16,7 @@ struct MediaFile {
     std::string name;
     std::string purpose;
     bool present = false;
-    std::string damage;  ///< what is wrong with a file that is present; empty when it is whole
+    std::string damage = {};  ///< what is wrong with a file that is present; empty when it is whole
 };
 
 /// One way a run can end: what "Setup.Exe" is handed then.
@@ -44,13 +44,13 @@ struct MediaReport {
 /// What a file that is to be read on the media looks like.
 struct FileState {
     bool present = false;
-    std::string damage;  ///< of a file that is present; empty when it is whole
+    std::string damage = {};  ///< of a file that is present; empty when it is whole
 };
 
 /// A file that a run reads; nothing in `content` when it is there and cannot be read.
 struct NamedFile {
     bool present = false;
-    std::optional<std::string> content;
+    std::optional<std::string> content = {};
 };
 
 /// What is asked about.
