@@ -1,6 +1,7 @@
 #include "tools/desk/media_report.h"
 
 #include <algorithm>
+#include <nlohmann/json.hpp>
 #include <tuple>
 #include <utility>
 

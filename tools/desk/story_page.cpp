@@ -165,7 +165,9 @@ std::string windowHtml(const StoryDialog& dialog) {
     }
     std::string buttons;
     for (const std::string& button : dialog.buttons) {
-        buttons += element(buttons.empty() ? "span class=\"first\"" : "span", escaped(button));
+        // The uninstall prompt has no default button.
+        const bool isDefault = buttons.empty() && dialog.rows.empty();
+        buttons += element(isDefault ? "span class=\"first\"" : "span", escaped(button));
     }
     const char* icon = !dialog.icon                           ? ""
                        : *dialog.icon == MessageIcon::Warning ? warningIcon
@@ -278,14 +280,14 @@ std::string svgText(int x, int y, const char* attributes, const std::string& tex
 
 /// The road from the start to the ends, drawn.
 std::string roadHtml(const RunStory& story) {
-    constexpr int width = 1150, endWidth = 290, rowHeight = 46, top = 16;
+    constexpr int width = 1150, endWidth = 350, rowHeight = 46, top = 16;
     const std::vector<Stop> stops = stopsOf(story);
     const int ends = std::max(1, static_cast<int>(story.endings.size()));
     const int height = std::max(96, ends * rowHeight + 2 * top);
     const int middle = height / 2 - (ends == 1 ? 10 : 0);
     const int endLeft = width - endWidth;
     const int count = static_cast<int>(stops.size());
-    const int gap = std::min(220, (endLeft - 120) / (count + 1));
+    const int gap = std::min(200, (endLeft - 100) / (count + 1));
     const int last = 40 + gap * count;
     const auto number = [](int value) { return std::to_string(value); };
 
@@ -310,8 +312,9 @@ std::string roadHtml(const RunStory& story) {
             first = ending->choice.empty() ? "Setup" : ending->choice;
             second = works ? ending->programFolder : "ends with a message";
         }
-        if (second.size() > 44) {
-            second = second.substr(0, 43) + "...";
+        constexpr std::size_t longest = 50;
+        if (second.size() > longest) {
+            second = second.substr(0, longest - 3) + "...";
         }
         endsDrawn += svgText(endLeft + 18, y - 3, "", first) +
                      svgText(endLeft + 18, y + 12, "class=\"small\"", second);

@@ -1,5 +1,6 @@
 #include "tools/desk/story_text.h"
 
+#include <nlohmann/json.hpp>
 #include <utility>
 
 #include "tools/desk/western_text.h"

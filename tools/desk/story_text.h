@@ -1,7 +1,7 @@
 // A story in words and as JSON, both in UTF-8.
 #pragma once
 
-#include <nlohmann/json.hpp>
+#include <nlohmann/json_fwd.hpp>
 #include <string>
 
 #include "tools/desk/run_story.h"
