@@ -1,12 +1,15 @@
 // Stands between the tests and the machine of whoever runs them.
 //
-//   kit_guard before    refuses a machine on which the tests could touch what they did not make, and
+//   kit_guard before    refuses a machine on which the tests could touch what they did not make,
+//   and
 //                       remembers its list of installed programs in before.txt
-//   kit_guard after     removes what the tests can leave behind, and fails when the list of installed
+//   kit_guard after     removes what the tests can leave behind, and fails when the list of
+//   installed
 //                       programs is not what it was
 //
-// The tests make installed versions, confirm their removal and run what their entries name. So there
-// must be no product of the maker's on the machine, nor any place that the tests make and take away.
+// The tests make installed versions, confirm their removal and run what their entries name. So
+// there must be no product of the maker's on the machine, nor any place that the tests make and
+// take away.
 #include <windows.h>
 
 #include <shellapi.h>
@@ -62,9 +65,8 @@ void describe(HKEY parent, const std::string& name, REGSAM view, const std::stri
     std::vector<char> text(32768), data(65536);
     for (DWORD index = 0;; ++index) {
         auto length = static_cast<DWORD>(text.size()), size = static_cast<DWORD>(data.size());
-        const LSTATUS result =
-            RegEnumValueA(key.get(), index, text.data(), &length, nullptr, nullptr,
-                          reinterpret_cast<BYTE*>(data.data()), &size);
+        const LSTATUS result = RegEnumValueA(key.get(), index, text.data(), &length, nullptr,
+                                             nullptr, reinterpret_cast<BYTE*>(data.data()), &size);
         if (result == ERROR_NO_MORE_ITEMS) {
             break;
         }
