@@ -13,7 +13,7 @@ set(CMAKE_CXX_COMPILER clang++)
 set(CMAKE_CXX_COMPILER_TARGET i686-w64-mingw32)
 set(CMAKE_RC_COMPILER i686-w64-mingw32-windres)
 string(JOIN " " CMAKE_CXX_FLAGS_INIT
-  -nostdinc++ -nostdlibinc
+  --start-no-unused-arguments -nostdinc++ -nostdlibinc --end-no-unused-arguments
   -isystem ${gcc_headers} -isystem ${gcc_headers}/i686-w64-mingw32
   -idirafter /usr/i686-w64-mingw32/include)
 set(link_flags "-B${gcc_libraries} -L${gcc_libraries}")

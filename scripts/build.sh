@@ -1,7 +1,10 @@
 #!/bin/bash
 # Builds the given presets, by default all: release, checked, host, tools. PRESET/TARGET builds just
 # that.
+#
+#   build.sh [PRESET|PRESET/TARGET...]
 set -u
+. "$(dirname "$0")/usage.sh"
 cd "$(dirname "$0")/.." || exit 1
 [ $# -gt 0 ] || set -- release checked host tools
 
@@ -16,6 +19,10 @@ if ! flock -n "$build_lock"; then
     echo "build: waiting for another run in this checkout"
     flock "$build_lock"
 fi
+for preset in "$@"; do
+    grep -q "\"name\": \"${preset%%/*}\"" CMakePresets.json ||
+        wrong_usage "there is no preset \"${preset%%/*}\""
+done
 for preset in "$@"; do
     echo "== build: $preset"
     target=

@@ -11,10 +11,9 @@
 #                   signatures end with the certificate
 # FOLDER is replaced as a whole, once all is done; it must be new, empty or an earlier release.
 set -eu
-if [ $# -lt 1 ] || [ $# -gt 2 ]; then
-    sed -n '2,/^set/{/^#/p}' "$0" >&2
-    exit 2
-fi
+. "$(dirname "$0")/usage.sh"
+[ $# -gt 0 ] || wrong_usage "no folder is named"
+no_more "${@:3}"
 root=$(cd "$(dirname "$0")/.." && pwd)
 folder=${1%/}
 installer=${2-$root/build/release/installer.exe}

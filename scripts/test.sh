@@ -1,9 +1,13 @@
 #!/bin/bash
-# Installs what is missing, builds everything and runs every test.
+# Installs what is missing, builds everything, checks the sources and runs every test.
+#
+#   test.sh
 #
 # Exits with 3 when all passed that could run, but 32-bit Wine could not be installed and the tests of
 # the Windows program were left out.
 set -u
+. "$(dirname "$0")/usage.sh"
+no_more "$@"
 scripts=$(cd "$(dirname "$0")" && pwd)
 cd "$scripts/.." || exit 1
 
@@ -29,6 +33,8 @@ fi
 
 failed=() left_out=()
 [ -n "$wine" ] || left_out=(--label-exclude wine)
+echo "== lint"
+"$scripts/lint.sh" || failed+=(lint)
 for preset in host checked; do
     echo "== test: $preset"
     ctest --preset "$preset" -j2 "${left_out[@]}" || failed+=("$preset")
