@@ -9,6 +9,7 @@
 #define INSTALLER_BUILD_PATCH 0
 
 #define INSTALLER_BUILD_QUOTED(text) #text
+// NOLINTNEXTLINE(bugprone-macro-parentheses): the numbers are joined, nothing is computed.
 #define INSTALLER_BUILD_JOINED(major, minor, release, patch) \
     INSTALLER_BUILD_QUOTED(major.minor.release.patch)
 /// "16.4.10002.0" and the like.
