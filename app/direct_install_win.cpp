@@ -25,7 +25,7 @@ std::vector<InstalledProduct> findInstalledViewers() {
     std::vector<InstalledProduct> viewers;
     for (const char* name : {testSuiteViewerName, protocolViewerName}) {
         std::vector<InstalledProduct> found;
-        findInstalledProducts(name, found);
+        std::ignore = findInstalledProducts(name, found);
         // Discovery also finds names that only contain this one: nobody is asked here, so a
         // product that is not exactly the viewer is left alone.
         for (const InstalledProduct& product : found) {

@@ -3,4 +3,4 @@
 #include "platform/ansi_text.h"
 
 /// The ANSI code page that Windows uses for this process.
-CodePage systemCodePage();
+[[nodiscard]] CodePage systemCodePage();

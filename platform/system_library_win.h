@@ -11,7 +11,7 @@ struct LibrarySearchCalls {
     SetDefaultDirectories setDefaultDirectories;  ///< Windows 8, and Vista and 7 with an update
     SetDirectory setDirectory;                    ///< Windows XP with its first service pack
 };
-LibrarySearchCalls librarySearchCalls();
+[[nodiscard]] LibrarySearchCalls librarySearchCalls();
 
 /// Restricts where later library loads look to the system folder; on a Windows that cannot do that,
 /// removes the current directory from the places. Called first thing: the installer is started
@@ -30,7 +30,7 @@ class InheritableLibrarySearch {
 
 /// Loads `name` (for example "version.dll") from the system folder by its full path, wherever
 /// the search path leads. Null on failure. Never unloaded.
-HMODULE loadSystemLibrary(const char* name);
+[[nodiscard]] HMODULE loadSystemLibrary(const char* name);
 
 /// The function of type `Function` (a pointer, calling convention included) that `library` exports
 /// as `name` (or by the number in it, MAKEINTRESOURCEA); null when the library or the export is

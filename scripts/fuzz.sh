@@ -1,16 +1,25 @@
 #!/bin/bash
-# fuzz.sh [SECONDS [NAME...]]: runs each fuzzer, or those named, one after the other, for some time
-# (default 60 s) or, with EXECUTIONS=N, until it has run N inputs, and prints executions, executions
-# per second and the edges that were covered.
+# Runs each fuzzer, or those named, one after the other, for some time (60 s without SECONDS) or, with
+# EXECUTIONS=N in the environment, until it has run N inputs, and prints executions, executions per
+# second and the edges that were covered.
+#
+#   fuzz.sh [SECONDS [NAME...]]
 #
 # Starts from the inputs in tools/fuzzers/corpora/NAME; with MERGE=1 these become the fewest inputs
 # that cover everything reached. An input that breaks a promise is left in build/fuzz/findings.
 set -u
+. "$(dirname "$0")/usage.sh"
 scripts=$(cd "$(dirname "$0")" && pwd)
 cd "$scripts/.." || exit 1
-"$scripts/setup.sh" && "$scripts/build.sh" fuzz || exit 1
-
 seconds=${1-60}
+[[ $seconds =~ ^[1-9][0-9]*$ ]] || wrong_usage "\"$seconds\" is no number of seconds"
+[[ ${EXECUTIONS-1} =~ ^[1-9][0-9]*$ ]] || wrong_usage "\"$EXECUTIONS\" is no number of inputs"
+for name in "${@:2}"; do
+    [ -f "tools/fuzzers/${name}_fuzzer.cpp" ] || wrong_usage "there is no fuzzer \"$name\""
+done
+"$scripts/setup.sh" || [ $? -eq 3 ] || exit 1  # Wine is not needed
+"$scripts/build.sh" fuzz || exit 1
+
 shift $(($# > 0))
 programs=("$@")
 if [ $# -eq 0 ]; then

@@ -1,6 +1,10 @@
 #!/bin/sh
 # Draws ui/installer.ico. Needs ImageMagick; the result is committed, so builds do not.
+#
+#   make_icon.sh
 set -eu
+. "$(dirname "$0")/usage.sh"
+no_more "$@"
 cd "$(dirname "$0")/.."
 work=$(mktemp -d)
 trap 'rm -rf "$work"' EXIT

@@ -11,10 +11,9 @@
 #                   signatures end with the certificate
 # FOLDER is replaced as a whole, once all is done; it must be new, empty or an earlier release.
 set -eu
-if [ $# -lt 1 ] || [ $# -gt 2 ]; then
-    sed -n '2,/^set/{/^#/p}' "$0" >&2
-    exit 2
-fi
+. "$(dirname "$0")/usage.sh"
+[ $# -gt 0 ] || wrong_usage "no folder is named"
+no_more "${@:3}"
 root=$(cd "$(dirname "$0")/.." && pwd)
 folder=${1%/}
 installer=${2-$root/build/release/installer.exe}
@@ -31,8 +30,7 @@ fi
 [ -z "${CERTIFICATE-}" ] || [ -n "${PASSWORD_FILE-}" ] || fail "PASSWORD_FILE is not set"
 [ $# -eq 2 ] || "$root/scripts/build.sh" release tools
 
-new=$folder.new
-rm -rf "$new"
+new=$folder.new.$$
 mkdir -p "$new"
 trap 'rm -rf "$new"' EXIT
 
@@ -53,5 +51,10 @@ while read -r code name; do
     echo "$code/Install.exe  $name"
 done <<<"$products"
 (cd "$new" && LC_ALL=C && sha256sum -- */Install.exe >SHA256SUMS)
+# The same release again stays where it is: another run may be using it.
+if cmp -s "$new/SHA256SUMS" "$folder/SHA256SUMS" &&
+    (cd "$folder" && sha256sum --check --status --strict SHA256SUMS); then
+    exit
+fi
 rm -rf "$folder"
 mv "$new" "$folder"

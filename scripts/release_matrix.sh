@@ -1,7 +1,11 @@
 #!/bin/bash
 # Runs the installer on every Windows release that Wine can report, on 32-bit and on 64-bit Windows,
 # and writes what it did to docs/release-matrix.md. Fails when a row is not what it has to be.
+#
+#   release_matrix.sh
 set -u
+. "$(dirname "$0")/usage.sh"
+no_more "$@"
 root=$(cd "$(dirname "$0")/.." && pwd)
 cd "$root" || exit 1
 scripts/setup.sh && scripts/build.sh release tools checked/end_to_end_tests || exit 1
@@ -33,4 +37,4 @@ win2008r2 a workstation. A 5.2 (winxp64, win2003) on a 64-bit processor is taken
 END
 } >docs/release-matrix.md
 cat docs/release-matrix.md
-exit ${failed-0}
+exit "${failed-0}"

@@ -137,6 +137,8 @@ TEST(CodeDirectory, NamesEveryCodeEverIssued) {
     }
     EXPECT_EQ(data.ProductNames.at("1q"), protocolViewerName);
     EXPECT_FALSE(findDirectoryName("", name) || findDirectoryName("1M", name));
+    // The last five bits of -1 are those of "z", and "0z" is a partner's product.
+    EXPECT_FALSE(findDirectoryName(-1, name)) << name;
     EXPECT_EQ(name, "");
     // Older versions are found by a name within a display name: one product's must not find
     // another's.

@@ -88,11 +88,15 @@ TEST_F(OlderVersions, SeveralAreSortedAndTheTickedOnesRemovedOneAfterAnother) {
 }
 
 TEST_F(OlderVersions, HaveTheirProgramFoldersLeftAlone) {
-    const std::string folder = "Halvick Tavlink Classic Analyzer 16.4.10002.0";
+    // The build ends in an e with an acute accent in code page 1252; letters beyond A to Z fold as
+    // well.
+    const std::string build = "16.4.\xE9", folder = "Halvick Tavlink Classic Analyzer ";
+    writeFile(stage.scratch + "ProductData.ini",
+              "[Version Number]\r\nVersion Number=" + build + "\r\n");
     stage.addToIndex("Software\\Halvick Test Equipment\\Products\\1",
-                     "HALVICK t" + folder.substr(9));
-    stage.addToIndex("Software\\HVQ\\Tressle Analyzer\\7", folder + " 2");
-    stage.run({chooseLive}, stage.setup("04", folder + " 3"));
+                     "HALVICK t" + folder.substr(9) + "16.4.\xC9");
+    stage.addToIndex("Software\\HVQ\\Tressle Analyzer\\7", folder + build + " 2");
+    stage.run({chooseLive}, stage.setup("04", folder + build + " 3", "LIVE", "x86", build));
 }
 
 TEST(OlderVersionsOfTheMaker, AreOfferedByTheMultiprotocolProduct) {

@@ -112,6 +112,13 @@ void Stage::awaitRecords(const std::string& expected) const {
     EXPECT_EQ(records(), expected);
 }
 
+void Stage::expectEnd(InstallerRun& run) {
+    const auto [dialog, error] = run.nextDialog();
+    EXPECT_FALSE(dialog) << "unexpected: " << dialog->description();
+    EXPECT_EQ(error, "");
+    EXPECT_EQ(run.awaitEnd(), "");
+}
+
 std::string Stage::arguments() const {
     return "-dir \"" + upTo(folder, '\\') + '"';
 }
@@ -121,8 +128,8 @@ void Stage::run(const std::string& arguments, const Steps& steps,
     DeleteFileA(recordFile);
     InstallerRun run(installer, arguments);
     for (const Step& step : steps) {
-        const auto dialog = run.nextDialog();
-        ASSERT_TRUE(dialog) << "no dialog instead of " << step.seen;
+        const auto [dialog, error] = run.nextDialog();
+        ASSERT_TRUE(dialog) << "no dialog instead of " << step.seen << "; " << error;
         const std::string seen = dialog->description();
         if (step.seen.starts_with('*')) {
             ASSERT_TRUE(seen.ends_with(step.seen.substr(1))) << seen;
@@ -130,13 +137,10 @@ void Stage::run(const std::string& arguments, const Steps& steps,
             ASSERT_EQ(seen, step.seen);
         }
         for (const std::string& action : step.actions) {
-            dialog->act(action);
+            EXPECT_EQ(dialog->act(action), "");
         }
     }
-    if (const auto dialog = run.nextDialog()) {
-        ADD_FAILURE() << "unexpected: " << dialog->description();
-    }
-    run.awaitEnd();
+    expectEnd(run);
     EXPECT_EQ(records(), expected);
 }
 

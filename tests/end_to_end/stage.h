@@ -8,7 +8,7 @@
 #include <utility>
 #include <vector>
 
-#include "tests/end_to_end/installer_run.h"
+#include "tools/dialog_driver/installer_run_win.h"
 
 /// A dialog of the run. `seen` is its whole description; one that starts with "*" is the end of it.
 struct Step {
@@ -60,6 +60,8 @@ class Stage {
     std::string records() const;
     /// Waits until the records are these.
     void awaitRecords(const std::string& expected) const;
+    /// The run must end without a further dialog.
+    static void expectEnd(InstallerRun& run);
 
     /// "-dir" with the media.
     std::string arguments() const;

@@ -21,8 +21,8 @@ std::string wide(const std::string& text) {
 class ExecutableVersion : public testing::Test {
   protected:
     ExecutableVersion() {
-        const auto folder = std::filesystem::path(_pgmptr).parent_path();
-        std::ifstream file(folder / "end_to_end" / "recorder.exe", std::ios::binary);
+        const auto folder = std::filesystem::path(_pgmptr).parent_path().parent_path();
+        std::ifstream file(folder / "dialog_driver" / "recorder.exe", std::ios::binary);
         program.assign(std::istreambuf_iterator<char>(file), {});
         std::filesystem::create_directories(path.parent_path());
     }

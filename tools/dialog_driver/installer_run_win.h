@@ -7,29 +7,37 @@
 #include <string>
 #include <vector>
 
-#include "tests/end_to_end/dialog_window.h"
+#include "tools/dialog_driver/dialog_window_win.h"
+
+/// What came next: a dialog, else the end of the program, else what went wrong.
+struct Encounter {
+    std::optional<DialogWindow> dialog;
+    std::string error;
+};
 
 class InstallerRun {
   public:
     static constexpr DWORD defaultDeadline = 30000;  // milliseconds
 
-    /// Starts `program` with these arguments as they are; its folder is the current one.
+    /// Starts `program` with these arguments as they are; its folder is the current one. When it
+    /// cannot be started, every call says so.
     InstallerRun(const std::string& program, const std::string& arguments);
     /// Ends what still runs.
     ~InstallerRun();
     InstallerRun(const InstallerRun&) = delete;
     InstallerRun& operator=(const InstallerRun&) = delete;
 
-    /// The next dialog that takes input and was not returned before; nothing when the program has
-    /// ended, and with a test failure when the deadline has passed.
-    std::optional<DialogWindow> nextDialog(DWORD deadline = defaultDeadline);
+    /// Waits for a dialog that takes input and was not returned before, or for the program's end.
+    [[nodiscard]] Encounter nextDialog(DWORD deadline = defaultDeadline);
 
     /// Waits, with the default deadline, until the installer and all that it started have ended.
-    void awaitEnd();
+    /// Returns what went wrong; empty when nothing did.
+    [[nodiscard]] std::string awaitEnd();
 
     PROCESS_INFORMATION process{};
 
   private:
     HANDLE job;
+    std::string startError;
     std::vector<HWND> seen;
 };

@@ -1,10 +1,8 @@
-#include "tests/end_to_end/installer_run.h"
-
-#include <gtest/gtest.h>
+#include "tools/dialog_driver/installer_run_win.h"
 
 #include <algorithm>
 
-constexpr DWORD pollInterval = 10;
+constexpr DWORD pollInterval = 10;  // milliseconds
 
 InstallerRun::InstallerRun(const std::string& program, const std::string& arguments)
     : job(CreateJobObjectA(nullptr, nullptr)) {
@@ -15,7 +13,7 @@ InstallerRun::InstallerRun(const std::string& program, const std::string& argume
     startup.cb = sizeof startup;
     if (!CreateProcessA(program.c_str(), command.data(), nullptr, nullptr, FALSE, CREATE_SUSPENDED,
                         nullptr, folder.c_str(), &startup, &process)) {
-        ADD_FAILURE() << "cannot start " << command << ": " << GetLastError();
+        startError = "cannot start " + command + ": error " + std::to_string(GetLastError());
         return;
     }
     AssignProcessToJobObject(job, process.hProcess);
@@ -29,7 +27,10 @@ InstallerRun::~InstallerRun() {
     CloseHandle(job);
 }
 
-std::optional<DialogWindow> InstallerRun::nextDialog(DWORD deadline) {
+Encounter InstallerRun::nextDialog(DWORD deadline) {
+    if (!startError.empty()) {
+        return {std::nullopt, startError};
+    }
     const DWORD start = GetTickCount();
     do {
         HWND window = nullptr;
@@ -41,28 +42,27 @@ std::optional<DialogWindow> InstallerRun::nextDialog(DWORD deadline) {
                 IsWindowEnabled(window) &&
                 std::find(seen.begin(), seen.end(), window) == seen.end()) {
                 seen.push_back(window);
-                return DialogWindow(window);
+                return {DialogWindow(window), ""};
             }
         }
         if (WaitForSingleObject(process.hProcess, pollInterval) != WAIT_TIMEOUT) {
-            return std::nullopt;
+            return {};
         }
     } while (GetTickCount() - start < deadline);
-    ADD_FAILURE() << "neither a dialog nor the end";
-    return std::nullopt;
+    return {std::nullopt, "neither a dialog nor the end"};
 }
 
-void InstallerRun::awaitEnd() {
+std::string InstallerRun::awaitEnd() {
     const DWORD start = GetTickCount();
     JOBOBJECT_BASIC_ACCOUNTING_INFORMATION accounting{};
     do {
         QueryInformationJobObject(job, JobObjectBasicAccountingInformation, &accounting,
                                   sizeof accounting, nullptr);
         if (accounting.ActiveProcesses == 0) {
-            return;
+            return startError;
         }
         WaitForSingleObject(process.hProcess, pollInterval);
         Sleep(pollInterval);
     } while (GetTickCount() - start < defaultDeadline);
-    ADD_FAILURE() << accounting.ActiveProcesses << " processes still run";
+    return std::to_string(accounting.ActiveProcesses) + " processes still run";
 }

@@ -18,7 +18,7 @@
 #include "installed/installation_index_win.h"
 #include "installed/installed_product_win.h"
 #include "platform/system_library_win.h"
-#include "tools/benchmarks/stopwatch.h"
+#include "tools/benchmarks/stopwatch_win.h"
 
 namespace {
 

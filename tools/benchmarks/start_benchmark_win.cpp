@@ -14,7 +14,7 @@
 #include <vector>
 
 #include "tools/benchmarks/hand_over_event.h"
-#include "tools/benchmarks/stopwatch.h"
+#include "tools/benchmarks/stopwatch_win.h"
 
 namespace {
 

@@ -1,0 +1,63 @@
+#!/bin/bash
+# Holds the sources against the project's habits: what touches Windows says so in its name, the format
+# (.clang-format), what shellcheck finds in the scripts, and clang-tidy in the sources (.clang-tidy).
+#
+#   lint.sh [--all]    --all has clang-tidy look again at what it has passed before
+#
+# Formats and findings differ between releases of clang's tools: those of release 14 count. Another
+# release's are shown as a note and fail nothing.
+set -u
+. "$(dirname "$0")/usage.sh"
+cd "$(dirname "$0")/.." || exit 1
+again=()
+if [ "${1-}" = --all ]; then
+    again=(--all)
+    shift
+fi
+no_more "$@"
+scripts/setup.sh || [ $? -eq 3 ] || exit 1  # Wine is not needed
+failed=0
+
+# check NAME COMMAND...: shows what the command says when it finds something
+check() {
+    local said
+    said=$("${@:2}" 2>&1) && return
+    printf '%s\nlint: FAILED: %s\n' "$said" "$1" >&2
+    failed=1
+}
+
+# check_with_clang TOOL COMMAND...: the same, with a tool of which one release counts
+check_with_clang() {
+    local tool=$1 release
+    release=$("$tool" --version | sed -n 's/.*version \([0-9]*\)\..*/\1/p')
+    if [ "$release" = 14 ]; then
+        check "$@"
+    elif ! "${@:2}" >/dev/null 2>&1; then
+        echo "lint: note: $tool $release would have something else; release 14 counts"
+    fi
+}
+
+# A file that includes the platform's header, or one of a file that does, touches Windows. Of the
+# program's one file that walks through the run, the decisions stand in others. A test is named after
+# what it tests.
+# shellcheck disable=SC2317  # reached through check
+windows_in_names() {
+    local folder patterns=()
+    for folder in app catalogue installed drivers platform ui framework tools; do
+        patterns+=("$folder/*.cpp" "$folder/*.h")
+    done
+    ! git grep -lE '^#include (<windows\.h>|"[^"]*_win\.h")' -- "${patterns[@]}" |
+        grep -vE '_win\.(cpp|h)$|^app/install_app\.(cpp|h)$'
+}
+
+mapfile -t sources < <(git ls-files '*.cpp' '*.h' '*.c')
+mapfile -t shell < <(git ls-files '*.sh' .ci)
+
+check "these touch Windows, and their names do not end in _win" windows_in_names
+check_with_clang clang-format clang-format --dry-run -Werror "${sources[@]}"
+check shellcheck shellcheck --external-sources --source-path=SCRIPTDIR "${shell[@]}"
+# Says how each source is compiled.
+check cmake cmake --preset host --log-level=WARNING
+check_with_clang clang-tidy scripts/tidy.py "${again[@]}"
+[ "$failed" -ne 0 ] || echo "lint: nothing found"
+exit "$failed"

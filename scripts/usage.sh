@@ -1,0 +1,29 @@
+# shellcheck shell=sh
+# Sourced by the scripts, with their own arguments: `. "$(dirname "$0")/usage.sh"`. A script started
+# with -h or --help prints the comment at its top and does nothing else. Before any `cd`: the script may
+# have been started by a relative path.
+
+usage_script=$(realpath "$0")
+
+usage() {
+    sed -n '2,${/^#/!q;s/^# \{0,1\}//p}' "$usage_script"
+}
+
+# wrong_usage REASON: says what is wrong with the command line, and how the script is called
+wrong_usage() {
+    echo "$(basename "$usage_script"): $1" >&2
+    usage >&2
+    exit 2
+}
+
+# no_more ARGUMENT...: for the arguments that are left when a script has taken its own
+no_more() {
+    [ $# -eq 0 ] || wrong_usage "\"$1\" is not understood"
+}
+
+case ${1-} in
+-h | --help)
+    usage
+    exit 0
+    ;;
+esac

@@ -1,0 +1,69 @@
+// Runs an installer for a script or a person at the keyboard:
+//
+//   click_through INSTALLER ARGUMENT...
+//
+// Prints each dialog as it comes up,
+//   dialog <tab> left <tab> top <tab> width <tab> height <tab> title
+//   text <tab> one visible text, on one line
+//   ?
+// then reads lines, each what DialogWindow::act takes, until an empty one or the end of input. Once
+// the installer and all that it started have ended, prints
+//   end
+// What goes wrong ends it with exit code 1 and, on the error output, the reason.
+#include <windows.h>
+
+#include <algorithm>
+#include <iostream>
+
+#include "tools/dialog_driver/installer_run_win.h"
+
+namespace {
+
+int fail(const std::string& reason) {
+    std::cerr << "click_through: " << reason << std::endl;
+    return 1;
+}
+
+void print(const DialogWindow& dialog) {
+    RECT place{};
+    GetWindowRect(dialog.window, &place);
+    std::cout << "dialog\t" << place.left << '\t' << place.top << '\t' << place.right - place.left
+              << '\t' << place.bottom - place.top << '\t' << dialog.title() << '\n';
+    for (std::string text : dialog.texts()) {
+        std::replace(text.begin(), text.end(), '\n', ' ');
+        std::cout << "text\t" << text << '\n';
+    }
+    std::cout << '?' << std::endl;
+}
+
+}  // namespace
+
+int main(int count, char** values) {
+    if (count < 2) {
+        return fail("no installer named");
+    }
+    std::string arguments;
+    for (int index = 2; index < count; ++index) {
+        arguments += '"' + std::string(values[index]) + "\" ";
+    }
+    InstallerRun run(values[1], arguments);
+    for (Encounter met = run.nextDialog(INFINITE); met.dialog || !met.error.empty();
+         met = run.nextDialog(INFINITE)) {
+        if (!met.dialog) {
+            return fail(met.error);
+        }
+        // Wine leaves the caption of a first dialog that has the input as if it had not.
+        SendMessageA(met.dialog->window, WM_NCACTIVATE, TRUE, 0);
+        print(*met.dialog);
+        for (std::string action; std::getline(std::cin, action) && !action.empty();) {
+            if (const std::string error = met.dialog->act(action); !error.empty()) {
+                return fail(error);
+            }
+        }
+    }
+    if (const std::string error = run.awaitEnd(); !error.empty()) {
+        return fail(error);
+    }
+    std::cout << "end" << std::endl;
+    return 0;
+}

@@ -1,0 +1,32 @@
+// A dialog of another process: what a person sees on it and can do with it.
+#pragma once
+
+#include <windows.h>
+
+#include <string>
+#include <vector>
+
+class DialogWindow {
+  public:
+    explicit DialogWindow(HWND window) : window(window) {}
+
+    [[nodiscard]] std::string title() const;
+    /// Every visible child's text that is not empty, in tab order.
+    [[nodiscard]] std::vector<std::string> texts() const;
+    /// Title, icon (error, question, warning, information), texts, rows of a list with check boxes
+    /// and buttons without their access keys, as "title | warning | text | [x] row | [ ] row | OK".
+    [[nodiscard]] std::string description() const;
+
+    /// Does what a person would, by a button's label (one that is visible; "&" is passed over), or
+    ///   close       clicks the close box
+    ///   key NUMBER  presses a virtual key on the list view, else on the dialog itself
+    ///   sees TEXT   does nothing, but expects TEXT within the description
+    /// Does not wait for what a push button, the close box or a key brings about. Returns why it
+    /// could not be done; empty when it was.
+    [[nodiscard]] std::string act(const std::string& action) const;
+
+    HWND window;
+
+  private:
+    [[nodiscard]] bool click(const std::string& label) const;
+};
