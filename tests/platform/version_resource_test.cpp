@@ -15,8 +15,9 @@ TEST(VersionResource, TextStaysInsideTheBlock) {
         std::size_t length;
         const char* text;
     } const cases[] = {
+        // The length is not looked at, but for 0.
         {0, 3, "Version 12"},
-        {0, 1, "Version 12"},  // the length is not looked at, but for 0
+        {0, 1, "Version 12"},
         {2, 1, "Version "},
         {3, 0xFFFFFFFF, "Version 34567"},
         {0, 0, ""},
