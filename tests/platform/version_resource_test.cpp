@@ -16,12 +16,9 @@ TEST(VersionResource, TextStaysInsideTheBlock) {
         const char* text;
     } const cases[] = {
         // The length is not looked at, but for 0.
-        {0, 3, "Version 12"},
-        {0, 1, "Version 12"},
-        {2, 1, "Version "},
-        {3, 0xFFFFFFFF, "Version 34567"},
-        {0, 0, ""},
-        {8, 4, ""},
+        {0, 3, "Version 12"}, {0, 1, "Version 12"},
+        {2, 1, "Version "},   {3, 0xFFFFFFFF, "Version 34567"},
+        {0, 0, ""},           {8, 4, ""},
     };
     for (const auto& row : cases) {
         EXPECT_EQ(versionResourceText(block, bytes.data() + row.offset, row.length), row.text)
