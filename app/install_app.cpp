@@ -37,7 +37,7 @@
 #include "platform/system_library_win.h"
 #include "ui/install_dialog_win.h"
 
-CInstallApp::CInstallApp() : CWinApp("Tavlink Installation") {
+CInstallApp::CInstallApp() : CWinApp(applicationName) {
     restrictLibrarySearch();
     useCodePage(systemCodePage());
 }

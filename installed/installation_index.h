@@ -8,6 +8,11 @@
 
 #include "installed/installation_record.h"
 
+// The maker's registry trees, below HKEY_LOCAL_MACHINE; the older one is that of an earlier
+// generation of installers.
+inline constexpr char makerTree[] = "Software\\Halvick Test Equipment\\";
+inline constexpr char olderMakerTree[] = "Software\\HVQ\\Tressle Analyzer\\";
+
 /// Which field a search compares. Any other number compares none.
 namespace installation_selector {
 inline constexpr int path = 0;  ///< backslashes at both ends do not count

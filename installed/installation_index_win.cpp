@@ -10,9 +10,6 @@
 
 namespace {
 
-constexpr const char* makerTree = "Software\\Halvick Test Equipment\\";
-constexpr const char* olderMakerTree = "Software\\HVQ\\Tressle Analyzer\\";
-
 std::string extraValue(const FieldMap& extras, std::string_view name) {
     const auto extra = extras.find(name);
     return extra == extras.end() ? std::string() : extra->second;

@@ -11,6 +11,7 @@ export LC_ALL=C.UTF-8
 
 packages=(
     cmake ninja-build ccache googletest
+    libcli11-dev nlohmann-json3-dev
     g++ clang libclang-rt-dev
     g++-mingw-w64-i686-posix binutils-mingw-w64-i686
     openssl osslsigncode

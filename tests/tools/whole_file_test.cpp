@@ -1,4 +1,4 @@
-#include "tools/whole_file.h"
+#include "tools/desk/whole_file.h"
 
 #include <gtest/gtest.h>
 
