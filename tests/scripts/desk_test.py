@@ -14,62 +14,12 @@ import sys
 import tempfile
 from pathlib import Path
 
+sys.dont_write_bytecode = True
+sys.path.insert(0, str(Path(__file__).resolve().parents[2] / "scripts"))
+from sample_parts import CERTIFICATES, CHECKSUM, MARKER, checksum, executable, make_parts, wide
+
 TOOLS = Path(sys.argv[1]).resolve()
-MARKER = b"<#PRODUCT-STAMP>"
 failures = []
-
-
-def wide(text):
-    return text.encode("utf-16-le") + b"\0\0"
-
-
-def padded(content, unit):
-    return content + bytes(-len(content) % unit)
-
-
-def node(key, kind, value, value_length, children=b""):
-    """A node of a version resource."""
-    body = padded(b"\0" * 6 + wide(key), 4) + value
-    if children:
-        body = padded(body, 4) + children
-    return struct.pack("<HHH", len(body), value_length, kind) + body[6:]
-
-
-def version_resource():
-    def text(key, room):
-        return padded(node(key, 1, wide(" " * (room - 1)), room), 4)
-
-    texts = text("ProductName", 112) + text("FileDescription", 126) + text("ProductVersion", 29)
-    table = node("040904b0", 1, b"", 0, texts)
-    fixed = struct.pack("<13I", 0xFEEF04BD, *range(12))
-    return node("VS_VERSION_INFO", 0, fixed, 52, node("StringFileInfo", 1, b"", 0, table))
-
-
-def checksum(image, field):
-    image = padded(image[:field] + bytes(4) + image[field + 4:], 2)
-    total = sum(struct.unpack(f"<{len(image) // 2}H", image))
-    while total > 0xFFFF:
-        total = (total & 0xFFFF) + (total >> 16)
-    return total + len(image)
-
-
-CHECKSUM = 64 + 24 + 64
-CERTIFICATES = 64 + 24 + 96 + 4 * 8
-
-
-def executable(magic=0x10B, block=MARKER + bytes(112), flags=0x140, section=0xC0000040):
-    """The headers of a Windows executable and one section with an empty block."""
-    content = padded(block + version_resource(), 512)
-    headers = b"MZ" + bytes(58) + struct.pack("<I", 64)
-    headers += b"PE\0\0" + struct.pack("<HHIIIHH", 0x14C, 1, 0, 0, 0, 224, 0x102)
-    optional = bytearray(224)
-    struct.pack_into("<H", optional, 0, magic)
-    struct.pack_into("<H", optional, 70, flags)
-    struct.pack_into("<II", optional, 96 + 5 * 8, 0x3000, 12)
-    headers += optional + b".data\0\0\0" + struct.pack(
-        "<IIIIIIHHI", len(content), 0x1000, len(content), 512, 0, 0, 0, 0, section)
-    image = padded(headers, 512) + content
-    return image[:CHECKSUM] + struct.pack("<I", checksum(image, CHECKSUM)) + image[CHECKSUM + 4:]
 
 
 def run(*words, program="installer-tool"):
@@ -218,16 +168,8 @@ def media(work):
     (work / "layout.json").write_text(run("layout", "--example").stdout)
     (work / "build/release").mkdir(parents=True)
     (work / "build/release/installer.exe").write_bytes(executable())
-    sample = executable(block=bytes(128))
-    for product in json.loads(run("products", "--json").stdout):
-        for name in product["files"]:
-            folder = {"Setup.Exe": product["code"].lower()}.get(
-                name, "drivers" if name.endswith(".fzx") else "common")
-            path = work / "parts" / (folder if folder != "drivers" else "drivers") / name
-            if name.endswith(".fzx"):
-                path = work / "parts/drivers" / name
-            path.parent.mkdir(parents=True, exist_ok=True)
-            path.write_bytes(sample if name.lower().endswith(".exe") else b"archive")
+    make_parts(TOOLS / "installer-tool", work / "parts")
+    sample = (work / "parts/1m/Setup.Exe").read_bytes()
     result = run("layout", "layout.json", "media")
     expect("layout", result.returncode == 0 and "23 made, 0 unchanged" in result.stdout,
            result.stdout + result.stderr)
