@@ -1,84 +1,71 @@
 #include <gtest/gtest.h>
 
-#include "tests/end_to_end/extraction.h"
+#include "tests/end_to_end/stage.h"
 
 namespace {
 
-class Drivers : public testing::Test {
-  protected:
-    ~Drivers() override { removeFolder(testSystemFolder); }
-};
+const Step serial = extracted("SerialTavlinkDrivers.fzx");
+const Step corvane = extracted("CorvaneTavlinkDrivers.fzx");
+const Step serialSetup = setup("1k", "Halvick Tavlink Serial Analyzer 16.4.10002.0");
+const Step multiprotocolSetup = setup("1w", "Halvick 16.4.10002.0", "LIVE x86");
 
-TEST_F(Drivers, AreInstalledBeforeTheHandOver) {
-    const std::string processor = on64BitWindows() ? "x64" : "x86";
-    const std::string serial = "SerialTavlinkDrivers.fzx", corvane = "CorvaneTavlinkDrivers.fzx";
-    const Step hardware{
-        "* | Please select the type of product to install.\nOnly the live product "
-        "works with capture hardware. | Live Product | File Viewer | Demonstration "
-        "| Install | Cancel | Help",
-        {"Install"}};
-    const struct {
-        std::string code, archive;
-        Steps steps;
-        std::string folder, type = "LIVE", bitness = "x86", release = "";
-    } table[] = {
-        {"1k", serial, {hardware}, "Halvick Tavlink Serial Analyzer "},
-        {"1m",
-         serial,
-         {hardware},
-         "Halvick Tavlink Industrial Analyzer ",
-         "LIVE " + processor,
-         processor},
-        {"1w", corvane, {}, "Halvick ", "LIVE x86"},
-        // On a release that the drivers do not run on.
-        {"1w", "", {{"* | Yes | No", {"Yes"}}}, "Halvick ", "LIVE x86", "x86", "win2k"},
+TEST(Drivers, AreInstalledInTheirPlaceOfTheRun) {
+    const Given older = installed("a", "Halvick Anything 12", scratch + "old.exe");
+    const Given uninstaller = program(scratch + "old.exe", "100");
+    play({
+        {"hardware: before the choice, older versions left alone",
+         "1k",
+         {extractionTool(), installed("a", "Tavlink Serial Analyzer", "x")},
+         {serial, ran(unpacked), chooseLive, serialSetup}},
+        {"hardware: cancelled",
+         "1k",
+         {extractionTool()},
+         {serial, ran(unpacked), choose("Live Product", "Cancel")}},
+        {"hardware: no extraction tool",
+         "1k",
+         {},
+         {shellMessage, choose("Demonstration"),
+          setup("0g", "Halvick Tavlink Serial Demo 16.4.10002.0", "DEMO")}},
+        {"in place of the choice, after the removal",
+         "1w",
+         {extractionTool(), older, uninstaller},
+         {{"* | No, Skip", {"Yes, Uninstall Selected Version(s)"}},
+          ran(scratch + "old.exe"),
+          corvane,
+          ran(unpacked),
+          multiprotocolSetup}},
+        {"not on this release, and without a choice all the same",
+         "1w",
+         {extractionTool(), release("win2k")},
+         {{"* | Yes | No", {"Yes"}}, multiprotocolSetup}},
         // Further families end the run in silence.
-        {"16", "", {}, ""},
-        {"1r", "", {}, ""},
-        {"1u", "", {}, ""},
-    };
-    for (const auto& row : table) {
-        SCOPED_TRACE(row.code + ' ' + row.release);
-        Stage stage(row.code, "media with blanks");
-        if (row.release == "win2k") {
-            stage.setRegistry(HKEY_CURRENT_USER, "Software\\Wine\\AppDefaults\\Install.exe",
-                              "Version", row.release);
-        }
-        layOutExtraction(stage);
-        stage.run(
-            row.steps,
-            (row.archive.empty() ? "" : extraction(stage, row.archive) + Stage::ran(unpacked)) +
-                (row.folder.empty()
-                     ? ""
-                     : stage.setup(row.code, row.folder + defaultBuild, row.type, row.bitness)));
-    }
+        {"Bluetooth", "16", {extractionTool()}, {}},
+        {"low energy", "1r", {extractionTool()}, {}},
+        {"Corvane", "1u", {extractionTool()}, {}},
+    });
 }
 
-TEST_F(Drivers, AreInstalledAsFarAsTheReportTells) {
+TEST(Drivers, AreInstalledAsFarAsTheReportTells) {
+    const std::string other = on64BitWindows() ? "32" : "64";
     const struct {
         const char* what;
         std::string report;
         bool installs = false;
     } table[] = {
         {"empty", ""},
-        {"no name", "\"sub folder\\setup.exe\""},
-        {"the other bitness", "\"sub folder\\dpinst_" + otherBits + ".exe\""},
-        {"capitals", "\"sub folder\\DPINST_" + bits + ".EXE\""},
-        {"no quote in front", "sub folder\\" + driverInstaller + '"'},
-        {"name first", driverInstaller + '"'},
+        {"the other bitness", "\"sub folder\\dpinst_" + other + ".exe\""},
         {"a file that is not there", "\"other folder\\" + driverInstaller + '"'},
-        {"zero bytes in front", std::string(3, '\0') + "\"sub folder\\" + driverInstaller + '"',
+        {"1 MB with zero bytes", std::string(1'000'000, '\0') + "\"sub folder\\" + driverInstaller,
          true},
-        {"10 MB", std::string(10'000'000, '"') + "sub folder\\" + driverInstaller, true},
-        {"out of the folder", "\"..\\Drivers\\sub folder\\" + driverInstaller + '"', true},
+        {"out of the folder", "\"..\\Drivers\\sub folder\\" + driverInstaller, true},
     };
     for (const auto& row : table) {
-        SCOPED_TRACE(row.what);
-        const Stage stage("1w", "media with blanks");
-        layOutExtraction(stage, row.report);
-        stage.run({}, extraction(stage, "CorvaneTavlinkDrivers.fzx") +
-                          (row.installs ? Stage::ran(unpacked) : "") +
-                          stage.setup("1w", "Halvick 16.4.10002.0", "LIVE x86"));
+        Case run{std::string("report: ") + row.what, "1w", {extractionTool(row.report)}, {corvane}};
+        if (row.installs) {
+            run.steps.push_back(ran(unpacked));
+        }
+        run.steps.push_back(multiprotocolSetup);
+        play(run);
     }
 }
 
