@@ -1,7 +1,7 @@
 // The free protocol viewer: no question, older viewers go, then the hand-over.
 #include <gtest/gtest.h>
 
-#include <regex>
+#include <ctime>
 
 #include "tests/end_to_end/stage.h"
 
@@ -19,67 +19,58 @@ std::string marker(const std::string& key) {
 }
 
 /// A viewer, listed in the order of `key`: behind its uninstaller in quotes the command has the
-/// arguments. Its marker is there, as if an uninstaller were at work for ever.
+/// arguments. The marker is there, as if an uninstaller were at work for ever.
 Given old(const std::string& key, const std::string& name, const std::string& arguments = " -x") {
     const std::string uninstaller = location(key) + "\\setup.exe";
-    return [=](Stage& stage) {
-        program(uninstaller, "100")(stage);
-        program(location(key) + "\\UninstallQmx.exe", "100")(stage);
-        DeleteFileA((location(key) + "\\UninstallQmx.exe").c_str());
-        writeFile(marker(key), "");
-        installed(key, name, '"' + uninstaller + '"' + arguments, location(key))(stage);
+    return [=] {
+        program(uninstaller)();
+        file(marker(key))();
+        file(location(key) + "\\UninstallQmx.exe.script", "100")();
+        installed(key, name, '"' + uninstaller + '"' + arguments, location(key))();
     };
 }
 const Given newUninstaller = program(media + "UninstallQmx.exe");
 Step newUninstallerRan(const std::string& key) {
     return ran(location(key) + "\\UninstallQmx.exe");
 }
-/// The run waits for the marker.
-Step oldUninstallerRan(const std::string& key, const std::string& arguments) {
-    Step step = ran(location(key) + "\\setup.exe", arguments);
-    step.marker = marker(key);
-    return step;
+Step oldUninstallerRan(const std::string& arguments) {
+    return ran(location("a") + "\\setup.exe", arguments);
 }
-const Step viewerSetup =
-    ran(media + "Setup.Exe",
-        "/hide_usd -build=16.4.10002.0`-pid=1Q`-pf=Bluetooth SIG`-type=LIVE`-tmp=" + media + '`');
+const Step waitForMarker{marker("a"), {}, Step::Kind::WaitForFile};
 
-/// UTC, as the log tells it.
-std::string now() {
-    SYSTEMTIME time;
-    GetSystemTime(&time);
-    char text[32];
-    wsprintfA(text, "%04d-%02d-%02d %02d:%02d:%02d", time.wYear, time.wMonth, time.wDay, time.wHour,
-              time.wMinute, time.wSecond);
-    return text;
+Step viewerSetup(const std::string& build = defaultBuild) {
+    return ran(
+        media + "Setup.Exe",
+        "/hide_usd -build=" + build + "`-pid=1Q`-pf=Bluetooth SIG`-type=LIVE`-tmp=" + media + '`');
 }
 
 TEST(DirectInstall, RemovesEveryViewerAndHandsOver) {
     const std::string other = scratch + "remove it.exe";
     play({
-        {"no viewer", "1q", {}, {viewerSetup}},
-        {"no setup utility, after the removal",
-         "1q",
-         {newUninstaller, old("a", viewer), removed(media + "Setup.Exe")},
+        {"1q: no viewer", {viewerSetup()}},
+        {"1q: no setup utility, after the removal",
          {newUninstallerRan("a"),
           box("Failed to locate program installation utility: \"" + media + "Setup.Exe\"",
-              "error")}},
-        {"both editions, and nothing else",
-         "1q",
+              "error")},
+         {newUninstaller, old("a", viewer), removed(media + "Setup.Exe")}},
+        {"1q: both editions, and nothing else",
+         {newUninstallerRan("b"), newUninstallerRan("a"), newUninstallerRan("c"), viewerSetup()},
          {newUninstaller, old("a", viewer), old("b", suiteViewer), old("c", viewer),
           old("d", "Bluetooth Protocol Viewer 2"), old("e", "My Test Suite Observer"),
-          old("f", "bluetooth protocol viewer"), old("g", "Tavlink Serial Analyzer")},
-         {newUninstallerRan("b"), newUninstallerRan("a"), newUninstallerRan("c"), viewerSetup}},
-        {"an uninstaller of another name, with a marker",
-         "1q",
-         {program(other, "100"), installed("a", viewer, other, location("a")),
-          program(location("a") + "\\any.exe"), file(marker("a"))},
-         {ran(other), viewerSetup}},
-        {"an uninstaller that is not there",
-         "1q",
-         {installed("a", viewer, scratch + "absent.exe", location("a"))},
-         {shellMessage, viewerSetup}},
+          old("f", "bluetooth protocol viewer"), old("g", "Tavlink Serial Analyzer")}},
+        {"1q: an uninstaller of another name, and one that is not there",
+         {ran(other), shellMessage, viewerSetup()},
+         {program(other), file(marker("a")), installed("a", viewer, other, location("a")),
+          installed("b", viewer, scratch + "absent.exe")}},
     });
+}
+
+/// UTC, as the log tells it.
+std::string now() {
+    const std::time_t time = std::time(nullptr);
+    char text[20];
+    std::strftime(text, sizeof text, "%Y-%m-%d %H:%M:%S", std::gmtime(&time));
+    return text;
 }
 
 TEST(DirectInstall, FallsBackToTheOldUninstallerAndLogsIt) {
@@ -87,21 +78,13 @@ TEST(DirectInstall, FallsBackToTheOldUninstallerAndLogsIt) {
     GetSystemTime(&utc);
     GetLocalTime(&local);
     EXPECT_NE(utc.wHour, local.wHour) << "the clocks cannot be told apart";
-
-    CreateDirectoryA(logFolder.c_str(), nullptr);
-    writeFile(logFile, "earlier\r\n");
+    file(logFile, "earlier\r\n")();
     const std::string start = now();
-    const Given otherBuild =
-        file(scratch + "ProductData.ini", "[Version Number]\r\nVersion Number=1.2.3.4\r\n");
-    play({"with its arguments",
-          "1q",
-          {old("a", viewer, " -remove \"a b\""), otherBuild},
-          {oldUninstallerRan("a", "-remove \"a b\""),
-           {std::regex_replace(viewerSetup.seen, std::regex("16.4.10002.0"), "1.2.3.4"),
-            {},
-            Step::Kind::Programs}}});
-    const std::string log = readFile(logFile),
-                      time = log.substr(std::min<size_t>(9, log.size()), 19);
+    play({"1q: with its arguments",
+          {oldUninstallerRan("-remove \"a b\""), waitForMarker, viewerSetup("1.2.3.4")},
+          {old("a", viewer, " -remove \"a b\""),
+           file(scratch + "ProductData.ini", "[Version Number]\r\nVersion Number=1.2.3.4\r\n")}});
+    const std::string log = readFile(logFile), time = log.substr(log.find('\n') + 1, 19);
     EXPECT_EQ(log, "earlier\r\n" + time + " Version 16.4.10002.0 CopyFile from \"" + media +
                        "UninstallQmx.exe\" to \"" + location("a") +
                        "\\UninstallQmx.exe\" failed - 2\r\n");
@@ -110,29 +93,27 @@ TEST(DirectInstall, FallsBackToTheOldUninstallerAndLogsIt) {
     removeFolder(logFolder);
 
     // Kept: the arguments start at a fixed distance behind the name.
-    play({"cut by position",
-          "1q",
-          {old("a", viewer, "/x -remove")},
-          {oldUninstallerRan("a", "x -remove"), viewerSetup}});
+    play({"1q: cut by position",
+          {oldUninstallerRan("x -remove"), waitForMarker, viewerSetup()},
+          {old("a", viewer, "/x -remove")}});
     EXPECT_EQ(readFile(logFile), "") << "the log's folder is not made";
 }
 
 TEST(DirectInstall, StopsTheRunningCopiesOfTheViewerAlone) {
-    const std::string program = "\\Executables\\Core\\QMX.exe";
-    play({"running copies",
-          "1q",
-          {newUninstaller, old("a", viewer), running(location("a") + program),
-           running(location("b") + program),
-           running(location("a") + "\\Executables\\Core\\qmx2.exe")},
-          {newUninstallerRan("a"), viewerSetup},
-          Case().arguments,
-          [](Stage& stage) {
-              std::string alive;
-              for (const PROCESS_INFORMATION& copy : stage.copies) {
-                  alive += WaitForSingleObject(copy.hProcess, 0) == WAIT_TIMEOUT ? "alive " : "- ";
-              }
-              EXPECT_EQ(alive, "- alive alive ");
-          }});
+    const std::string core = "\\Executables\\Core\\";
+    std::vector<HANDLE> processes;
+    play({"1q: running copies",
+          {newUninstallerRan("a"), viewerSetup()},
+          {newUninstaller, old("a", viewer), running(location("a") + core + "QMX.exe", processes),
+           running(location("b") + core + "QMX.exe", processes),
+           running(location("a") + core + "qmx2.exe", processes)}});
+    std::string alive;
+    for (const HANDLE process : processes) {
+        alive += WaitForSingleObject(process, 0) == WAIT_TIMEOUT ? "alive " : "ended ";
+        TerminateProcess(process, 0);
+        CloseHandle(process);
+    }
+    EXPECT_EQ(alive, "ended alive alive ");
 }
 
 }  // namespace

@@ -18,17 +18,16 @@ Step asks(const std::string& rows, const std::vector<std::string>& actions, bool
             actions};
 }
 
-/// In the order of `key`; with an uninstaller.
+std::string uninstaller(const std::string& key) {
+    return scratch + key + "\\un install.exe";
+}
+/// In the order of `key`.
 Given version(const std::string& key, const std::string& name,
               const std::string& number = "12.0.0.0") {
-    const std::string uninstaller = scratch + key + "\\un install.exe";
-    return [=](Stage& stage) {
-        program(uninstaller, "100")(stage);
-        installed(key, name, uninstaller, scratch + key, number)(stage);
+    return [=] {
+        program(uninstaller(key))();
+        installed(key, name, uninstaller(key), scratch + key, number)();
     };
-}
-Step removal(const std::string& key) {
-    return ran(scratch + key + "\\un install.exe");
 }
 
 const Step classicSetup = setup("04", "Halvick Tavlink Classic Analyzer 16.4.10002.0");
@@ -45,8 +44,8 @@ TEST(OlderVersions, AreSortedAndTheTickedOnesRemovedOneAfterAnother) {
         version("g", "TAVLINK Classic Analyzer 12"),
         version("h", "Tavlink Serial Analyzer 12"),
         // No uninstaller, and one that is no program.
-        removed(scratch + "c\\un install.exe"),
-        file(scratch + "d\\un install.exe", "a text"),
+        removed(uninstaller("c")),
+        file(uninstaller("d"), "a text"),
     };
     const std::string rows = "[x] Alpha Tavlink Classic Analyzer 12 | [x] " + beta + " | [x] " +
                              beta + " | [x] Tavlink Classic Analyzer 13";
@@ -54,22 +53,25 @@ TEST(OlderVersions, AreSortedAndTheTickedOnesRemovedOneAfterAnother) {
     // The program's own word comes without an owner, on top of the prompt.
     const Step noProgram{"Error | warning | Unknown ShellExecute error ! | OK", {"OK"}};
     const struct {
-        const char* what;
+        std::string name;
         std::vector<std::string> actions;
         std::vector<Step> removals = {};
     } table[] = {
         // One ticked row removes every version of its name, and what fails is passed over.
-        {"unticked by keyboard",
+        {"04: unticked by keyboard",
          {"columns 20,0 400,0 +4", blank, down, down, blank, confirm},
-         {removal("a"), shellMessage, noProgram, shellMessage}},
-        {"one by keyboard", {end, blank, up, blank, up, blank, confirm}, {removal("b")}},
-        {"none", {selectAll, "sees | [ ] Alpha", selectAll, "sees " + rows, selectAll, confirm}},
-        {"skipped", {skip}},
-        {"escape", {"key 27"}},
-        {"close box", {"close"}},
+         {ran(uninstaller("a")), shellMessage, noProgram, shellMessage}},
+        {"04: one by keyboard",
+         {end, blank, up, blank, up, blank, confirm},
+         {ran(uninstaller("b"))}},
+        {"04: none",
+         {selectAll, "sees | [ ] Alpha", selectAll, "sees " + rows, selectAll, confirm}},
+        {"04: skipped", {skip}},
+        {"04: escape", {"key 27"}},
+        {"04: close box", {"close"}},
     };
     for (const auto& row : table) {
-        Case run{row.what, "04", versions, {asks(rows, row.actions, true)}};
+        Case run{row.name, {asks(rows, row.actions, true)}, versions};
         run.steps.insert(run.steps.end(), row.removals.begin(), row.removals.end());
         run.steps.insert(run.steps.end(), {chooseLive, classicSetup});
         play(run);
@@ -79,21 +81,20 @@ TEST(OlderVersions, AreSortedAndTheTickedOnesRemovedOneAfterAnother) {
 TEST(OlderVersions, AreThoseOfTheProductOrOfTheMaker) {
     // The longest name that is read.
     const std::string name = std::string(234, '\xE9') + " Tavlink Classic Analyzer";
-    play({"the longest name, and removal before a cancelled choice",
-          "04",
-          {version("a", name), version("b", 'x' + name)},
-          {asks("[x] " + name, {confirm}), removal("a"), choose("Live Product", "Cancel")}});
-    play({"the maker's",
-          "1w",
-          {version("a", "Halvick Anything 12"), version("b", "HALVICK Anything 12"),
-           version("c", "Tavlink Multiprotocol Analyzer 12")},
-          {asks("[x] Halvick Anything 12", {skip}), shellMessage,
-           setup("1w", "Halvick 16.4.10002.0", "LIVE x86")}});
+    play({
+        {"04: the longest name, and removal before a cancelled choice",
+         {asks("[x] " + name, {confirm}), ran(uninstaller("a")), choose("Live Product", "Cancel")},
+         {version("a", name), version("b", 'x' + name)}},
+        {"1w: the maker's",
+         {asks("[x] Halvick Anything 12", {skip}), shellMessage,
+          setup("1w", "Halvick 16.4.10002.0", "LIVE x86")},
+         {version("a", "Halvick Anything 12"), version("b", "HALVICK Anything 12"),
+          version("c", "Tavlink Multiprotocol Analyzer 12")}},
+    });
     if (on64BitWindows()) {
-        play({"listed for 64-bit programs",
-              "04",
-              {installed("a", "Tavlink Classic Analyzer", "x", "x", "12.0.0.0", KEY_WOW64_64KEY)},
-              {chooseLive, classicSetup}});
+        play({"04: listed for 64-bit programs",
+              {chooseLive, classicSetup},
+              {installed("a", "Tavlink Classic Analyzer", "x", "x", "12.0.0.0", KEY_WOW64_64KEY)}});
     }
 }
 
@@ -102,13 +103,12 @@ TEST(OlderVersions, HaveTheirProgramFoldersLeftAlone) {
     // well.
     const std::string build = "16.4.\xE9", folder = "Halvick Tavlink Classic Analyzer ";
     play(
-        {"indexed",
-         "04",
+        {"04: indexed",
+         {chooseLive, setup("04", folder + build + " 3", "LIVE", "x86", build)},
          {file(scratch + "ProductData.ini", "[Version Number]\r\nVersion Number=" + build + "\r\n"),
           indexed("Software\\Halvick Test Equipment\\Products\\1",
                   "HALVICK t" + folder.substr(9) + "16.4.\xC9"),
-          indexed("Software\\HVQ\\Tressle Analyzer\\7", folder + build + " 2")},
-         {chooseLive, setup("04", folder + build + " 3", "LIVE", "x86", build)}});
+          indexed("Software\\HVQ\\Tressle Analyzer\\7", folder + build + " 2")}});
 }
 
 }  // namespace

@@ -33,17 +33,16 @@ TEST(PlantedLibraries, AreNotLoaded) {
         return marks;
     };
     // The list view, help, the reading of a version, and the shell.
-    Case run{"planted",
-             "04",
-             {installed("a", "Tavlink Classic Analyzer", "x"),
-              indexed("Software\\Halvick Test Equipment\\Products\\1", "x"),
-              program(scratch + "bin\\release\\qmx.exe")},
+    Case run{"04: planted",
              {{"* | No, Skip", {"No, Skip"}},
               {"* | Help", {"Help", "Install"}},
-              setup("04", "Halvick Tavlink Classic Analyzer 16.4.10002.0")}};
+              setup("04", "Halvick Tavlink Classic Analyzer 16.4.10002.0")},
+             {installed("a", "Tavlink Classic Analyzer", "x"),
+              indexed("Software\\Halvick Test Equipment\\Products\\1", "x"),
+              program(scratch + "bin\\release\\qmx.exe")}};
     for (const std::string& name : names) {
         for (const std::string& folder : folders) {
-            run.given.push_back([=](Stage&) { layOut("planted_library.dll", folder + name); });
+            run.given.push_back(copied("planted_library.dll", folder + name));
         }
         // Wine takes its own libraries otherwise, wherever others of their names are found. Three
         // of them it loads itself: before the program's first instruction, or without regard to
@@ -54,13 +53,11 @@ TEST(PlantedLibraries, AreNotLoaded) {
                 '*' + name.substr(0, name.find(".dll")), "native,builtin"));
         }
     }
-    run.afterwards = [&](Stage&) {
-        EXPECT_EQ(loaded("Install.exe"), "");
-        // A load would be noticed.
-        FreeLibrary(LoadLibraryA((scratch + names[0]).c_str()));
-        EXPECT_EQ(loaded("end_to_end_tests.exe"), scratch + names[0] + ".end_to_end_tests.exe ");
-    };
     play(run);
+    EXPECT_EQ(loaded("Install.exe"), "");
+    // A load would be noticed.
+    FreeLibrary(LoadLibraryA((scratch + names[0]).c_str()));
+    EXPECT_EQ(loaded("end_to_end_tests.exe"), scratch + names[0] + ".end_to_end_tests.exe ");
 }
 
 }  // namespace

@@ -15,10 +15,7 @@ TEST(CommandLine, EveryFailureIsShownAndEndsTheRun) {
         std::string arguments, text, icon = "error";
     } table[] = {
         {"", "Invalid command line.", "warning"},
-        {"-dir", "Invalid command line.", "warning"},
         {"-installdir X -dir", "\n\nInvalid argument: Directory missing.\n"},
-        {"-dir C:\\ -installdir", "\n\nInvalid argument: Directory missing.\n"},
-        {"-dirs C:\\", "\n\nInvalid argument: -dirs\n"},
         {"-DIR C:\\ -b\xE4h x", "\n\nInvalid argument: -b\xE4h\n"},
         {"-dir C:\\absent -dirs x", "\n\nError accessing \"C:\\absent\"."},
         {"-dir \\\\absent\\share", "\n\nError accessing \"\\\\absent\\share\"."},
@@ -30,20 +27,20 @@ TEST(CommandLine, EveryFailureIsShownAndEndsTheRun) {
         {"-installdir X -INSTALLDIR Z", "\n\nMissing directory argument."},
     };
     for (const auto& row : table) {
-        play({"arguments " + row.arguments, "04", {}, {box(row.text, row.icon)}, row.arguments});
+        play({"04: " + row.arguments, {box(row.text, row.icon)}, {}, row.arguments});
     }
 }
 
 TEST(CommandLine, SourceDirectoriesAreHandedOverAsTheyAre) {
     // With it the setup utility's path is as long as the shell takes, 259 characters.
-    const std::string longest = scratch + std::string(249 - scratch.size(), 'm');
+    const std::string longest = scratch + std::string(249 - scratch.size(), 'm') + '\\';
+    const std::string umlauts = scratch + "\xC4hnlich \xDF`\\";
     const struct {
         std::string folder, arguments, handedOver;
     } table[] = {
-        {media, "-installdir X -dir C:\\ -DIR \"" + scratch + "media\\\\\"", media},
-        {scratch + "\xC4hnlich \xDF`", "-dir \"" + scratch + "\xC4hnlich \xDF`\"",
-         scratch + "\xC4hnlich \xDF`\\"},
-        {longest, "-dir \"" + longest + '"', longest + '\\'},
+        {media, "-installdir X -dir C:\\ -DIR \"" + media + "\\\"", media},
+        {umlauts, "-dir \"" + umlauts + "\\\"", umlauts},
+        {longest, "-dir \"" + longest + "\\\"", longest},
         {media, "-dir ..\\media", "..\\media\\"},
         {elsewhere, "-dir .", ".\\"},
         {media, "-dir \"\\\\?\\" + media + "\\\"", "\\\\?\\" + media},
@@ -51,14 +48,9 @@ TEST(CommandLine, SourceDirectoriesAreHandedOverAsTheyAre) {
     for (const auto& row : table) {
         Step started = setup("0q", "Halvick Tavlink Universal Analyzer", "LIVE", "x86",
                              defaultBuild, row.handedOver);
-        // The program knows its path in full.
-        const std::string full = row.folder + (row.folder.ends_with('\\') ? "" : "\\");
-        started.seen.replace(1, row.handedOver.size(), full);
-        play({"arguments " + row.arguments,
-              "0q",
-              {setupIn(full)},
-              {chooseLive, started},
-              row.arguments});
+        // A program knows its own path in full.
+        started.seen.replace(1, row.handedOver.size(), row.folder);
+        play({"0q: " + row.arguments, {chooseLive, started}, {setupIn(row.folder)}, row.arguments});
     }
 }
 
@@ -67,30 +59,32 @@ TEST(CommandLine, SourceDirectoriesAreHandedOverAsTheyAre) {
 TEST(CommandLine, TooLongASourceDirectoryIsSaidToBeSo) {
     const std::string folder = scratch + std::string(250 - scratch.size(), 'b'),
                       longer = folder + "bbbbb";
-    play(
-        {{"a path of 260 characters",
-          "0q",
-          {setupIn(folder + '\\')},
-          {chooseLive, shellMessage, {"* | OK", {"OK"}, Step::Kind::DialogOfSomePlatforms}},
-          "-dir \"" + folder + '"'},
-         {"a path of 265 characters",
-          "0q",
-          {setupIn(longer + '\\')},
-          {chooseLive,
-           box("Failed to locate program installation utility: \"" + longer + "\\Setu\"", "error")},
-          "-dir \"" + longer + '"'}});
+    play({
+        {"0q: a path of 260 characters",
+         {chooseLive, shellMessage, {"* | OK", {"OK"}, Step::Kind::DialogOfSomePlatforms}},
+         {setupIn(folder + '\\')},
+         "-dir \"" + folder + '"'},
+        {"0q: a path of 265 characters",
+         {chooseLive,
+          box("Failed to locate program installation utility: \"" + longer + "\\Setu\"", "error")},
+         {setupIn(longer + '\\')},
+         "-dir \"" + longer + '"'},
+    });
 }
 
-/// A row of docs/release-matrix.md; from the run, what was started.
-std::string matrixRow(const std::string& release, const std::string& policy,
-                      const std::string& seen) {
-    const auto found = [&seen](const std::string& start, char end) {
-        const size_t at = seen.find(start);
-        return at == std::string::npos ? "" : seen.substr(at, seen.find(end, at) - at);
+/// A row of docs/release-matrix.md, from what was seen of a run.
+std::string matrixRow(const std::string& release, const std::string& seen) {
+    const auto found = [&seen](const std::string& before, char end, size_t length = 0) {
+        const size_t at = seen.find(before);
+        const size_t start = at + before.size() - length;
+        return at == std::string::npos ? "" : seen.substr(start, seen.find(end, start) - start);
     };
-    const std::string bitness = found("-bitness=", '`');
-    return "| " + release + " | " + policy + " | " + bitness.substr(bitness.find('=') + 1) + " | " +
-           found("dpinst_", '"') + " |\n";
+    const std::string asksAbout = found("not been tested on ", '.');
+    return "| " + release + " | " +
+           (!asksAbout.empty()             ? "asks about \"" + asksAbout + '"'
+            : found("Setup", '\n').empty() ? "refuses"
+                                           : "passes") +
+           " | " + found("-bitness=", '`') + " | " + found("dpinst_", '"', 7) + " |\n";
 }
 
 // On the releases that Wine can report for a program.
@@ -103,7 +97,7 @@ TEST(OperatingSystem, EveryReportedReleaseMeetsItsPolicy) {
     // product types of win7 and win2008r2 the wrong way round.
     const std::string version52 = on64BitWindows() ? passed : "Windows Server 2003 Service Pack 2";
     const struct {
-        std::string release, asksAbout;
+        std::string release, asksAbout, reply = "Yes";
     } table[] = {
         {"win20", refused},
         {"win30", refused},
@@ -119,6 +113,7 @@ TEST(OperatingSystem, EveryReportedReleaseMeetsItsPolicy) {
         {"win2003", version52},
         {"vista", passed},
         {"win2008", "Windows Server 2008 Service Pack 2"},
+        {"win2008", "Windows Server 2008 Service Pack 2", "No"},
         {"win7", "Windows Server 2008 R2 Service Pack 1"},
         {"win2008r2", passed},
         {"win8", passed},
@@ -127,39 +122,33 @@ TEST(OperatingSystem, EveryReportedReleaseMeetsItsPolicy) {
     };
     // Set by the script that writes the document.
     const char* matrix = std::getenv("RELEASE_MATRIX");
-    for (const auto& row : table) {
+    for (const auto& [name, asksAbout, reply] : table) {
         // A product that has drivers, and a setup for each processor.
-        Case run{row.release, "1m", {release(row.release), extractionTool()}};
-        const auto question = [&row](const char* reply) {
-            return box("This product has not been tested on " + row.asksAbout +
-                           ".\n\nWould you like to continue the installation?",
-                       "warning", "Yes | No", reply);
-        };
-        std::string policy = row.asksAbout == passed ? "passes" : "refuses";
-        if (row.asksAbout == refused) {
+        Case run{"1m: " + name, {}, {release(name), extractionTool()}};
+        if (asksAbout == refused) {
             run.steps = {
                 box("This product is only supported on Windows 7 and Windows 8 operating "
                     "systems.",
                     "warning")};
-        } else {
-            if (row.asksAbout != passed) {
-                policy = "asks about \"" + row.asksAbout + '"';
-                run.steps = {question("No")};
-                play(run);
-                run.steps = {question("Yes")};
+        } else if (asksAbout != passed) {
+            run.steps = {box("This product has not been tested on " + asksAbout +
+                                 ".\n\nWould you like to continue the installation?",
+                             "warning", "Yes | No", reply)};
+        }
+        if (asksAbout != refused && reply == "Yes") {
+            if (name != "win2k") {  // the drivers do not run there
+                run.steps.insert(run.steps.end(),
+                                 {extracted("SerialTavlinkDrivers.fzx"), ran(unpacked)});
             }
-            if (row.release != "win2k") {  // the drivers do not run there
-                run.steps.push_back(extracted("SerialTavlinkDrivers.fzx"));
-                run.steps.push_back(ran(unpacked));
-            }
-            run.steps.push_back(chooseLive);
-            run.steps.push_back(setup("1m", "Halvick Tavlink Industrial Analyzer 16.4.10002.0",
-                                      "LIVE " + processor, processor));
+            run.steps.insert(
+                run.steps.end(),
+                {chooseLive, setup("1m", "Halvick Tavlink Industrial Analyzer 16.4.10002.0",
+                                   "LIVE " + processor, processor)});
         }
         const std::string seen = play(run);
-        if (matrix != nullptr) {
+        if (matrix != nullptr && reply == "Yes") {
             std::ofstream(matrix + processor, std::ios::app | std::ios::binary)
-                << matrixRow(row.release, policy, seen);
+                << matrixRow(name, seen);
         }
     }
 }
@@ -175,102 +164,65 @@ Step dialogOf(const std::string& product, const std::string& choices,
 }
 
 TEST(HandOver, FollowsTheChoice) {
-    const std::string classic = "Halvick Tavlink Classic ", all =
-                                                                "Live Product | File Viewer | "
-                                                                "Demonstration";
+    const std::string classic = "Halvick Tavlink Classic ", live = "Live Product",
+                      all = live + " | File Viewer | Demonstration",
+                      setupUtility = media + "Setup.Exe";
     const std::string enter = "key 13", escape = "key 27", help = "key 112";
     play({
-        {"live at once",
-         "04",
-         {},
+        {"04: live at once",
          {dialogOf("Tavlink Classic Analyzer", all, {"Install"}),
           setup("04", classic + "Analyzer 16.4.10002.0")}},
-        {"viewer",
-         "04",
-         {},
+        {"04: viewer",
          {choose("File Viewer"), setup("04", classic + "Analyzer Viewer 16.4.10002.0", "VIEW")}},
-        {"demonstration, after help",
-         "04",
-         {},
+        {"04: demonstration, after help",
          {{"* | Help", {help, "File Viewer", "Demonstration", enter}},
           setup("0h", classic + "Demo 16.4.10002.0", "DEMO")}},
-        {"no demonstration",
-         "1d",
-         {},
-         {dialogOf("Tavlink ZigBee Analyzer", "Live Product | File Viewer", {"close"})}},
-        {"live alone",
-         "0q",
-         {},
-         {dialogOf("Tavlink Universal Analyzer", "Live Product", {"Cancel"})}},
-        {"cancelled by keyboard", "04", {}, {{"* | Help", {"Demonstration", escape}}}},
+        {"1d: no demonstration",
+         {dialogOf("Tavlink ZigBee Analyzer", live + " | File Viewer", {"close"})}},
+        {"04: cancelled by keyboard", {{"* | Help", {"Demonstration", escape}}}},
         // As a script of the field might.
-        {"a choice that is not offered",
-         "0q",
-         {},
+        {"0q: a choice that is not offered",
          {{"* | Help", {"id 4008", "id 1"}},
           box("This installer is invalid. Please contact Technical Support.\n\nHalvick Test "
               "Equipment\nTechnical Support\n100 Instrument Way\nHalvick, VA 22999\nUSA\nWeb: "
               "https://www.halvick.example/\nE-mail: support@halvick.example\nTelephone: +1 434 "
               "555 0100\nFax: +1 434 555 0101\n",
               "warning")}},
-        {"without the maker's name in front",
-         "1s",
-         {},
+        {"1s: without the maker's name in front",
          {chooseLive, setup("1s", "Tavlink Near Field Analyzer 16.4.10002.0")}},
-        {"a setup for each processor",
-         "07",
-         {},
-         {choose("File Viewer"),
-          setup("07", "Halvick EtherTavlink Viewer 16.4.10002.0", "VIEW", processor)}},
-        {"no stamp",
-         "04",
-         {stamped("", "")},
-         {dialogOf("", "Live Product", {"Install"}), setup("", "Halvick ")}},
-        {"a stamp in capitals",
-         "04",
-         {stamped("1D", "Any Name")},
-         {dialogOf("Any Name", "Live Product", {"Install"}), setup("1D", "Halvick ")}},
-        {"no setup utility",
-         "0q",
-         {removed(media + "Setup.Exe")},
+        {": no stamp", {dialogOf("", live, {"Install"}), setup("", "Halvick ")}},
+        {"0q: no setup utility",
          {chooseLive,
-          box("Failed to locate program installation utility: \"" + media + "Setup.Exe\"",
-              "error")}},
-        {"a setup utility that is no program",
-         "0q",
-         {file(media + "Setup.Exe", "a text")},
+          box("Failed to locate program installation utility: \"" + setupUtility + '"', "error")},
+         {removed(setupUtility)}},
+        {"0q: a setup utility that is no program",
          {chooseLive,
           shellMessage,
-          {"Error | warning | Unknown ShellExecute error ! | OK", {"OK"}}}},
+          {"Error | warning | Unknown ShellExecute error ! | OK", {"OK"}}},
+         {file(setupUtility, "a text")}},
     });
 }
 
 TEST(HandOver, TakesTheBuildFromTheProductDataBesideTheProgram) {
     const std::string text = "[Version Number]\r\nVersion Number=16.4.12000.0\r\n";
-    std::string damaged = encipher(text), comments;
+    std::string damaged = encipher(text);
     damaged[damaged.size() / 2] ^= 1;
-    while (comments.size() < 1'000'000) {
-        comments += "; a comment\r\n";
-    }
+    const std::string plain = scratch + "ProductData.ini", enciphered = scratch + "ProductData.inx";
     const struct {
-        const char* what;
-        std::string plain, enciphered, build;
+        std::string what, build;
+        std::vector<Given> files;
     } table[] = {
-        {"plain", comments + text, "", "16.4.12000.0"},
-        {"enciphered before plain", comments, encipher(text), "16.4.12000.0"},
-        {"damaged before plain", text, damaged, defaultBuild},
-        {"bare line feeds", "[Version Number]\nVersion Number=16.4.1\nOther=2", "",
-         "16.4.1\nOther=2"},
+        {"plain", "16.4.12000.0", {file(plain, std::string(1'000'000, '\n') + text)}},
+        {"enciphered before plain",
+         "16.4.12000.0",
+         {file(plain), file(enciphered, encipher(text))}},
+        {"damaged before plain", defaultBuild, {file(plain, text), file(enciphered, damaged)}},
     };
     for (const auto& row : table) {
-        Case run{row.what, "04", {file(scratch + "ProductData.ini", row.plain)}};
-        if (!row.enciphered.empty()) {
-            run.given.push_back(file(scratch + "ProductData.inx", row.enciphered));
-        }
-        // The dialog's title shows one line.
-        run.steps = {chooseLive, setup("04", "Halvick Tavlink Classic Analyzer " + row.build,
-                                       "LIVE", "x86", row.build)};
-        play(run);
+        play({"04: product data " + row.what,
+              {chooseLive, setup("04", "Halvick Tavlink Classic Analyzer " + row.build, "LIVE",
+                                 "x86", row.build)},
+              row.files});
     }
 }
 

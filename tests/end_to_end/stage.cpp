@@ -2,6 +2,7 @@
 
 #include <gtest/gtest.h>
 #include <shlobj.h>
+#include <shlwapi.h>
 
 #include <algorithm>
 #include <cstdlib>
@@ -9,13 +10,13 @@
 #include <fstream>
 #include <iterator>
 
-#include "app/stamped_identity.h"
 #include "tools/dialog_driver/installer_run_win.h"
 
 namespace {
 
-const std::string recordFile = scratch + "records.txt";
+const std::string installer = scratch + "Install.exe", recordFile = scratch + "records.txt";
 const std::string installerRuns = scratch + "the installer runs";  ///< a file
+const std::string uninstallList = "SOFTWARE\\Microsoft\\Windows\\CurrentVersion\\Uninstall\\";
 
 std::string upTo(const std::string& path, char last) {
     return path.substr(0, path.rfind(last));
@@ -23,9 +24,9 @@ std::string upTo(const std::string& path, char last) {
 
 /// The records become these, before the deadline.
 bool awaitRecords(const std::string& expected) {
-    for (const DWORD start = GetTickCount();
-         readFile(recordFile) != expected &&
-         GetTickCount() - start < InstallerRun::defaultDeadline;) {
+    const DWORD start = GetTickCount();
+    while (readFile(recordFile) != expected &&
+           GetTickCount() - start < InstallerRun::defaultDeadline) {
         Sleep(10);
     }
     return readFile(recordFile) == expected;
@@ -42,9 +43,12 @@ class Playback {
 
     /// False: the run is not what it should be, and is not to be followed any further.
     bool meet(const Step& step) {
-        if (step.kind == Step::Kind::Programs) {
+        if (step.kind == Step::Kind::WaitForFile) {
+            return waitsFor(step.seen);
+        }
+        if (step.kind == Step::Kind::Program) {
             expected += step.seen;
-            return step.marker.empty() || waitsFor(step.marker);
+            return true;
         }
         lookOut();
         if (!fits(step, shown) && step.kind == Step::Kind::DialogOfSomePlatforms) {
@@ -52,38 +56,31 @@ class Playback {
         }
         expected += step.seen + '\n';
         takeRecords();
-        if (!dialog || !fits(step, shown)) {
-            return false;
-        }
-        seen += step.seen + '\n';
+        seen += (fits(step, shown) ? step.seen : shown) + '\n';
         shown.clear();
-        if (seen != expected) {
-            return false;
-        }
         for (const std::string& action : step.actions) {
-            if (shown = dialog->act(action); !shown.empty()) {
+            if (seen != expected || !shown.empty()) {
                 return false;
             }
+            shown = dialog->act(action);
         }
         dialog.reset();
-        return true;
+        return shown.empty();
     }
 
-    void end() {
-        lookOut();
-        if (!dialog && shown.empty()) {
+    void end(bool met) {
+        if (met) {
+            lookOut();
+        }
+        if (met && !dialog && shown.empty()) {
             DWORD exitCode = 1;
             GetExitCodeProcess(run.process.hProcess, &exitCode);
             // The installer has left "Setup.Exe" to itself.
             DeleteFileA(installerRuns.c_str());
             shown = run.awaitEnd() + (exitCode == 0 ? "" : "exit code " + std::to_string(exitCode));
         }
-    }
-
-    /// Whatever came last, to what was seen.
-    void close() {
         takeRecords();
-        seen += shown.empty() ? "" : shown + '\n';
+        seen += shown;
     }
 
     std::string expected, seen;
@@ -104,12 +101,12 @@ class Playback {
         taken = records.size();
     }
 
-    bool waitsFor(const std::string& marker) {
-        // Longer than the pause between two looks at the marker.
+    bool waitsFor(const std::string& file) {
+        // Longer than the pause between two looks at the file.
         const bool waits = awaitRecords(expected) &&
                            WaitForSingleObject(run.process.hProcess, 1500) == WAIT_TIMEOUT &&
                            readFile(recordFile) == expected;
-        EXPECT_TRUE(DeleteFileA(marker.c_str()));
+        EXPECT_TRUE(DeleteFileA(file.c_str())) << file;
         return waits;
     }
 
@@ -118,6 +115,24 @@ class Playback {
     std::string shown;
     size_t taken = 0;
 };
+
+void clear() {
+    removeFolder(scratch);
+    removeFolder(testSystemFolder);
+    SHDeleteKeyA(HKEY_CURRENT_USER, "Software\\Wine\\AppDefaults\\Install.exe");
+    SHDeleteKeyA(HKEY_LOCAL_MACHINE, "Software\\Halvick Test Equipment");
+    SHDeleteKeyA(HKEY_LOCAL_MACHINE, "Software\\HVQ");
+    for (std::string key = "a"; key <= "h"; ++key[0]) {
+        for (const REGSAM view : {KEY_WOW64_32KEY, KEY_WOW64_64KEY}) {
+            RegDeleteKeyExA(HKEY_LOCAL_MACHINE, (uninstallList + key).c_str(), view, 0);
+        }
+    }
+}
+
+/// After the last run.
+const struct Cleaner {
+    ~Cleaner() { clear(); }
+} cleaner;
 
 }  // namespace
 
@@ -139,7 +154,7 @@ Step ran(const std::string& program, const std::string& parameters) {
     return {'"' + program + '"' + (parameters.empty() ? "" : " ") + parameters + "\nin " +
                 upTo(elsewhere, '\\') + ", shown 1\nend\n",
             {},
-            Step::Kind::Programs};
+            Step::Kind::Program};
 }
 
 Step setup(const std::string& productCode, const std::string& programFolder,
@@ -150,18 +165,35 @@ Step setup(const std::string& productCode, const std::string& programFolder,
                                          "`-bitness=" + bitness + "`-tmp=" + folder + '`');
 }
 
+Step extracted(const std::string& archive) {
+    return ran(media + "flatten.exe",
+               "-fzx \"" + media + archive + "\" -fzxkey Kq7vR2mXp9Lz4Wc1 -rep \"" + media +
+                   "report.txt\" -exdir \"" + testSystemFolder + "\\Drivers\"");
+}
+
 Given file(const std::string& path, const std::string& content) {
-    return [=](Stage&) { writeFile(path, content); };
+    return [=] {
+        SHCreateDirectoryExA(nullptr, upTo(path, '\\').c_str(), nullptr);
+        std::ofstream(path, std::ios::binary) << content;
+    };
 }
 
 Given removed(const std::string& path) {
-    return [=](Stage&) { EXPECT_TRUE(DeleteFileA(path.c_str())) << path; };
+    return [=] { EXPECT_TRUE(DeleteFileA(path.c_str())) << path; };
+}
+
+Given copied(const std::string& name, const std::string& path) {
+    return [=] {
+        SHCreateDirectoryExA(nullptr, upTo(path, '\\').c_str(), nullptr);
+        const std::string source = upTo(_pgmptr, '\\') + '\\' + name;
+        EXPECT_TRUE(CopyFileA(source.c_str(), path.c_str(), FALSE)) << source << " to " << path;
+    };
 }
 
 Given program(const std::string& path, const std::string& script) {
-    return [=](Stage&) {
-        layOut("recorder.exe", path);
-        writeFile(path + ".script", script);
+    return [=] {
+        copied("recorder.exe", path)();
+        file(path + ".script", script)();
     };
 }
 
@@ -169,57 +201,66 @@ Given setupIn(const std::string& folder) {
     return program(folder + "Setup.Exe", installerRuns);
 }
 
-Given running(const std::string& path) {
-    return [=](Stage& stage) {
-        program(path, "60000")(stage);
+Given extractionTool(const std::string& report) {
+    const std::string packed = scratch + "driver installer.exe", written = scratch + "report";
+    return [=] {
+        file(written, report)();
+        copied("recorder.exe", packed)();
+        file(unpacked + ".script", "100")();
+        program(media + "flatten.exe",
+                written + '\t' + media + "report.txt\n" + packed + '\t' + unpacked + "\n100")();
+    };
+}
+
+Given running(const std::string& path, std::vector<HANDLE>& processes) {
+    return [=, &processes] {
+        program(path, "60000")();
         DeleteFileA(recordFile.c_str());
         STARTUPINFOA startup{};
         startup.cb = sizeof startup;
-        startup.dwFlags = STARTF_USESHOWWINDOW;
-        startup.wShowWindow = SW_SHOWNORMAL;
-        stage.copies.emplace_back();
-        ASSERT_TRUE(CreateProcessA(path.c_str(), nullptr, nullptr, nullptr, FALSE, 0, nullptr,
-                                   elsewhere.c_str(), &startup, &stage.copies.back()));
-        const std::string record = ran(path).seen;
-        EXPECT_TRUE(awaitRecords(record.substr(0, record.rfind("end")))) << readFile(recordFile);
+        PROCESS_INFORMATION process{};
+        EXPECT_TRUE(CreateProcessA(path.c_str(), nullptr, nullptr, nullptr, FALSE, 0, nullptr,
+                                   nullptr, &startup, &process));
+        CloseHandle(process.hThread);
+        processes.push_back(process.hProcess);
+        while (readFile(recordFile).empty() &&
+               WaitForSingleObject(process.hProcess, 10) == WAIT_TIMEOUT) {
+        }
     };
 }
 
 Given registered(HKEY root, const std::string& key, const std::string& name,
                  const std::string& text, REGSAM view) {
-    return [=](Stage& stage) {
+    return [=] {
         HKEY opened = nullptr;
         RegCreateKeyExA(root, key.c_str(), 0, nullptr, 0, KEY_SET_VALUE | view, nullptr, &opened,
                         nullptr);
         RegSetValueExA(opened, name.c_str(), 0, REG_SZ, reinterpret_cast<const BYTE*>(text.c_str()),
                        static_cast<DWORD>(text.size()) + 1);
         RegCloseKey(opened);
-        stage.keys.emplace_back(root, key);
     };
 }
 
 Given installed(const std::string& key, const std::string& name, const std::string& uninstall,
                 const std::string& location, const std::string& version, REGSAM view) {
-    return [=](Stage& stage) {
-        const std::pair<const char*, std::string> values[] = {{"DisplayName", name},
-                                                              {"DisplayVersion", version},
-                                                              {"UninstallString", uninstall},
-                                                              {"InstallLocation", location}};
-        for (const auto& [value, text] : values) {
-            registered(HKEY_LOCAL_MACHINE,
-                       "SOFTWARE\\Microsoft\\Windows\\CurrentVersion\\Uninstall\\" + key, value,
-                       text, view)(stage);
-        }
+    return [=] {
+        const auto set = [&](const char* value, const std::string& text) {
+            registered(HKEY_LOCAL_MACHINE, uninstallList + key, value, text, view)();
+        };
+        set("DisplayName", name);
+        set("DisplayVersion", version);
+        set("UninstallString", uninstall);
+        set("InstallLocation", location);
     };
 }
 
 Given indexed(const std::string& key, const std::string& programFolder) {
-    return [=](Stage& stage) {
+    return [=] {
         for (const char* name :
              {"Path", "Product Id", "Product Name", "Seinda", "Temp Reference"}) {
-            registered(HKEY_LOCAL_MACHINE, key, name, scratch)(stage);
+            registered(HKEY_LOCAL_MACHINE, key, name, scratch)();
         }
-        registered(HKEY_LOCAL_MACHINE, key, "Program Folder", programFolder)(stage);
+        registered(HKEY_LOCAL_MACHINE, key, "Program Folder", programFolder)();
     };
 }
 
@@ -228,84 +269,28 @@ Given release(const std::string& name) {
                       name);
 }
 
-Given stamped(const std::string& code, const std::string& name) {
-    return [=](Stage&) {
-        std::string image = readFile(installer);
-        const std::string marker(std::begin(stampMarker), std::end(stampMarker));
-        StampedIdentity identity{};
-        marker.copy(identity.marker, marker.size());
-        code.copy(identity.productCode, code.size());
-        name.copy(identity.productName, name.size());
-        image.replace(image.find(marker), sizeof identity, reinterpret_cast<char*>(&identity),
-                      sizeof identity);
-        writeFile(installer, image);
-    };
-}
-
-Given extractionTool(const std::string& report) {
-    return [=](Stage& stage) {
-        writeFile(scratch + "report", report);
-        layOut("recorder.exe", scratch + "driver installer.exe");
-        program(media + "flatten.exe", scratch + "report\t" + media + "report.txt\n" + scratch +
-                                           "driver installer.exe\t" + unpacked + "\n100")(stage);
-        program(unpacked, "100")(stage);
-        DeleteFileA(unpacked.c_str());
-    };
-}
-
-Step extracted(const std::string& archive) {
-    return ran(media + "flatten.exe",
-               "-fzx \"" + media + archive + "\" -fzxkey Kq7vR2mXp9Lz4Wc1 -rep \"" + media +
-                   "report.txt\" -exdir \"" + testSystemFolder + "\\Drivers\"");
-}
-
-Stage::Stage(const Case& row) {
-    removeFolder(scratch);
+std::string play(const Case& row) {
+    SCOPED_TRACE(row.name);
     SetEnvironmentVariableA("RECORD_FILE", recordFile.c_str());
-    setupIn(media)(*this);
-    SHCreateDirectoryExA(nullptr, elsewhere.c_str(), nullptr);
-    writeFile(elsewhere + "ProductData.ini", "[Version Number]\r\nVersion Number=9.9.9.9\r\n");
+    clear();
+    setupIn(media)();
+    file(elsewhere + "ProductData.ini", "[Version Number]\r\nVersion Number=9.9.9.9\r\n")();
     // Set by the build, as the stamping tool is a native program.
-    const std::string stamped =
-        std::string(std::getenv("STAMPED_INSTALLERS")) + '/' + row.product + "/Install.exe";
-    EXPECT_TRUE(CopyFileA(stamped.c_str(), installer.c_str(), FALSE)) << stamped;
+    const std::string release = std::getenv("STAMPED_INSTALLERS"),
+                      code = row.name.substr(0, row.name.find(':')),
+                      product = release + (code.empty() ? "/../release/installer.exe"
+                                                        : '/' + code + "/Install.exe");
+    EXPECT_TRUE(CopyFileA(product.c_str(), installer.c_str(), FALSE)) << product;
     for (const Given& given : row.given) {
-        given(*this);
+        given();
     }
     DeleteFileA(recordFile.c_str());
-    writeFile(installerRuns, "");
-}
+    file(installerRuns)();
 
-Stage::~Stage() {
-    for (const PROCESS_INFORMATION& copy : copies) {
-        TerminateProcess(copy.hProcess, 0);
-        WaitForSingleObject(copy.hProcess, INFINITE);
-        CloseHandle(copy.hProcess);
-        CloseHandle(copy.hThread);
-    }
-    for (auto& [root, key] : keys) {
-        for (const REGSAM view : {KEY_WOW64_32KEY, KEY_WOW64_64KEY}) {
-            std::string path = key;
-            while (RegDeleteKeyExA(root, path.c_str(), view, 0) == ERROR_SUCCESS) {
-                path = upTo(path, '\\');
-            }
-        }
-    }
-    removeFolder(testSystemFolder);
-    removeFolder(scratch);
-}
-
-std::string play(const Case& row) {
-    SCOPED_TRACE(row.what);
-    Stage stage(row);
     Playback playback(row.arguments);
-    if (std::all_of(row.steps.begin(), row.steps.end(),
-                    [&](const Step& step) { return playback.meet(step); })) {
-        playback.end();
-    }
-    playback.close();
+    playback.end(std::all_of(row.steps.begin(), row.steps.end(),
+                             [&](const Step& step) { return playback.meet(step); }));
     EXPECT_EQ(playback.seen, playback.expected);
-    row.afterwards(stage);
     return playback.seen;
 }
 
@@ -315,19 +300,9 @@ void play(const std::vector<Case>& rows) {
     }
 }
 
-void layOut(const std::string& name, const std::string& path) {
-    SHCreateDirectoryExA(nullptr, upTo(path, '\\').c_str(), nullptr);
-    const std::string source = upTo(_pgmptr, '\\') + '\\' + name;
-    EXPECT_TRUE(CopyFileA(source.c_str(), path.c_str(), FALSE)) << source << " to " << path;
-}
-
 std::string readFile(const std::string& path) {
     std::ifstream file(path, std::ios::binary);
     return {std::istreambuf_iterator<char>(file), {}};
-}
-
-void writeFile(const std::string& path, const std::string& content) {
-    std::ofstream(path, std::ios::binary) << content;
 }
 
 void removeFolder(const std::string& path) {
