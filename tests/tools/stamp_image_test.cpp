@@ -1,4 +1,4 @@
-#include "tools/stamp_image.h"
+#include "tools/desk/stamp_image.h"
 
 #include <gtest/gtest.h>
 
