@@ -41,24 +41,17 @@ TEST(Drivers, AreInstalledInTheirPlaceOfTheRun) {
 
 TEST(Drivers, AreInstalledAsFarAsTheReportTells) {
     const std::string other = on64BitWindows() ? "32" : "64", sub = "\"sub folder\\";
-    const struct {
-        std::string what, report;
-        bool installs = false;
-    } table[] = {
-        {"nothing", ""},
-        {"the other bitness", sub + "dpinst_" + other + ".exe\""},
-        {"a file that is not there", "\"other folder\\" + driverInstaller + '"'},
-        {"1 MB with zero bytes", std::string(1'000'000, '\0') + sub + driverInstaller, true},
-        {"out of the folder", "\"..\\Drivers\\sub folder\\" + driverInstaller, true},
-    };
-    for (const auto& row : table) {
-        Case run{"1w: the report holds " + row.what, {corvane}, {extractionTool(row.report)}};
-        if (row.installs) {
-            run.steps.push_back(ran(unpacked));
-        }
-        run.steps.push_back(multiprotocolSetup);
-        play(run);
-    }
+    const std::vector<Step> passedOver{corvane, multiprotocolSetup};
+    const std::vector<Step> run{corvane, ran(unpacked), multiprotocolSetup};
+    play({
+        {"1w: an empty report", passedOver, {extractionTool("")}},
+        {"1w: the other bitness", passedOver, {extractionTool(sub + "dpinst_" + other + ".exe\"")}},
+        {"1w: a file that is not there", passedOver, {extractionTool("\"x\\" + driverInstaller)}},
+        {"1w: 1 MB", run, {extractionTool(std::string(1'000'000, '\0') + sub + driverInstaller)}},
+        {"1w: out of the folder",
+         run,
+         {extractionTool("\"..\\Drivers\\sub folder\\" + driverInstaller)}},
+    });
 }
 
 }  // namespace

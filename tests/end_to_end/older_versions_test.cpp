@@ -52,30 +52,27 @@ TEST(OlderVersions, AreSortedAndTheTickedOnesRemovedOneAfterAnother) {
     const std::string end = "key 35", up = "key 38", down = "key 40", blank = "key 32";
     // The program's own word comes without an owner, on top of the prompt.
     const Step noProgram{"Error | warning | Unknown ShellExecute error ! | OK", {"OK"}};
-    const struct {
-        std::string name;
-        std::vector<std::string> actions;
-        std::vector<Step> removals = {};
-    } table[] = {
+    const auto prompt = [&](const std::vector<std::string>& actions) {
+        return asks(rows, actions, true);
+    };
+    play({
         // One ticked row removes every version of its name, and what fails is passed over.
         {"04: unticked by keyboard",
-         {"columns 20,0 400,0 +4", blank, down, down, blank, confirm},
-         {ran(uninstaller("a")), shellMessage, noProgram, shellMessage}},
+         {prompt({"columns 20,0 400,0 +4", blank, down, down, blank, confirm}),
+          ran(uninstaller("a")), shellMessage, noProgram, shellMessage, chooseLive, classicSetup},
+         versions},
         {"04: one by keyboard",
-         {end, blank, up, blank, up, blank, confirm},
-         {ran(uninstaller("b"))}},
+         {prompt({end, blank, up, blank, up, blank, confirm}), ran(uninstaller("b")), chooseLive,
+          classicSetup},
+         versions},
         {"04: none",
-         {selectAll, "sees | [ ] Alpha", selectAll, "sees " + rows, selectAll, confirm}},
-        {"04: skipped", {skip}},
-        {"04: escape", {"key 27"}},
-        {"04: close box", {"close"}},
-    };
-    for (const auto& row : table) {
-        Case run{row.name, {asks(rows, row.actions, true)}, versions};
-        run.steps.insert(run.steps.end(), row.removals.begin(), row.removals.end());
-        run.steps.insert(run.steps.end(), {chooseLive, classicSetup});
-        play(run);
-    }
+         {prompt({selectAll, "sees | [ ] Alpha", selectAll, "sees " + rows, selectAll, confirm}),
+          chooseLive, classicSetup},
+         versions},
+        {"04: skipped", {prompt({skip}), chooseLive, classicSetup}, versions},
+        {"04: escape", {prompt({"key 27"}), chooseLive, classicSetup}, versions},
+        {"04: close box", {prompt({"close"}), chooseLive, classicSetup}, versions},
+    });
 }
 
 TEST(OlderVersions, AreThoseOfTheProductOrOfTheMaker) {

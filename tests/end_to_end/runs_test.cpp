@@ -208,22 +208,22 @@ TEST(HandOver, TakesTheBuildFromTheProductDataBesideTheProgram) {
     std::string damaged = encipher(text);
     damaged[damaged.size() / 2] ^= 1;
     const std::string plain = scratch + "ProductData.ini", enciphered = scratch + "ProductData.inx";
-    const struct {
-        std::string what, build;
-        std::vector<Given> files;
-    } table[] = {
-        {"plain", "16.4.12000.0", {file(plain, std::string(1'000'000, '\n') + text)}},
-        {"enciphered before plain",
-         "16.4.12000.0",
-         {file(plain), file(enciphered, encipher(text))}},
-        {"damaged before plain", defaultBuild, {file(plain, text), file(enciphered, damaged)}},
+    const auto handsOver = [](const std::string& build) {
+        return std::vector<Step>{
+            chooseLive,
+            setup("04", "Halvick Tavlink Classic Analyzer " + build, "LIVE", "x86", build)};
     };
-    for (const auto& row : table) {
-        play({"04: product data " + row.what,
-              {chooseLive, setup("04", "Halvick Tavlink Classic Analyzer " + row.build, "LIVE",
-                                 "x86", row.build)},
-              row.files});
-    }
+    play({
+        {"04: plain",
+         handsOver("16.4.12000.0"),
+         {file(plain, std::string(1'000'000, '\n') + text)}},
+        {"04: enciphered before plain",
+         handsOver("16.4.12000.0"),
+         {file(plain), file(enciphered, encipher(text))}},
+        {"04: damaged before plain",
+         handsOver(defaultBuild),
+         {file(plain, text), file(enciphered, damaged)}},
+    });
 }
 
 }  // namespace
