@@ -28,4 +28,4 @@ struct ProductIdentity {
     std::string name;
 };
 
-ProductIdentity readStampedIdentity();
+[[nodiscard]] ProductIdentity readStampedIdentity();

@@ -12,15 +12,16 @@ struct UninstallPromptTexts {
     const char* question;  ///< below the list
 };
 
-UninstallPromptTexts uninstallPromptTexts(std::size_t productCount);
+[[nodiscard]] UninstallPromptTexts uninstallPromptTexts(std::size_t productCount);
 
 /// The one sort order that the list knows; any other leaves it as it is.
 inline constexpr long ascendingOrder = 1;
 
 /// Negative, 0 or positive, for lower-case names.
-int compareLowerCaseNames(const std::string& left, const std::string& right, long order);
+[[nodiscard]] int compareLowerCaseNames(const std::string& left, const std::string& right,
+                                        long order);
 
 /// The uninstall commands to run, in order: for each ticked name those of all products that bear
 /// it (letter case counts). A name ticked twice is run twice.
-std::vector<std::string> uninstallCommands(const std::vector<std::string>& tickedNames,
-                                           const std::vector<InstalledProduct>& products);
+[[nodiscard]] std::vector<std::string> uninstallCommands(
+    const std::vector<std::string>& tickedNames, const std::vector<InstalledProduct>& products);

@@ -28,9 +28,11 @@ void mergeInstallations(std::vector<InstallationRecord>& installations,
                         const std::vector<InstallationRecord>& records);
 
 /// The field of this name (letter case ignored); empty when it is not one that may be asked for.
-std::string installationField(const InstallationRecord& record, std::string_view name);
+[[nodiscard]] std::string installationField(const InstallationRecord& record,
+                                            std::string_view name);
 
 /// Puts the positions of the records whose selected field equals `value` (letter case ignored)
 /// into `matches`, last first. Returns whether there are any.
-bool findInstallations(const std::vector<InstallationRecord>& installations, std::string_view value,
-                       int selector, std::vector<std::size_t>& matches);
+[[nodiscard]] bool findInstallations(const std::vector<InstallationRecord>& installations,
+                                     std::string_view value, int selector,
+                                     std::vector<std::size_t>& matches);

@@ -45,7 +45,7 @@ bool InstallationIndex::readTree(const std::string& subkeyPath,
     mergeInstallations(records, read);
     for (std::size_t position = known; position < records.size(); ++position) {
         InstallationRecord& record = records[position];
-        readExecutableVersion(record, record.executableVersion);
+        std::ignore = readExecutableVersion(record, record.executableVersion);  // else empty
         record.fields["Version"] = record.executableVersion;
     }
     return !records.empty();

@@ -30,16 +30,17 @@ inline constexpr CodePage asciiCodePage = [] {
 void useCodePage(const CodePage& page);
 
 /// The text with every single-byte character folded; two-byte characters are kept.
-std::string lowerCase(std::string_view text);
+[[nodiscard]] std::string lowerCase(std::string_view text);
 
-bool equalIgnoringCase(std::string_view left, std::string_view right);
+[[nodiscard]] bool equalIgnoringCase(std::string_view left, std::string_view right);
 
 /// Offset of the first occurrence at or behind `from`, never inside a two-byte character;
 /// npos when there is none. `from` must be a character boundary.
-std::size_t findIgnoringCase(std::string_view text, std::string_view pattern, std::size_t from = 0);
+[[nodiscard]] std::size_t findIgnoringCase(std::string_view text, std::string_view pattern,
+                                           std::size_t from = 0);
 
 /// Offset of the last backslash character (not of a second byte 0x5C); npos when there is none.
-std::size_t findLastBackslash(std::string_view text);
+[[nodiscard]] std::size_t findLastBackslash(std::string_view text);
 
 /// The text with every occurrence of `pattern` replaced; what was inserted is not searched again.
 /// An empty pattern replaces nothing. Letters outside the occurrences keep their case.
@@ -47,4 +48,4 @@ std::size_t findLastBackslash(std::string_view text);
                                      std::string_view replacement, bool ignoreCase);
 
 /// The path, with a backslash appended when its last character is not one.
-std::string withTrailingBackslash(std::string_view path);
+[[nodiscard]] std::string withTrailingBackslash(std::string_view path);

@@ -4,4 +4,4 @@
 
 /// The ANSI code page that Windows uses for this process: lead bytes from GetCPInfo, letter case
 /// from CharLowerBuffA.
-CodePage systemCodePage();
+[[nodiscard]] CodePage systemCodePage();

@@ -12,7 +12,7 @@ void restrictLibrarySearch();
 
 /// Loads `name` (for example "version.dll") from the system folder by its full path, wherever
 /// the search path leads. Null on failure. Never unloaded.
-HMODULE loadSystemLibrary(const char* name);
+[[nodiscard]] HMODULE loadSystemLibrary(const char* name);
 
 /// The function of type `Function` (a pointer, calling convention included) that `library` exports
 /// as `name` (or by the number in it, MAKEINTRESOURCEA); null when the library or the export is

@@ -30,8 +30,7 @@ fi
 [ -z "${CERTIFICATE-}" ] || [ -n "${PASSWORD_FILE-}" ] || fail "PASSWORD_FILE is not set"
 [ $# -eq 2 ] || "$root/scripts/build.sh" release tools
 
-new=$folder.new
-rm -rf "$new"
+new=$folder.new.$$
 mkdir -p "$new"
 trap 'rm -rf "$new"' EXIT
 
@@ -52,5 +51,10 @@ while read -r code name; do
     echo "$code/Install.exe  $name"
 done <<<"$products"
 (cd "$new" && LC_ALL=C && sha256sum -- */Install.exe >SHA256SUMS)
+# The same release again stays where it is: another run may be using it.
+if cmp -s "$new/SHA256SUMS" "$folder/SHA256SUMS" &&
+    (cd "$folder" && sha256sum --check --status --strict SHA256SUMS); then
+    exit
+fi
 rm -rf "$folder"
 mv "$new" "$folder"

@@ -3,4 +3,4 @@
 #include <string>
 
 /// The help file of the program at `programPath`: beside it, with its name, ending in ".chm".
-std::string helpFilePath(const std::string& programPath);
+[[nodiscard]] std::string helpFilePath(const std::string& programPath);

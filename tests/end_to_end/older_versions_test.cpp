@@ -88,7 +88,8 @@ TEST_F(OlderVersions, SeveralAreSortedAndTheTickedOnesRemovedOneAfterAnother) {
 }
 
 TEST_F(OlderVersions, HaveTheirProgramFoldersLeftAlone) {
-    // The build ends in an e with an acute accent in code page 1252; letters beyond A to Z fold as well.
+    // The build ends in an e with an acute accent in code page 1252; letters beyond A to Z fold as
+    // well.
     const std::string build = "16.4.\xE9", folder = "Halvick Tavlink Classic Analyzer ";
     writeFile(stage.scratch + "ProductData.ini",
               "[Version Number]\r\nVersion Number=" + build + "\r\n");
