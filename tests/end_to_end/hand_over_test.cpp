@@ -1,26 +1,9 @@
 #include <gtest/gtest.h>
 
-#include <cstdlib>
-
 #include "catalogue/cipher.h"
 #include "tests/end_to_end/stage.h"
 
 namespace {
-
-/// Whether tools/check_media says that "Setup.Exe" is handed this.
-bool isForetold(const std::string& code, const std::string& choice, std::string parameters) {
-    for (size_t at = 0; (at = parameters.find('\\', at)) != std::string::npos; at += 2) {
-        parameters.insert(at, 1, '\\');
-    }
-    const std::string folder = std::string(std::getenv("STAMPED_INSTALLERS")) + '/' + code;
-    const std::string report = readFile(folder + "/report.json");
-    const auto says = [&](const std::string& windows) {
-        return report.find("{\"choice\": \"" + choice + "\", \"windows\": \"" + windows +
-                           " Windows\", \"parameters\": \"" + parameters + '"') !=
-               std::string::npos;
-    };
-    return says("any") || says(on64BitWindows() ? "64-bit" : "32-bit");
-}
 
 TEST(HandOver, EveryChoiceReachesTheSetupUtility) {
     const std::string processor = on64BitWindows() ? "x64" : "x86";
@@ -60,12 +43,8 @@ TEST(HandOver, EveryChoiceReachesTheSetupUtility) {
         if (!row.choice.empty()) {
             steps.push_back(choose(row.choice));
         }
-        const std::string expected =
-            stage.setup(row.pid, row.folder + ' ' + defaultBuild, row.type, row.bitness);
-        stage.run(steps, expected);
-        const size_t program = stage.path("Setup.Exe").size() + 3;
-        EXPECT_TRUE(isForetold(row.code, row.choice.empty() ? live : row.choice,
-                               expected.substr(program, expected.find('\n') - program)));
+        stage.run(steps,
+                  stage.setup(row.pid, row.folder + ' ' + defaultBuild, row.type, row.bitness));
     }
 }
 
