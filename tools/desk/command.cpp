@@ -16,17 +16,3 @@ void printJson(const Json& document) {
 void printNote(const std::string& subject, const std::string& note) {
     std::cerr << "note: " << subject << ": " << note << '\n';
 }
-
-std::string utf8(std::string_view text) {
-    std::string result;
-    for (const char character : text) {
-        const auto number = static_cast<unsigned char>(character);
-        if (number < 0x80) {
-            result += character;
-        } else {
-            result += static_cast<char>(0xC0 | number >> 6);
-            result += static_cast<char>(0x80 | (number & 0x3F));
-        }
-    }
-    return result;
-}

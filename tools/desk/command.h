@@ -36,12 +36,11 @@ void printJson(const Json& document);
 /// Prints to the error output: `subject` and what is noteworthy about it.
 void printNote(const std::string& subject, const std::string& note);
 
-/// UTF-8 of a text in the code page of the installer, which names do not leave ASCII of: other
-/// bytes become the characters of the same number.
-std::string utf8(std::string_view text);
-
 void addCheckCommand(CLI::App& app, Session& session);
 void addProductsCommand(CLI::App& app, Session& session);
 void addStampCommand(CLI::App& app, Session& session);
 void addEncipherCommand(CLI::App& app, Session& session);
 void addDecipherCommand(CLI::App& app, Session& session);
+void addLayoutCommand(CLI::App& app, Session& session);
+void addReleaseCommand(CLI::App& app, Session& session);
+void addVerifyCommand(CLI::App& app, Session& session);

@@ -15,10 +15,14 @@ constexpr std::uint64_t checksumField = 64;
 constexpr std::uint64_t sectionSize = 40;
 constexpr std::uint64_t rawSizeField = 16;
 constexpr std::uint64_t rawOffsetField = 20;
+constexpr std::uint64_t sectionFlagsField = 36;
+constexpr std::uint64_t fileFlagsField = 4 + 18;
+constexpr std::uint64_t protectionsField = 70;
 constexpr std::uint32_t magic32 = 0x10B;
 constexpr std::uint32_t magic64 = 0x20B;
 /// The directory of signatures, which holds an offset in the file, not an address.
 constexpr std::uint64_t signatureDirectory = 4;
+constexpr std::uint64_t relocationDirectory = 5;
 
 constexpr const char* cutOff = "it is cut off: less is there than its headers tell; copy it anew";
 
@@ -57,11 +61,16 @@ class Image {
     std::string_view bytes;
 };
 
+/// Offset of a directory's entry from the start of the optional header.
+std::uint64_t directoryEntry(const Image& image, std::uint64_t optional, std::uint64_t directory) {
+    return (image.number(optional, 2) == magic64 ? 112 : 96) + directory * 8;
+}
+
 /// Whether every section and the signature lie in the file.
 bool isWhole(const Image& image, std::uint64_t signature, std::uint64_t sections) {
     const std::uint64_t optional = signature + optionalHeader;
-    const std::uint64_t directories = optional + (*image.number(optional, 2) == magic64 ? 112 : 96);
-    const std::uint64_t signatureEntry = directories + signatureDirectory * 8;
+    const std::uint64_t signatureEntry =
+        optional + directoryEntry(image, optional, signatureDirectory);
     if (signatureEntry + 8 <= sections) {
         const auto offset = image.number(signatureEntry, 4);
         const auto size = image.number(signatureEntry + 4, 4);
@@ -108,4 +117,43 @@ std::string executableDamage(std::string_view bytes) {
     return checksum == 0 || field % 2 != 0 || checksum == image.checksum(field)
                ? ""
                : "its checksum does not match its content: it was damaged or changed";
+}
+
+bool isSigned(std::string_view bytes) {
+    const Image image(bytes);
+    const std::uint64_t optional = *image.number(signatureField, 4) + optionalHeader;
+    const std::uint64_t entry = optional + directoryEntry(image, optional, signatureDirectory);
+    return image.number(entry, 4).value_or(0) != 0 && image.number(entry + 4, 4).value_or(0) != 0;
+}
+
+std::vector<std::string> missingProtections(std::string_view bytes) {
+    // IMAGE_DLLCHARACTERISTICS_, IMAGE_FILE_ and IMAGE_SCN_ flags of winnt.h.
+    constexpr std::uint32_t dynamicBase = 0x40, dataIsNotRun = 0x100, relocationsStripped = 1,
+                            runs = 0x20000000, isWritten = 0x80000000;
+    const Image image(bytes);
+    const std::uint64_t signature = *image.number(signatureField, 4);
+    const std::uint64_t optional = signature + optionalHeader;
+    const std::uint32_t protections = image.number(optional + protectionsField, 2).value_or(0);
+    const std::uint64_t relocations =
+        optional + directoryEntry(image, optional, relocationDirectory);
+    std::vector<std::string> missing;
+    if ((protections & dynamicBase) == 0 ||
+        (*image.number(signature + fileFlagsField, 2) & relocationsStripped) != 0 ||
+        image.number(relocations + 4, 4).value_or(0) == 0) {
+        missing.emplace_back("it is not placed at random (ASLR)");
+    }
+    if ((protections & dataIsNotRun) == 0) {
+        missing.emplace_back("its data can be run (no NX)");
+    }
+    const std::uint64_t sections = optional + *image.number(signature + optionalSizeField, 2);
+    const std::uint32_t count = *image.number(signature + sectionCountField, 2);
+    for (std::uint32_t index = 0; index < count; ++index) {
+        const std::uint32_t flags =
+            image.number(sections + index * sectionSize + sectionFlagsField, 4).value_or(0);
+        if ((flags & runs) != 0 && (flags & isWritten) != 0) {
+            missing.emplace_back("a section can be written and run");
+            break;
+        }
+    }
+    return missing;
 }

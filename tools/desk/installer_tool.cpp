@@ -41,7 +41,10 @@ int run(std::vector<std::string> arguments, const std::string& program) {
     addStampCommand(app, session);
     addEncipherCommand(app, session);
     addDecipherCommand(app, session);
+    addLayoutCommand(app, session);
     addCheckCommand(app, session);
+    addReleaseCommand(app, session);
+    addVerifyCommand(app, session);
     try {
         app.parse(std::move(arguments));
         return session.exitCode;

@@ -81,39 +81,6 @@ void examineProductData(const Media& media, MediaReport& report) {
         "the installer, so check the copy that is delivered.");
 }
 
-std::vector<MediaFile> neededFiles(const InstallPlan& plan) {
-    std::vector<MediaFile> files;
-    if (plan.road == Road::EndSilently) {
-        return files;
-    }
-    if (plan.road == Road::Direct) {
-        files.push_back({replacementUninstallerFile, "removes older viewers"});
-    } else if (plan.driverStep != DriverStep::None) {
-        files.push_back({extractionToolFile, "unpacks the driver archives"});
-        for (const DriverPackage& package : plan.deviceFamily->packages) {
-            files.push_back({package.archive, "drivers"});
-        }
-    }
-    files.push_back({setupUtilityFile, "installs the product"});
-    return files;
-}
-
-std::string inWords(const InstallPlan& plan) {
-    switch (plan.road) {
-        case Road::Direct:
-            return "older viewers are stopped and removed, then the viewer is installed";
-        case Road::EndSilently:
-            return "ends silently, nothing is installed";
-        case Road::HardwareFamily:
-            return "drivers, then \"Install Product\"";
-        case Road::Ordinary:
-            break;
-    }
-    return plan.asksProductType
-               ? "older versions, then \"Install Product\""
-               : "older versions, then drivers, then the live product without a question";
-}
-
 InstallPlan planOf(std::string_view productCode, const CProductData& catalogue,
                    DriverPackageTable& drivers) {
     buildDriverPackageTable(drivers);
@@ -184,7 +151,7 @@ MediaReport examineMedia(const Media& media, CProductData& catalogue) {
 
     DriverPackageTable drivers;
     const InstallPlan plan = planOf(report.productCode, catalogue, drivers);
-    report.path = inWords(plan);
+    report.path = routeInWords(plan);
     if (plan.road == Road::EndSilently) {
         report.warnings.push_back(
             "A run ends without a word and installs nothing. That is how this product is made, but "
@@ -200,9 +167,37 @@ MediaReport examineMedia(const Media& media, CProductData& catalogue) {
     return report;
 }
 
-std::string routeInWords(std::string_view productCode, const CProductData& catalogue) {
-    DriverPackageTable drivers;
-    return inWords(planOf(productCode, catalogue, drivers));
+std::vector<MediaFile> neededFiles(const InstallPlan& plan) {
+    std::vector<MediaFile> files;
+    if (plan.road == Road::EndSilently) {
+        return files;
+    }
+    if (plan.road == Road::Direct) {
+        files.push_back({replacementUninstallerFile, "removes older viewers"});
+    } else if (plan.driverStep != DriverStep::None) {
+        files.push_back({extractionToolFile, "unpacks the driver archives"});
+        for (const DriverPackage& package : plan.deviceFamily->packages) {
+            files.push_back({package.archive, "drivers"});
+        }
+    }
+    files.push_back({setupUtilityFile, "installs the product"});
+    return files;
+}
+
+std::string routeInWords(const InstallPlan& plan) {
+    switch (plan.road) {
+        case Road::Direct:
+            return "older viewers are stopped and removed, then the viewer is installed";
+        case Road::EndSilently:
+            return "ends silently, nothing is installed";
+        case Road::HardwareFamily:
+            return "drivers, then \"Install Product\"";
+        case Road::Ordinary:
+            break;
+    }
+    return plan.asksProductType
+               ? "older versions, then \"Install Product\""
+               : "older versions, then drivers, then the live product without a question";
 }
 
 std::string asText(const MediaReport& report) {

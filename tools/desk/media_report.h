@@ -8,6 +8,7 @@
 #include <string>
 #include <vector>
 
+#include "app/install_plan.h"
 #include "catalogue/product_catalogue.h"
 
 // Texts are in the ANSI code page but for those of asText and asJson.
@@ -68,8 +69,11 @@ struct Media {
 /// catalogue's values from the product-data file, as the run would.
 [[nodiscard]] MediaReport examineMedia(const Media& media, CProductData& catalogue);
 
-/// In words, what the plan of a product does.
-[[nodiscard]] std::string routeInWords(std::string_view productCode, const CProductData& catalogue);
+/// In words, what a plan does.
+[[nodiscard]] std::string routeInWords(const InstallPlan& plan);
+
+/// What a plan needs on the media, not looked for yet.
+[[nodiscard]] std::vector<MediaFile> neededFiles(const InstallPlan& plan);
 
 /// One line for each finding, and "complete" or "NOT COMPLETE" at the end; UTF-8.
 [[nodiscard]] std::string asText(const MediaReport& report);

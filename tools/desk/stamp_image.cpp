@@ -7,6 +7,7 @@
 #include "app/stamped_identity.h"
 #include "catalogue/product_traits.h"
 #include "platform/ansi_text.h"
+#include "tools/desk/version_stamp.h"
 
 namespace {
 
@@ -85,21 +86,19 @@ bool chooseStampedCode(const CProductData& catalogue, std::string_view given, st
         if (!equalIgnoringCase(given, code)) {
             continue;
         }
-        stamped = given;
-        if (traitsOf(code).freeViewer) {
-            stamped = upperCase(code);
-        } else if (given != code) {
-            note = "The catalogue's code is \"" + code + "\"; with \"" + stamped +
-                   "\" the installer finds neither its editions nor its display name.";
+        stamped = traitsOf(code).freeViewer ? upperCase(code) : code;
+        if (given != stamped && given != code) {
+            note = "stamped as \"" + stamped + "\", the form that the installer looks up";
         }
         return true;
     }
-    error = "No product with code \"" + std::string(given) + "\" can be installed.";
+    error = "No product with code \"" + std::string(given) +
+            "\" can be installed; \"installer-tool products\" shows those that can.";
     return false;
 }
 
 bool stampImage(std::string& image, std::string_view code, std::string_view name,
-                std::string& error) {
+                std::string& error, std::string_view build) {
     constexpr std::size_t checksumOffset = 64;
     constexpr std::size_t certificateTable = 96 + 4 * 8;
 
@@ -111,21 +110,21 @@ bool stampImage(std::string& image, std::string_view code, std::string_view name
         return refuse("The product code is empty or too long.");
     }
     if (name.empty() || name.size() >= sizeof StampedIdentity::productName) {
-        return refuse("The product name is empty or too long (at most 103 characters).");
+        return refuse("The product name is empty or too long; it has room for 103 characters.");
     }
     const std::size_t header = findOptionalHeader(image);
     if (header == std::string::npos) {
-        return refuse("The file is not a 32-bit Windows executable.");
+        return refuse("it is no 32-bit Windows executable, or is cut off; name the built installer");
     }
     if (numberAt(image, header + certificateTable, 4) != 0) {
-        return refuse("The executable is signed; stamp it first, then sign it.");
+        return refuse("it is signed, and stamping would break the signature; stamp the unsigned installer, then sign");
     }
     std::size_t block = 0;
     switch (findBlock(image, block)) {
         case BlockSearch::Missing:
-            return refuse("The executable has no room for a product's identity.");
+            return refuse("it has no room for a product's identity, so it is none of our installers; name the built one");
         case BlockSearch::Repeated:
-            return refuse("The executable has room for a product's identity more than once.");
+            return refuse("it has room for a product's identity more than once; build the installer anew");
         case BlockSearch::Found:
             break;
     }
@@ -133,6 +132,7 @@ bool stampImage(std::string& image, std::string_view code, std::string_view name
               sizeof StampedIdentity::productCode, code);
     writeText(image, block + offsetof(StampedIdentity, productName),
               sizeof StampedIdentity::productName, name);
+    stampVersion(image, name, build);
     writeText(image, header + checksumOffset, 4, "");
     const std::uint32_t checksum = imageChecksum(image);
     for (std::size_t index = 0; index < 4; ++index) {
