@@ -14,6 +14,16 @@ struct UninstallPromptTexts {
 
 [[nodiscard]] UninstallPromptTexts uninstallPromptTexts(std::size_t productCount);
 
+/// Widths of the list's columns in pixels: the tick boxes, and the names.
+struct ListColumnWidths {
+    int tick;
+    int name;
+};
+
+/// For a display of so many dots per inch; 96 is the one that needs no scaling, 0 (unknown) counts
+/// as that.
+[[nodiscard]] ListColumnWidths listColumnWidths(int dotsPerInch);
+
 /// The one sort order that the list knows; any other leaves it as it is.
 inline constexpr long ascendingOrder = 1;
 

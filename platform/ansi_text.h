@@ -25,6 +25,13 @@ inline constexpr CodePage asciiCodePage = [] {
     return page;
 }();
 
+/// The code page as the system describes it: the bytes of its longest character, the first and last
+/// byte of each range of lead bytes, ended by two zeros, and the fold of a single byte. The ASCII
+/// page, where characters can be longer than two bytes (UTF-8): half of the bytes are then parts of
+/// characters, which cannot be folded one by one, and no other character has an ASCII byte in it.
+[[nodiscard]] CodePage describedCodePage(unsigned longestCharacter, const unsigned char* leadRanges,
+                                         unsigned char (*lower)(unsigned char byte));
+
 /// Makes `page` the code page of every operation below, for the whole process. The start-up
 /// calls it once with the system's page; until then the page is asciiCodePage.
 void useCodePage(const CodePage& page);

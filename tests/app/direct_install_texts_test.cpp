@@ -1,6 +1,7 @@
 #include <gtest/gtest.h>
 
 #include "app/direct_install.h"
+#include "app/install_log.h"
 
 TEST(DirectInstallTexts, NameTheProductAndTheError) {
     const InstalledProduct product{"The Viewer", "", "C:\\The Viewer"};
@@ -32,5 +33,27 @@ TEST(Timestamp, BothForms) {
         std::string text = "old";
         FormatTimestamp(row.time, text, row.readable, '#');
         EXPECT_EQ(text, row.text);
+    }
+}
+
+TEST(InstallLogFacts, AllowOnlyThePlainFileInThePlainFolder) {
+    const std::string folder = "\\\\?\\C:\\documents\\ours", file = folder + "\\installlog.TXT";
+    const struct {
+        InstallLogFacts facts;
+        bool allowed;
+    } table[] = {
+        {{0x10, 0x20, 1, folder, file}, true},
+        {{0x10, 0x20, 1, "", ""}, true},
+        {{0x10, 0x20, 1, "C:\\", "C:\\InstallLog.txt"}, true},
+        {{0x410, 0x20, 1, folder, file}, false},
+        {{0x10, 0x420, 1, folder, file}, false},
+        {{0x10, 0x20, 2, folder, file}, false},
+        {{0x10, 0x20, 1, folder, "\\\\?\\C:\\Windows\\InstallLog.txt"}, false},
+        {{0x10, 0x20, 1, folder, ""}, false},
+    };
+    for (const auto& row : table) {
+        EXPECT_EQ(mayAppendToLog(row.facts), row.allowed)
+            << std::hex << row.facts.folderAttributes << ' ' << row.facts.fileAttributes << ' '
+            << row.facts.fileLinks << ' ' << row.facts.filePath;
     }
 }

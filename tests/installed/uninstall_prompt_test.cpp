@@ -13,6 +13,17 @@ TEST(UninstallPrompt, SpeaksOfOneVersionOrOfSeveral) {
     }
 }
 
+TEST(UninstallPrompt, HasColumnsThatGrowWithTheDisplay) {
+    const struct {
+        int dotsPerInch, tick, name;
+    } table[] = {{96, 20, 400}, {120, 25, 500}, {144, 30, 600}, {192, 40, 800}, {0, 20, 400}};
+    for (const auto& row : table) {
+        const ListColumnWidths widths = listColumnWidths(row.dotsPerInch);
+        EXPECT_EQ(widths.tick, row.tick) << row.dotsPerInch;
+        EXPECT_EQ(widths.name, row.name) << row.dotsPerInch;
+    }
+}
+
 TEST(UninstallPrompt, SortsInOneOrderOnly) {
     EXPECT_LT(compareLowerCaseNames("alpha 12", "beta 2", 1), 0);
     EXPECT_GT(compareLowerCaseNames("\xE9", "z", 1), 0);

@@ -1,4 +1,7 @@
+#include <windows.h>
+
 #include <gtest/gtest.h>
+#include <objbase.h>
 
 #include <cstdlib>
 
@@ -32,6 +35,8 @@ TEST(ShellRunner, WaitsOnRequestForTheExitCode) {
     EXPECT_EQ(WaitForSingleObject(process, 30000), WAIT_OBJECT_0);
     CloseHandle(process);
     EXPECT_EQ(runner.start(nullptr, "", "open"), nullptr);
+    // The shell was given the single-threaded apartment that it asks for.
+    EXPECT_EQ(CoInitializeEx(nullptr, COINIT_MULTITHREADED), RPC_E_CHANGED_MODE);
 }
 
 }  // namespace
