@@ -86,7 +86,7 @@ class Screen:
     @staticmethod
     def start_virtual_display(resources):
         server = resources.enter_context(subprocess.Popen(
-            ["Xvfb", "-displayfd", "1", "-screen", "0", "1024x768x24"], stdin=subprocess.DEVNULL,
+            ["Xvfb", "-displayfd", "1", "-screen", "0", "1280x1024x24"], stdin=subprocess.DEVNULL,
             stdout=subprocess.PIPE, stderr=subprocess.DEVNULL, text=True))
         resources.callback(server.terminate)
         number = server.stdout.readline().strip()
@@ -329,7 +329,7 @@ class Photographer:
 
 
 def screenshots():
-    for dots_per_inch in (96, 120, 144):
+    for dots_per_inch in (96, 120, 144, 192):
         print(f"== at {dots_per_inch} DPI", flush=True)
         with Screen(f"screenshots-{dots_per_inch}", dots_per_inch, hidden=True) as screen:
             photographer = Photographer(screen)

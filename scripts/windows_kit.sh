@@ -29,6 +29,8 @@ scripts/build.sh release tools checked
 rm -rf "$folder" "$folder.zip"
 mkdir -p "$folder/programs"
 scripts/release.sh "$folder/installers" build/release/installer.exe >/dev/null
+tests/end_to_end/tell_stories.sh "$folder/installers"
+cp -r tests/end_to_end/machines "$folder"
 find build/checked -type f \( -name '*_tests.exe' -o -path '*/dialog_driver/*.exe' -o \
     -path '*/dialog_driver/*.dll' -o -path '*/tests/*.dll' -o -name kit_guard.exe -o \
     -name '*_sample.exe' \) -not -path '*/CMakeFiles/*' -exec cp -t "$folder/programs" {} +

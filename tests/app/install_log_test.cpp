@@ -65,7 +65,8 @@ class InstallLog : public testing::Test {
 
     const std::filesystem::path folder = documents() / "Halvick Test Equipment";
     const std::filesystem::path log = folder / "InstallLog.txt";
-    const std::filesystem::path elsewhere = documents() / "installer test";
+    const std::filesystem::path elsewhere =
+        std::filesystem::temp_directory_path() / "installer test";
     const std::filesystem::path theirs = elsewhere / "InstallLog.txt";
 };
 

@@ -7,6 +7,7 @@
 #include "tools/desk/command.h"
 #include "tools/desk/machine.h"
 #include "tools/desk/media_folder.h"
+#include "tools/desk/product_facts.h"
 #include "tools/desk/run_story.h"
 #include "tools/desk/story_page.h"
 #include "tools/desk/story_text.h"
@@ -96,10 +97,11 @@ std::vector<Checked> checkRelease(const Choices& choices, const std::optional<Ma
 std::vector<RunStory> storiesOfAll(const Choices& choices, const Machine& machine) {
     std::vector<RunStory> stories;
     CProductData catalogue;
-    for (const auto& [code, name] : catalogue.ProductNames) {
-        stories.push_back(tellRun({code, name, withTrailingBackslash(choices.directory),
-                                   [](std::string_view) { return true; }},
-                                  catalogue, machine));
+    for (const ProductFacts& product : allProductFacts()) {
+        stories.push_back(
+            tellRun({product.code, product.name, withTrailingBackslash(choices.directory),
+                     [](std::string_view) { return true; }},
+                    catalogue, machine));
     }
     return stories;
 }

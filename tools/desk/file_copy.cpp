@@ -8,6 +8,7 @@
 #include <vector>
 
 #include "tools/desk/command.h"
+#include "tools/desk/staging.h"
 
 #ifdef _WIN32
 #include <io.h>
@@ -77,6 +78,7 @@ std::string copyBytes(const fs::path& source, const fs::path& target, Progress& 
             return reason();
         }
         progress.add(count);
+        stopWhenAsked();
     }
     if (std::ferror(from.get()) != 0 || std::fclose(to.release()) != 0) {
         return reason();

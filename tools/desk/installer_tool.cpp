@@ -32,8 +32,7 @@ int run(std::vector<std::string> arguments, const std::string& program) {
     Session session;
     CLI::App app("Makes and checks the installers and media of the Tavlink products.", program);
     app.set_version_flag("--version", "installer-tool " INSTALLER_BUILD_TEXT);
-    app.require_subcommand(1);
-    app.failure_message(CLI::FailureMessage::help);
+    app.require_subcommand(0, 1);  // with 1 at least, a wrong word would not be named
     app.footer(
         "Exit codes: 0 good; 1 something is wrong with the input, and is named; 2 wrong usage.\n"
         "\"installer-tool COMMAND --help\" tells more about a command.");
@@ -47,6 +46,9 @@ int run(std::vector<std::string> arguments, const std::string& program) {
     addVerifyCommand(app, session);
     try {
         app.parse(std::move(arguments));
+        if (app.get_subcommands().empty()) {
+            throw CLI::RequiredError("A subcommand");
+        }
         return session.exitCode;
     } catch (const CLI::ParseError& error) {
         return app.exit(error) == 0 ? exitGood : exitUsage;

@@ -146,6 +146,7 @@ void requireMediaOf(const ProductFacts& facts, const fs::path& folder) {
 
 void make(const PlannedMedia& media, const fs::path& folder, bool links) {
     for (const PlannedFile& file : media.files) {
+        stopWhenAsked();
         const fs::path target = folder / file.name;
         if (isMade(file)) {
             writeOutput(target.string(), file.bytes);

@@ -1,10 +1,10 @@
 #include "tools/desk/product_facts.h"
 
-#include "app/install_plan.h"
 #include "catalogue/product_code.h"
 #include "catalogue/product_traits.h"
 #include "drivers/driver_package_table.h"
 #include "tools/desk/media_report.h"
+#include "tools/desk/run_story.h"
 #include "tools/desk/stamp_image.h"
 
 namespace {
@@ -30,7 +30,8 @@ ProductFacts productFacts(CProductData& catalogue, const std::string& code) {
     facts.number = numberFromCode(code);
     facts.name = catalogue.ProductNames.find(code)->second;
     facts.edition = editionOf(catalogue, code, facts.name);
-    if (const auto full = catalogue.FullProductOf.find(code); full != catalogue.FullProductOf.end()) {
+    if (const auto full = catalogue.FullProductOf.find(code);
+        full != catalogue.FullProductOf.end()) {
         facts.demonstrationOf = full->second;
     }
     DriverPackageTable drivers;
@@ -38,14 +39,8 @@ ProductFacts productFacts(CProductData& catalogue, const std::string& code) {
     const InstallPlan plan = planInstallation(facts.code, catalogue, drivers);
     facts.route = routeInWords(plan);
     facts.endsSilently = plan.road == Road::EndSilently;
-    if (plan.asksProductType) {
-        facts.choices.emplace_back("Live Product");
-        if (plan.offersFileViewer) {
-            facts.choices.emplace_back("File Viewer");
-        }
-        if (plan.offersDemonstration) {
-            facts.choices.emplace_back("Demonstration");
-        }
+    for (const ProductChoice& choice : offeredChoices(plan)) {
+        facts.choices.emplace_back(choice.label);
     }
     for (const MediaFile& file : neededFiles(plan)) {
         facts.files.push_back(file.name);

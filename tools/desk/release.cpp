@@ -1,5 +1,7 @@
 // Makes the installers of all products.
+#include <algorithm>
 #include <atomic>
+#include <exception>
 #include <filesystem>
 #include <iostream>
 #include <memory>
@@ -9,6 +11,7 @@
 #include "tools/desk/bill_of_materials.h"
 #include "tools/desk/command.h"
 #include "tools/desk/executable.h"
+#include "tools/desk/file_copy.h"
 #include "tools/desk/product_facts.h"
 #include "tools/desk/release_folder.h"
 #include "tools/desk/sha256.h"
@@ -43,6 +46,7 @@ void inParallel(std::size_t count, unsigned jobs, Work work) {
     const auto run = [&] {
         for (std::size_t index; (index = next++) < count;) {
             try {
+                stopWhenAsked();
                 work(index);
             } catch (...) {
                 const std::lock_guard lock(failureLock);
@@ -161,6 +165,16 @@ void report(const std::vector<ProductFacts>& products, const std::vector<Release
               << files.size() << " installers, " << signatureSummary(choices) << '\n';
 }
 
+bool isSameRelease(const fs::path& made, const fs::path& existing) {
+    for (const fs::directory_entry& entry : fs::recursive_directory_iterator(made)) {
+        if (!entry.is_directory() &&
+            !isSameContent(entry.path(), existing / entry.path().lexically_relative(made))) {
+            return false;
+        }
+    }
+    return true;
+}
+
 void release(const Choices& choices, const Session& session) {
     if (!choices.verifyCommand.empty() && choices.signCommand.empty()) {
         throw CLI::ValidationError("--verify-command", "needs a --sign-command");
@@ -180,7 +194,10 @@ void release(const Choices& choices, const Session& session) {
     }
     writeOutput((made / checksumsFile).string(), sums);
     writeOutput((made / billOfMaterialsFile).string(), billOfMaterials(files).dump(2) + '\n');
-    staging.put(made, choices.folder);
+    // The same release again stays where it is: somebody may be using it.
+    if (!isSameRelease(made, choices.folder)) {
+        staging.put(made, choices.folder);
+    }
     report(products, files, choices, session.json);
 }
 

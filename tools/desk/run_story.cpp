@@ -6,7 +6,6 @@
 
 #include "app/direct_install.h"
 #include "app/environment.h"
-#include "app/install_plan.h"
 #include "app/setup_parameters.h"
 #include "catalogue/code_directory.h"
 #include "catalogue/product_code.h"
@@ -94,15 +93,6 @@ class Teller {
         if (plan.driverStep != DriverStep::None) {
             installDrivers(*plan.deviceFamily);
         }
-        struct Choice {
-            const char* label;
-            unsigned type;
-            bool offered;
-        } const all[] = {
-            {TEXT_LIVE_PRODUCT, product_type::live, true},
-            {TEXT_FILE_VIEWER, product_type::viewer, plan.offersFileViewer},
-            {TEXT_DEMONSTRATION, product_type::demonstration, plan.offersDemonstration},
-        };
         if (!plan.asksProductType) {
             addEnding("", product_type::live, plan.productNumber);
             return;
@@ -113,16 +103,12 @@ class Teller {
         step.dialog.buttons = {TEXT_INSTALL, TEXT_CANCEL, TEXT_HELP};
         step.answers = {{TEXT_INSTALL, "the chosen type is installed", {}, true},
                         {TEXT_CANCEL, "the run ends, and nothing is installed", {}, false}};
-        for (const Choice& choice : all) {
-            if (choice.offered) {
-                step.dialog.choices.push_back(choice.label);
-            }
+        for (const ProductChoice& choice : offeredChoices(plan)) {
+            step.dialog.choices.push_back(choice.label);
         }
         story.steps.push_back(std::move(step));
-        for (const Choice& choice : all) {
-            if (choice.offered) {
-                addEnding(choice.label, choice.type, plan.productNumber);
-            }
+        for (const ProductChoice& choice : offeredChoices(plan)) {
+            addEnding(choice.label, choice.type, plan.productNumber);
         }
     }
 
@@ -297,6 +283,20 @@ class Teller {
 };
 
 }  // namespace
+
+std::vector<ProductChoice> offeredChoices(const InstallPlan& plan) {
+    std::vector<ProductChoice> choices;
+    if (plan.asksProductType) {
+        choices.push_back({TEXT_LIVE_PRODUCT, product_type::live});
+    }
+    if (plan.offersFileViewer) {
+        choices.push_back({TEXT_FILE_VIEWER, product_type::viewer});
+    }
+    if (plan.offersDemonstration) {
+        choices.push_back({TEXT_DEMONSTRATION, product_type::demonstration});
+    }
+    return choices;
+}
 
 RunStory tellRun(const StoryMedia& media, CProductData& catalogue, const Machine& machine) {
     return Teller(media, catalogue, machine).tell();

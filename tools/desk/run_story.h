@@ -6,8 +6,10 @@
 #include <optional>
 #include <string>
 #include <string_view>
+#include <utility>
 #include <vector>
 
+#include "app/install_plan.h"
 #include "app/message.h"
 #include "catalogue/product_catalogue.h"
 #include "tools/desk/machine.h"
@@ -77,6 +79,15 @@ struct RunStory {
     std::vector<StoryEnding> endings;  ///< one for each choice of the last dialog
     std::vector<std::string> notes;
 };
+
+/// A choice of the "Install Product" dialog.
+struct ProductChoice {
+    const char* label;
+    unsigned type;  ///< one bit of product_type
+};
+
+/// In the dialog's order; none when the plan does not ask.
+[[nodiscard]] std::vector<ProductChoice> offeredChoices(const InstallPlan& plan);
 
 /// What was stamped and what lies on the media.
 struct StoryMedia {

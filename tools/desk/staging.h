@@ -3,9 +3,8 @@
 
 #include <filesystem>
 
-/// A folder beside `target`, named after it with ".new", in which everything is made; it goes with
-/// the object. Throws Refusal when it cannot be made. What a run that was broken off left there is
-/// removed.
+/// A folder of its own beside `target`, in which everything is made; it goes with the object.
+/// Throws Refusal when it cannot be made.
 class StagingFolder {
   public:
     explicit StagingFolder(const std::filesystem::path& target);
@@ -22,6 +21,10 @@ class StagingFolder {
   private:
     std::filesystem::path folder;
 };
+
+/// Throws Refusal once the user or the system has asked the program to end, which it does not do
+/// by itself while there is a StagingFolder: to be called now and then.
+void stopWhenAsked();
 
 /// Makes a folder with those that lead to it. Throws Refusal.
 void makeFolder(const std::filesystem::path& folder);

@@ -128,11 +128,11 @@ bool stampImage(std::string& image, std::string_view code, std::string_view name
         case BlockSearch::Found:
             break;
     }
+    stampVersion(image, name, build);
     writeText(image, block + offsetof(StampedIdentity, productCode),
               sizeof StampedIdentity::productCode, code);
     writeText(image, block + offsetof(StampedIdentity, productName),
               sizeof StampedIdentity::productName, name);
-    stampVersion(image, name, build);
     writeText(image, header + checksumOffset, 4, "");
     const std::uint32_t checksum = imageChecksum(image);
     for (std::size_t index = 0; index < 4; ++index) {

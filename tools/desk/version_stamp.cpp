@@ -102,10 +102,13 @@ void setProductVersion(std::string& image, const BuildNumbers& build) {
 void stampVersion(std::string& image, std::string_view name, std::string_view build) {
     setText(image, "ProductName", name);
     setText(image, "FileDescription", std::string(name) + " Installation");
-    if (const std::optional<BuildNumbers> numbers = buildNumbers(build)) {
-        setText(image, "ProductVersion", build);
+    const std::optional<BuildNumbers> numbers = buildNumbers(build);
+    if (numbers) {
         setProductVersion(image, *numbers);
     }
+    // Without the blanks that made the room.
+    setText(image, "ProductVersion",
+            numbers ? std::string(build) : versionText(image, "ProductVersion").value_or(""));
 }
 
 std::optional<std::string> versionText(std::string_view image, std::string_view key) {
@@ -121,5 +124,6 @@ std::optional<std::string> versionText(std::string_view image, std::string_view 
         }
         text += character < 0x80 ? static_cast<char>(character) : '?';
     }
+    text.erase(text.find_last_not_of(' ') + 1);
     return text;
 }

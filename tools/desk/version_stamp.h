@@ -11,6 +11,6 @@
 /// as it is.
 void stampVersion(std::string& image, std::string_view name, std::string_view build);
 
-/// A text of the version resource, such as "ProductName", with "?" for characters that are not
-/// ASCII. Nothing when the image does not hold it.
+/// A text of the version resource, such as "ProductName", without blanks at its end and with "?"
+/// for characters that are not ASCII. Nothing when the image does not hold it.
 [[nodiscard]] std::optional<std::string> versionText(std::string_view image, std::string_view key);

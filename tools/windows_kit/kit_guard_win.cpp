@@ -127,6 +127,14 @@ std::vector<std::string> objections(const std::vector<std::string>& programs) {
             }
         }
     }
+    // The keys of the entries that the tests make.
+    for (const std::string& line : programs) {
+        const std::size_t name = line.find('\\');
+        if (name != std::string::npos && name + 2 == line.size() && line.back() >= 'a' &&
+            line.back() <= 'h') {
+            found.push_back("the tests would take away an entry of the list: " + line);
+        }
+    }
     for (const std::string& folder : madeFolders()) {
         if (pathExists(folder)) {
             found.push_back("the folder exists: " + folder);
