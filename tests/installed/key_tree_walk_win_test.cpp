@@ -1,12 +1,13 @@
 // The readers of the registry on what other programs may have left there.
+#include "installed/key_tree_walk_win.h"
+
 #include <optional>
 
 #include "installed/installation_index_win.h"
 #include "installed/installed_product_win.h"
-#include "installed/key_tree_walk_win.h"
 #include "installed/registry_key_win.h"
 #include "tests/installed/sample_record.h"
-#include "tests/installed/scratch_machine.h"
+#include "tests/installed/scratch_machine_win.h"
 
 namespace {
 

@@ -1,8 +1,8 @@
+#include "platform/ansi_text_win.h"
+
 #include <windows.h>
 
 #include <gtest/gtest.h>
-
-#include "platform/ansi_text_win.h"
 
 namespace {
 

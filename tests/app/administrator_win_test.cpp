@@ -1,6 +1,7 @@
+#include "app/administrator_win.h"
+
 #include <gtest/gtest.h>
 
-#include "app/administrator_win.h"
 #include "platform/handle_win.h"
 
 namespace {

@@ -1,7 +1,8 @@
+#include "framework/dialog_win.h"
+
 #include <gtest/gtest.h>
 
-#include "framework/dialog_win.h"
-#include "tests/framework/modal_driver.h"
+#include "tests/framework/modal_driver_win.h"
 
 namespace {
 

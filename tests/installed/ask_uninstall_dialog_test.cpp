@@ -1,25 +1,24 @@
-#include <gtest/gtest.h>
-
 #include "installed/ask_uninstall_dialog.h"
 
-TEST(UninstallPrompt, SpeaksOfOneVersionOrOfSeveral) {
-    for (const std::size_t count : {0u, 1u, 2u, 3u}) {
-        const std::string plural = count == 1 ? "" : "s", object = count == 1 ? "it" : "them";
-        EXPECT_EQ(uninstallPromptTexts(count).found,
-                  "We found the following version" + plural +
-                      " of the Tavlink Protocol Analysis System software on your computer:");
+#include <gtest/gtest.h>
+
+TEST(AskUninstallDialog, SpeaksOfOneVersionOrOfSeveral) {
+    for (const std::size_t count : {0u, 1u, 2u}) {
         EXPECT_EQ(uninstallPromptTexts(count).question,
-                  "Would you like to uninstall " + object + "?");
+                  std::string("Would you like to uninstall ") + (count == 1 ? "it?" : "them?"));
+        EXPECT_EQ(
+            std::string(uninstallPromptTexts(count).found).find("versions ") == std::string::npos,
+            count == 1);
     }
 }
 
-TEST(UninstallPrompt, SortsInOneOrderOnly) {
+TEST(AskUninstallDialog, SortsInOneOrderOnly) {
     EXPECT_LT(compareLowerCaseNames("alpha 12", "beta 2", 1), 0);
     EXPECT_GT(compareLowerCaseNames("\xE9", "z", 1), 0);
     EXPECT_EQ(compareLowerCaseNames("alpha 12", "beta 2", 0), 0);
 }
 
-TEST(UninstallPrompt, RunsEveryProductOfATickedNameForEveryTick) {
+TEST(AskUninstallDialog, RunsEveryProductOfATickedNameForEveryTick) {
     const std::vector<InstalledProduct> products{
         {"Beta", "b1", ""}, {"Alpha", "a", ""}, {"Beta", "b2", ""}, {"beta", "lower", ""}};
     using Commands = std::vector<std::string>;

@@ -1,8 +1,8 @@
+#include "platform/system_library_win.h"
+
 #include <gtest/gtest.h>
 
 #include <cstdlib>
-
-#include "platform/system_library_win.h"
 
 namespace {
 

@@ -1,4 +1,6 @@
 // The version of an analyser's executable, on a stand-in with the version resource of recorder.rc.
+#include "platform/file_version_win.h"
+
 #include <gtest/gtest.h>
 
 #include <filesystem>
@@ -6,7 +8,6 @@
 #include <iterator>
 
 #include "installed/installation_index_win.h"
-#include "platform/file_version_win.h"
 
 namespace {
 

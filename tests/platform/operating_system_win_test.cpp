@@ -1,8 +1,8 @@
+#include "platform/operating_system_win.h"
+
 #include <windows.h>
 
 #include <gtest/gtest.h>
-
-#include "platform/operating_system_win.h"
 
 namespace {
 

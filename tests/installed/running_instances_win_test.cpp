@@ -1,8 +1,8 @@
+#include "installed/running_instances_win.h"
+
 #include <windows.h>
 
 #include <gtest/gtest.h>
-
-#include "installed/running_instances_win.h"
 
 namespace {
 

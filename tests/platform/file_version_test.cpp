@@ -1,0 +1,29 @@
+#include "platform/file_version.h"
+
+#include <vector>
+
+#include "tests/rows.h"
+
+TEST(FileVersion, TextStaysInsideTheBlock) {
+    const std::string content("12\00034567", 8);
+    const std::vector<char> bytes(content.begin(), content.end());  // exact, for the sanitizer
+    const std::string_view block(bytes.data(), bytes.size());
+    expectRows<std::tuple<std::ptrdiff_t, std::size_t>, std::string>(
+        {
+            {{0, 3}, "Version 12"},
+            {{0, 100}, "Version 12"},
+            {{0, 1}, "Version 1"},
+            {{2, 1}, "Version "},
+            {{3, 5}, "Version 34567"},
+            {{3, 0xFFFFFFFF}, "Version 34567"},
+            {{3, 2}, "Version 34"},
+            {{0, 0}, ""},
+            {{8, 4}, ""},
+        },
+        [&](std::ptrdiff_t offset, std::size_t length) {
+            return versionResourceText(block, bytes.data() + offset, length);
+        });
+    const char elsewhere[] = "1.2.3.4";
+    EXPECT_EQ(versionResourceText(block, elsewhere, sizeof elsewhere), "");
+    EXPECT_EQ(versionResourceText(block, nullptr, 4), "");
+}

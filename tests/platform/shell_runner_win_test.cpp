@@ -1,0 +1,37 @@
+#include "platform/shell_runner_win.h"
+
+#include <gtest/gtest.h>
+
+#include <cstdlib>
+
+namespace {
+
+constexpr char child[] = "--gtest_filter=ShellRunnerChild.* --gtest_also_run_disabled_tests";
+
+/// What the started process runs: outlives two polls.
+TEST(ShellRunnerChild, DISABLED_LivesAndEnds) {
+    Sleep(500);
+    std::_Exit(7);
+}
+
+TEST(ShellRunner, WaitsOnRequestForTheExitCode) {
+    ShellRunner runner;
+    DWORD before = GetTickCount();
+    ASSERT_TRUE(runner.runAndWait(_pgmptr, child, "open"));
+    EXPECT_GE(GetTickCount() - before, 500u);
+    EXPECT_EQ(runner.exitCode, 7u);
+    before = GetTickCount();
+    ASSERT_TRUE(runner.runAndWait(_pgmptr, "--gtest_filter=None", "open"));
+    EXPECT_GE(GetTickCount() - before, 199u) << "a poll, of which the clock may take one off";
+    EXPECT_EQ(runner.exitCode, 0u);
+
+    runner.exitCode = 99;
+    const HANDLE process = runner.start(_pgmptr, child, "open");
+    EXPECT_EQ(WaitForSingleObject(process, 0), DWORD{WAIT_TIMEOUT});
+    EXPECT_EQ(runner.exitCode, 0u);
+    EXPECT_EQ(WaitForSingleObject(process, 30000), WAIT_OBJECT_0);
+    CloseHandle(process);
+    EXPECT_EQ(runner.start(nullptr, "", "open"), nullptr);
+}
+
+}  // namespace
