@@ -3,23 +3,47 @@
 #include <gtest/gtest.h>
 
 #include <cstdlib>
+#include <filesystem>
+#include <fstream>
+
+#include "tests/installed/scratch_machine_win.h"
 
 namespace {
 
 constexpr char child[] = "--gtest_filter=ShellRunnerChild.* --gtest_also_run_disabled_tests";
+const std::string report = (std::filesystem::temp_directory_path() / "child report").string();
 
-/// What the started process runs: outlives two polls.
-TEST(ShellRunnerChild, DISABLED_LivesAndEnds) {
+/// What the started process runs: tells its command line's last word, folder and show mode, and
+/// outlives two polls.
+TEST(ShellRunnerChild, DISABLED_TellsWhatItSees) {
+    STARTUPINFOA startup{};
+    GetStartupInfoA(&startup);
+    const std::string command = GetCommandLineA();
+    std::ofstream(report) << command.substr(command.rfind(' ') + 1) << '|'
+                          << std::filesystem::current_path().string() << '|' << startup.wShowWindow
+                          << std::flush;
     Sleep(500);
     std::_Exit(7);
 }
 
+/// The report of the child that has ended.
+std::string reported() {
+    std::string line;
+    std::getline(std::ifstream(report), line);
+    DeleteFileA(report.c_str());
+    return line;
+}
+
 TEST(ShellRunner, WaitsOnRequestForTheExitCode) {
+    const std::string seen =
+        "--gtest_also_run_disabled_tests|" + std::filesystem::current_path().string() + "|1";
     ShellRunner runner;
+    EXPECT_FALSE(runner.runAndWait("C:\\no such program.exe", child, "open"));
     DWORD before = GetTickCount();
     ASSERT_TRUE(runner.runAndWait(_pgmptr, child, "open"));
     EXPECT_GE(GetTickCount() - before, 500u);
     EXPECT_EQ(runner.exitCode, 7u);
+    EXPECT_EQ(reported(), seen);
     before = GetTickCount();
     ASSERT_TRUE(runner.runAndWait(_pgmptr, "--gtest_filter=None", "open"));
     EXPECT_GE(GetTickCount() - before, 199u) << "a poll, of which the clock may take one off";
@@ -30,8 +54,24 @@ TEST(ShellRunner, WaitsOnRequestForTheExitCode) {
     EXPECT_EQ(WaitForSingleObject(process, 0), DWORD{WAIT_TIMEOUT});
     EXPECT_EQ(runner.exitCode, 0u);
     EXPECT_EQ(WaitForSingleObject(process, 30000), WAIT_OBJECT_0);
+    EXPECT_EQ(reported(), seen);
     CloseHandle(process);
     EXPECT_EQ(runner.start(nullptr, "", "open"), nullptr);
+}
+
+// A file of a type of the test's own, whose one verb starts the child with the file and no more.
+TEST(ShellRunner, StartsByTheVerbWithNoParametersWhereNoneAreGiven) {
+    const ScratchMachine classes(HKEY_CLASSES_ROOT);
+    classes.setText(".installertest", "", "installertest");
+    classes.setText("installertest\\shell\\probe\\command", "",
+                    '"' + std::string(_pgmptr) + "\" " + child + " \"%1%*\"");
+    const std::string file = (std::filesystem::temp_directory_path() / "a.installertest").string();
+    std::ofstream(file) << "";
+    ShellRunner runner;
+    EXPECT_TRUE(runner.runAndWait(file.c_str(), "", "probe"));
+    EXPECT_EQ(runner.exitCode, 7u);
+    EXPECT_TRUE(reported().starts_with('"' + file + '"'));
+    DeleteFileA(file.c_str());
 }
 
 }  // namespace
