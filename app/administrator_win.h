@@ -9,4 +9,4 @@
 /// or, where it has none, of the process. A group that is disabled or only denies counts as well
 /// (kept: under such a filtered token, too, the user is an administrator). Returns a Windows
 /// error code, 0 on success; after a failure `administrator` is false.
-DWORD IsAdministrator(bool& administrator);
+[[nodiscard]] DWORD IsAdministrator(bool& administrator);

@@ -38,6 +38,16 @@ std::string uninstallerTarget(const UninstallCommand& command) {
     return replaceAll(target, "\"", "", false);
 }
 
+ViewerRemoval planViewerRemoval(const InstalledProduct& product,
+                                const std::string& sourceDirectory) {
+    ViewerRemoval removal{cutUninstallCommand(product.uninstallString), "", ""};
+    if (removal.command.runsSetup) {
+        removal.copyFrom = formatCut("%s%s", sourceDirectory.c_str(), replacementUninstallerFile);
+        removal.copyTo = uninstallerTarget(removal.command);
+    }
+    return removal;
+}
+
 Message couldNotStopMessage(const InstalledProduct& product, std::uint32_t code) {
     // Signed: WAIT_FAILED reads -1.
     return {

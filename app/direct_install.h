@@ -4,8 +4,11 @@
 
 #include <cstdint>
 #include <string>
+#include <utility>
+#include <vector>
 
 #include "app/message.h"
+#include "catalogue/product_names.h"
 #include "installed/installed_product.h"
 
 /// In the source directory; takes the place of an old viewer's uninstaller.
@@ -34,6 +37,37 @@ struct UninstallCommand {
 /// Where the uninstaller that replaces the setup program of `command` (runsSetup) is copied:
 /// beside it, without quotes.
 [[nodiscard]] std::string uninstallerTarget(const UninstallCommand& command);
+
+/// What removes an installed viewer: the command, or in its place the uninstaller of the media,
+/// copied.
+struct ViewerRemoval {
+    UninstallCommand command;
+    // Empty unless the command runs the setup program. Where the copy fails the command stands.
+    std::string copyFrom;  ///< at most 260 characters
+    std::string copyTo;
+};
+
+/// `sourceDirectory` ends in a backslash.
+[[nodiscard]] ViewerRemoval planViewerRemoval(const InstalledProduct& product,
+                                              const std::string& sourceDirectory);
+
+/// The viewers to remove, in order. `find` appends the installed products whose names contain a
+/// filter to a list. Discovery also finds names that only contain a viewer's: nobody is asked, so
+/// a product that is not exactly a viewer is left alone.
+template <class Find>
+[[nodiscard]] std::vector<InstalledProduct> installedViewers(Find find) {
+    std::vector<InstalledProduct> viewers;
+    for (const char* name : {testSuiteViewerName, protocolViewerName}) {
+        std::vector<InstalledProduct> found;
+        find(name, found);
+        for (InstalledProduct& product : found) {
+            if (product.displayName == name) {
+                viewers.push_back(std::move(product));
+            }
+        }
+    }
+    return viewers;
+}
 
 /// `code` is the result of stopping the product's running copies.
 [[nodiscard]] Message couldNotStopMessage(const InstalledProduct& product, std::uint32_t code);

@@ -7,12 +7,10 @@
 #include "app/install_log_win.h"
 #include "app/message_win.h"
 #include "app/setup_parameters.h"
-#include "catalogue/product_names.h"
 #include "installed/analyser_path.h"
 #include "installed/installed_product_win.h"
 #include "installed/running_instances_win.h"
 #include "platform/files_win.h"
-#include "platform/format_text.h"
 #include "platform/shell_runner_win.h"
 
 namespace {
@@ -20,22 +18,6 @@ namespace {
 /// For an uninstaller that leaves its work to a process of its own.
 constexpr int longestMarkerWait = 180;       // checks
 constexpr DWORD markerCheckInterval = 1000;  // milliseconds
-
-std::vector<InstalledProduct> findInstalledViewers() {
-    std::vector<InstalledProduct> viewers;
-    for (const char* name : {testSuiteViewerName, protocolViewerName}) {
-        std::vector<InstalledProduct> found;
-        findInstalledProducts(name, found);
-        // Discovery also finds names that only contain this one: nobody is asked here, so a
-        // product that is not exactly the viewer is left alone.
-        for (const InstalledProduct& product : found) {
-            if (product.displayName == name) {
-                viewers.push_back(product);
-            }
-        }
-    }
-    return viewers;
-}
 
 SystemTime currentTime() {
     SYSTEMTIME now;
@@ -60,14 +42,12 @@ void waitWhileExists(const std::string& path) {
 }
 
 void uninstall(const InstalledProduct& product, const std::string& sourceDirectory) {
-    UninstallCommand command = cutUninstallCommand(product.uninstallString);
+    ViewerRemoval removal = planViewerRemoval(product, sourceDirectory);
+    UninstallCommand& command = removal.command;
     bool waitForMarker = false;
     if (command.runsSetup) {
-        const std::string source =
-            formatCut("%s%s", sourceDirectory.c_str(), replacementUninstallerFile);
-        const std::string target = uninstallerTarget(command);
-        if (copyUninstaller(source, target)) {
-            command = {target, ""};
+        if (copyUninstaller(removal.copyFrom, removal.copyTo)) {
+            command = {removal.copyTo, ""};
         } else {
             waitForMarker = true;
         }
@@ -82,7 +62,7 @@ void uninstall(const InstalledProduct& product, const std::string& sourceDirecto
 }  // namespace
 
 void CInstallApp::InstallDirectly() {
-    for (const InstalledProduct& product : findInstalledViewers()) {
+    for (const InstalledProduct& product : installedViewers(findInstalledProducts)) {
         const DWORD code = terminateProcessesByPath(analyser::program, analyserPath(product));
         if (code != 0) {
             showMessage(couldNotStopMessage(product, code));

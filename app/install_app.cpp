@@ -37,7 +37,7 @@
 #include "platform/system_library_win.h"
 #include "ui/install_dialog_win.h"
 
-CInstallApp::CInstallApp() : CWinApp("Tavlink Installation") {
+CInstallApp::CInstallApp() : CWinApp(applicationName) {
     restrictLibrarySearch();
     useCodePage(systemCodePage());
 }
@@ -85,7 +85,7 @@ bool CInstallApp::ParseCommandLine(std::string& sourceDirectory, std::string& in
 
 bool CInstallApp::CheckEnvironment() {
     bool administrator = false;
-    IsAdministrator(administrator);  // a test that failed counts as not being one
+    std::ignore = IsAdministrator(administrator);  // a test that failed counts as not being one
     if (!administrator) {
         showMessage(administratorRequiredMessage());
         return false;
@@ -135,12 +135,10 @@ bool CInstallApp::TakeOrdinaryRoad(const InstallPlan& plan) {
 
 void CInstallApp::OfferUninstall(OlderVersions which) {
     std::vector<InstalledProduct> products;
-    if (which == OlderVersions::OfMaker) {
-        findInstalledMakerProducts(products);
-    } else {
-        findInstalledProductsFor(productNumber, products);
-    }
-    if (!products.empty()) {
+    const bool found = which == OlderVersions::OfMaker
+                           ? findInstalledMakerProducts(products)
+                           : findInstalledProductsFor(productNumber, products);
+    if (found) {
         std::ignore = CAskUninstallDlg(products).DoModal();
     }
 }

@@ -4,6 +4,9 @@
 #include <string>
 #include <string_view>
 
+/// Titles every message box of the run's own.
+inline constexpr char applicationName[] = "Tavlink Installation";
+
 enum class MessageIcon { Warning, Error };
 enum class MessageButtons { Ok, YesNo };
 

@@ -20,6 +20,7 @@ struct StampedIdentity {
 static_assert(sizeof(StampedIdentity) == 128 && sizeof(stampMarker) == 16);
 
 /// This executable's block. Volatile: its content is not what the compiler saw.
+// NOLINTNEXTLINE(bugprone-dynamic-static-initializers): its definition is constinit.
 extern volatile StampedIdentity stampedIdentity;
 
 /// The two texts of the block; empty where nothing was stamped.
@@ -28,4 +29,4 @@ struct ProductIdentity {
     std::string name;
 };
 
-ProductIdentity readStampedIdentity();
+[[nodiscard]] ProductIdentity readStampedIdentity();

@@ -9,8 +9,8 @@
 #define INSTALLER_BUILD_PATCH 0
 
 #define INSTALLER_BUILD_QUOTED(text) #text
-#define INSTALLER_BUILD_JOINED(major, minor, release, patch) \
-    INSTALLER_BUILD_QUOTED(major.minor.release.patch)
+// NOLINTNEXTLINE(bugprone-macro-parentheses): the numbers are joined, nothing is computed.
+#define INSTALLER_BUILD_JOINED(a, b, c, d) INSTALLER_BUILD_QUOTED(a.b.c.d)
 /// "16.4.10002.0" and the like.
 #define INSTALLER_BUILD_TEXT                                                                      \
     INSTALLER_BUILD_JOINED(INSTALLER_BUILD_MAJOR, INSTALLER_BUILD_MINOR, INSTALLER_BUILD_RELEASE, \

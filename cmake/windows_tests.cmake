@@ -1,38 +1,33 @@
 # add_windows_test(NAME COMMAND target argument... [TIMEOUT seconds] [FIXTURES name...]
 #                  [ENVIRONMENT name=value...])
 #
-# Elsewhere than on Windows the test runs under Wine, once in a 64-bit and once in a 32-bit prefix.
-# The two run side by side; within a prefix one test at a time has the desktop and the registry.
+# Elsewhere than on Windows the test runs under Wine, once in a 64-bit and once in a 32-bit prefix,
+# each a fresh copy that no other test sees. On Windows one test at a time has the desktop and the
+# registry.
 if(CMAKE_HOST_WIN32)
   set(WINDOWS_TEST_PREFIXES native)
 else()
   set(WINDOWS_TEST_PREFIXES win64 win32)
-  foreach(prefix IN LISTS WINDOWS_TEST_PREFIXES)
-    foreach(step start stop)
-      add_test(NAME ${step}.${prefix} COMMAND ${PROJECT_SOURCE_DIR}/scripts/prefix.sh ${step} ${prefix})
-    endforeach()
-    set_tests_properties(start.${prefix} PROPERTIES FIXTURES_SETUP ${prefix} TIMEOUT 120)
-    set_tests_properties(stop.${prefix} PROPERTIES FIXTURES_CLEANUP ${prefix} TIMEOUT 60)
-  endforeach()
 endif()
 
 function(add_windows_test name)
   cmake_parse_arguments(PARSE_ARGV 1 test "" TIMEOUT "COMMAND;FIXTURES;ENVIRONMENT")
   if(NOT test_TIMEOUT)
-    set(test_TIMEOUT 120)
+    set(test_TIMEOUT 300)
   endif()
   list(POP_FRONT test_COMMAND program)
   foreach(prefix IN LISTS WINDOWS_TEST_PREFIXES)
+    set(launcher ${PROJECT_SOURCE_DIR}/scripts/in_prefix.sh ${prefix})
+    set(lock "")
+    set(label wine)
     if(prefix STREQUAL native)
       set(launcher "")
-    else()
-      set(launcher ${PROJECT_SOURCE_DIR}/scripts/in_prefix.sh ${prefix})
-      list(APPEND test_FIXTURES ${prefix})
+      set(lock desktop)
+      set(label "")
     endif()
     add_test(NAME ${name}.${prefix} COMMAND ${launcher} $<TARGET_FILE:${program}> ${test_COMMAND})
     set_tests_properties(${name}.${prefix} PROPERTIES
-      TIMEOUT ${test_TIMEOUT} RESOURCE_LOCK ${prefix}
+      TIMEOUT ${test_TIMEOUT} RESOURCE_LOCK "${lock}" LABELS "${label}"
       FIXTURES_REQUIRED "${test_FIXTURES}" ENVIRONMENT "${test_ENVIRONMENT}")
-    list(REMOVE_ITEM test_FIXTURES ${prefix})
   endforeach()
 endfunction()

@@ -12,11 +12,12 @@ inline constexpr const char* extractionToolFile = "flatten.exe";
 
 /// True when the package is whole and made for this operating system; never for a release that
 /// is not known.
-bool appliesTo(const DriverPackage& package, int operatingSystemCode);
+[[nodiscard]] bool appliesTo(const DriverPackage& package, int operatingSystemCode);
 
 /// The folder with "#PROGRAM_FILES#" (of any letter case) replaced, without one backslash at its
 /// end: in front of the closing quote that would quote the quote. `programFiles` may be empty.
-std::string extractionFolder(const std::string& targetFolder, const std::string& programFiles);
+[[nodiscard]] std::string extractionFolder(const std::string& targetFolder,
+                                           const std::string& programFiles);
 
 struct ExtractionCommand {
     std::string tool;       ///< at most 260 characters
@@ -26,14 +27,16 @@ struct ExtractionCommand {
 
 /// `sourceDirectory` ends in a backslash; `dataKey` points to 16 characters that need no
 /// terminator; `folder` is an extractionFolder.
-ExtractionCommand extractionCommand(const std::string& sourceDirectory, const std::string& archive,
-                                    const char* dataKey, const std::string& folder);
+[[nodiscard]] ExtractionCommand extractionCommand(const std::string& sourceDirectory,
+                                                  const std::string& archive, const char* dataKey,
+                                                  const std::string& folder);
 
 /// File name of the platform's driver installer for the running Windows.
-const char* driverInstallerName(bool wow64);
+[[nodiscard]] const char* driverInstallerName(bool wow64);
 
 /// Full path, at most 260 characters, of the driver installer that the extraction report names:
 /// the first occurrence of `name` (case-sensitive) with what stands in front of it since the
 /// nearest double quote is relative to `folder`. Nothing when the report does not name it so.
-std::optional<std::string> reportedInstaller(std::string_view report, const std::string& folder,
-                                             std::string_view name);
+[[nodiscard]] std::optional<std::string> reportedInstaller(std::string_view report,
+                                                           const std::string& folder,
+                                                           std::string_view name);

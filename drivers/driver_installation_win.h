@@ -9,5 +9,6 @@
 /// lies there, and runs the driver installers that its reports name; each process is waited for.
 /// `dataKey` points to 16 characters, may be null. False only when the key is missing; `error` is
 /// emptied first and then says so.
-bool installDrivers(const std::string& sourceDirectory, const std::vector<DriverPackage>& packages,
-                    const char* dataKey, std::string& error);
+[[nodiscard]] bool installDrivers(const std::string& sourceDirectory,
+                                  const std::vector<DriverPackage>& packages, const char* dataKey,
+                                  std::string& error);

@@ -36,4 +36,5 @@ using DriverPackageTable = std::map<std::string, DeviceFamily>;
 bool buildDriverPackageTable(DriverPackageTable& table, std::string codeList = "16;1K;1M;1R;1U;1W");
 
 /// Exact, case-sensitive look-up; null when there is none. The record belongs to the table.
-const DeviceFamily* findDeviceFamily(const DriverPackageTable& table, const std::string& code);
+[[nodiscard]] const DeviceFamily* findDeviceFamily(const DriverPackageTable& table,
+                                                   const std::string& code);

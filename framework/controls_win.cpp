@@ -1,7 +1,5 @@
 #include "framework/controls_win.h"
 
-#include <vector>
-
 namespace {
 
 // The list view reads and writes texts through non-const pointers, but does not change ours.
@@ -34,21 +32,15 @@ void CListCtrl::SetItemText(int item, int column, const std::string& text) {
 }
 
 std::string CListCtrl::GetItemText(int item, int column) const {
-    std::vector<char> buffer(256);
-    for (;;) {
-        LVITEMA description{};
-        description.iSubItem = column;
-        description.pszText = buffer.data();
-        description.cchTextMax = static_cast<int>(buffer.size());
-        const auto length = static_cast<std::size_t>(
-            SendMessageA(m_hWnd, LVM_GETITEMTEXTA, static_cast<WPARAM>(item),
-                         reinterpret_cast<LPARAM>(&description)));
-        // A text that fills the buffer may have been cut.
-        if (length + 1 < buffer.size()) {
-            return std::string(buffer.data(), length);
-        }
-        buffer.resize(buffer.size() * 2);
-    }
+    char buffer[longestItemText + 1] = "";
+    LVITEMA description{};
+    description.iSubItem = column;
+    description.pszText = buffer;
+    description.cchTextMax = sizeof buffer;
+    // What the message returns may count characters of two bytes once.
+    SendMessageA(m_hWnd, LVM_GETITEMTEXTA, static_cast<WPARAM>(item),
+                 reinterpret_cast<LPARAM>(&description));
+    return buffer;
 }
 
 LPARAM CListCtrl::GetItemData(int item) const {

@@ -20,12 +20,14 @@ class CButton : public CWnd {
 /// A list view. Indices count from 0.
 class CListCtrl : public CWnd {
   public:
+    static constexpr int longestItemText = 1023;
+
     /// `format` is one of LVCFMT_, `width` in pixels.
     void InsertColumn(int column, const std::string& heading, int format, int width);
     /// Returns the index at which the item went in, -1 on failure.
     int InsertItem(int item, const std::string& text);
     void SetItemText(int item, int column, const std::string& text);
-    /// Whole, however long.
+    /// At most longestItemText bytes of it.
     [[nodiscard]] std::string GetItemText(int item, int column) const;
     [[nodiscard]] int GetItemCount() const { return ListView_GetItemCount(m_hWnd); }
     [[nodiscard]] LPARAM GetItemData(int item) const;

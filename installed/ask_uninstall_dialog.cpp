@@ -13,6 +13,12 @@ UninstallPromptTexts uninstallPromptTexts(std::size_t productCount) {
         "Would you like to uninstall them?"};
 }
 
+ListColumnWidths listColumnWidths(int dotsPerInch) {
+    constexpr int unscaled = 96;
+    const int scale = dotsPerInch > 0 ? dotsPerInch : unscaled;
+    return {20 * scale / unscaled, 400 * scale / unscaled};
+}
+
 int compareLowerCaseNames(const std::string& left, const std::string& right, long order) {
     return order == ascendingOrder ? left.compare(right) : 0;
 }

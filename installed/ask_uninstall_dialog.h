@@ -12,15 +12,26 @@ struct UninstallPromptTexts {
     const char* question;  ///< below the list
 };
 
-UninstallPromptTexts uninstallPromptTexts(std::size_t productCount);
+[[nodiscard]] UninstallPromptTexts uninstallPromptTexts(std::size_t productCount);
+
+/// Widths of the list's columns in pixels: the tick boxes, and the names.
+struct ListColumnWidths {
+    int tick;
+    int name;
+};
+
+/// For a display of so many dots per inch; 96 is the one that needs no scaling, 0 (unknown) counts
+/// as that.
+[[nodiscard]] ListColumnWidths listColumnWidths(int dotsPerInch);
 
 /// The one sort order that the list knows; any other leaves it as it is.
 inline constexpr long ascendingOrder = 1;
 
 /// Negative, 0 or positive, for lower-case names.
-int compareLowerCaseNames(const std::string& left, const std::string& right, long order);
+[[nodiscard]] int compareLowerCaseNames(const std::string& left, const std::string& right,
+                                        long order);
 
 /// The uninstall commands to run, in order: for each ticked name those of all products that bear
 /// it (letter case counts). A name ticked twice is run twice.
-std::vector<std::string> uninstallCommands(const std::vector<std::string>& tickedNames,
-                                           const std::vector<InstalledProduct>& products);
+[[nodiscard]] std::vector<std::string> uninstallCommands(
+    const std::vector<std::string>& tickedNames, const std::vector<InstalledProduct>& products);

@@ -4,6 +4,7 @@
 
 #include "installed/ask_uninstall_dialog.h"
 #include "platform/ansi_text.h"
+#include "platform/handle_win.h"
 #include "platform/shell_runner_win.h"
 #include "ui/resource.h"
 
@@ -80,8 +81,10 @@ void CAskUninstallDlg::FillList() {
     // lines, double buffering and the like; the look of the list comes from them.
     const LONG style = GetWindowLongA(list.m_hWnd, GWL_STYLE);
     SendMessageA(list.m_hWnd, LVM_SETEXTENDEDLISTVIEWSTYLE, 0, style | LVS_EX_CHECKBOXES);
-    list.InsertColumn(0, "", LVCFMT_LEFT, 20);
-    list.InsertColumn(nameColumn, "", LVCFMT_LEFT, 400);
+    const ScreenContext screen(GetDC(nullptr));
+    const ListColumnWidths widths = listColumnWidths(GetDeviceCaps(screen.get(), LOGPIXELSX));
+    list.InsertColumn(0, "", LVCFMT_LEFT, widths.tick);
+    list.InsertColumn(nameColumn, "", LVCFMT_LEFT, widths.name);
     for (const InstalledProduct& product : *products) {
         const int item = list.InsertItem(list.GetItemCount(), "");
         list.SetItemText(item, nameColumn, product.displayName);

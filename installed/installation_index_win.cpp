@@ -10,9 +10,6 @@
 
 namespace {
 
-constexpr const char* makerTree = "Software\\Halvick Test Equipment\\";
-constexpr const char* olderMakerTree = "Software\\HVQ\\Tressle Analyzer\\";
-
 std::string extraValue(const FieldMap& extras, std::string_view name) {
     const auto extra = extras.find(name);
     return extra == extras.end() ? std::string() : extra->second;
@@ -48,7 +45,7 @@ bool InstallationIndex::readTree(const std::string& subkeyPath,
     mergeInstallations(records, read);
     for (std::size_t position = known; position < records.size(); ++position) {
         InstallationRecord& record = records[position];
-        readExecutableVersion(record, record.executableVersion);
+        std::ignore = readExecutableVersion(record, record.executableVersion);  // else empty
         record.fields["Version"] = record.executableVersion;
     }
     return !records.empty();

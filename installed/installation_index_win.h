@@ -27,16 +27,18 @@ class InstallationIndex {
 
     /// The field (letter case ignored) of the installation at `position`; empty when there is no
     /// such installation or field. Loads an empty index first, legacy tree included.
-    std::string field(std::size_t position, std::string_view name);
+    [[nodiscard]] std::string field(std::size_t position, std::string_view name);
 
     /// The positions of the installations whose field equals `value` (letter case ignored), last
     /// first; `selector` is one of installation_selector. False when there are none, and at once
     /// when `value` is empty. Loads an empty index first, legacy tree included.
-    bool find(std::string_view value, int selector, std::vector<std::size_t>& matches);
+    [[nodiscard]] bool find(std::string_view value, int selector,
+                            std::vector<std::size_t>& matches);
 
     /// The version of the installation's analyser executable; `version` is empty when there is
     /// none. False when no executable has a version resource.
-    static bool readExecutableVersion(const InstallationRecord& record, std::string& version);
+    [[nodiscard]] static bool readExecutableVersion(const InstallationRecord& record,
+                                                    std::string& version);
 
     std::vector<InstallationRecord> records;
     std::string helperLocation;  ///< where the installation helper is

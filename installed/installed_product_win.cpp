@@ -7,9 +7,6 @@
 
 namespace {
 
-// The program's own registry view: the products' installers are 32-bit programs too.
-constexpr const char* uninstallListKey = "SOFTWARE\\Microsoft\\Windows\\CurrentVersion\\Uninstall";
-
 /// Texts of at most 259 characters.
 bool readText(const RegistryKey& entry, const char* name, std::string& text) {
     char buffer[260];
@@ -22,12 +19,9 @@ bool readText(const RegistryKey& entry, const char* name, std::string& text) {
 }
 
 bool readEntry(const RegistryKey& entry, const std::string& filter, InstalledProduct& product) {
-    std::string displayVersion;
-    return readText(entry, "DisplayName", product.displayName) &&
-           product.displayName.find(filter) != std::string::npos &&
-           readText(entry, "DisplayVersion", displayVersion) && isReportedVersion(displayVersion) &&
-           readText(entry, "UninstallString", product.uninstallString) &&
-           readText(entry, "InstallLocation", product.installLocation);
+    return readInstalledProduct(
+        [&entry](const char* name, std::string& text) { return readText(entry, name, text); },
+        filter, product);
 }
 
 }  // namespace
@@ -55,7 +49,7 @@ bool findInstalledProducts(const std::string& filter, std::vector<InstalledProdu
 }
 
 bool findInstalledMakerProducts(std::vector<InstalledProduct>& products) {
-    return findInstalledProducts("Halvick", products);
+    return findInstalledProducts(makerFilter, products);
 }
 
 bool findInstalledProductsFor(int productNumber, std::vector<InstalledProduct>& products) {

@@ -53,11 +53,7 @@ bool readLeaf(HKEY key, const std::string& subkeyName, const std::string& path,
     if (!readValues(key, record, extras)) {
         return false;
     }
-    if (isValid(record)) {
-        record.fields["Registry Key"] = path;
-        record.fields["Registry Subkey"] = subkeyName;
-        records.push_back(std::move(record));
-    }
+    appendIfValid(std::move(record), path, subkeyName, records);
     return true;
 }
 

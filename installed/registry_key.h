@@ -6,10 +6,10 @@
 #include <string_view>
 
 /// Whether `type` is one of the two string types (REG_SZ and REG_EXPAND_SZ of winnt.h).
-bool isStringType(unsigned long type);
+[[nodiscard]] bool isStringType(unsigned long type);
 
 /// Whether the data is empty or its last byte is a terminator.
-bool isTerminated(const char* data, std::size_t size);
+[[nodiscard]] bool isTerminated(const char* data, std::size_t size);
 
 /// The data up to its first zero byte, or all of it. Points into `data`.
-std::string_view textOfData(const char* data, std::size_t size);
+[[nodiscard]] std::string_view textOfData(const char* data, std::size_t size);

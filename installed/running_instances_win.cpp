@@ -10,6 +10,7 @@
 namespace {
 
 constexpr DWORD endTimeout = 5000;  // milliseconds
+constexpr int snapshotAttempts = 10;
 
 #ifndef _WIN64
 static_assert(sizeof(PROCESSENTRY32) == 296 && sizeof(MODULEENTRY32) == 548);
@@ -27,8 +28,15 @@ void stopProcess(DWORD processId, DWORD& result) {
 }
 
 void stopProcessWithModule(DWORD processId, const std::string& path, DWORD& result) {
+    // A process that is loading or unloading just then is to be asked again.
+    KernelHandle modules;
+    for (int attempt = 0; attempt < snapshotAttempts && !modules; ++attempt) {
+        modules.reset(CreateToolhelp32Snapshot(TH32CS_SNAPMODULE, processId));
+        if (!modules && GetLastError() != ERROR_BAD_LENGTH) {
+            break;
+        }
+    }
     // Kept: not checked; without a snapshot the walk has no first module.
-    const KernelHandle modules(CreateToolhelp32Snapshot(TH32CS_SNAPMODULE, processId));
     MODULEENTRY32 module;
     module.dwSize = sizeof module;
     for (BOOL more = Module32First(modules.get(), &module); more;

@@ -7,5 +7,5 @@
 /// result of the last process stopped: 0 when it ended within five seconds (or nothing needed
 /// stopping), WAIT_TIMEOUT (258) or WAIT_FAILED (0xFFFFFFFF); or GetLastError when no process
 /// snapshot could be taken. Blocks, pumping no messages.
-unsigned long terminateProcessesByPath(const std::string& executableName,
-                                       const std::string& executablePath);
+[[nodiscard]] unsigned long terminateProcessesByPath(const std::string& executableName,
+                                                     const std::string& executablePath);

@@ -17,6 +17,24 @@ std::size_t characterLength(std::string_view text, std::size_t offset) {
 
 }  // namespace
 
+CodePage describedCodePage(unsigned longestCharacter, const unsigned char* leadRanges,
+                           unsigned char (*lower)(unsigned char byte)) {
+    if (longestCharacter > 2) {
+        return asciiCodePage;
+    }
+    CodePage page;
+    for (const unsigned char* range = leadRanges; range[0] != 0; range += 2) {
+        for (unsigned byte = range[0]; byte <= range[1]; ++byte) {
+            page.lead[byte] = true;
+        }
+    }
+    for (std::size_t byte = 0; byte < page.lower.size(); ++byte) {
+        const auto character = static_cast<unsigned char>(byte);
+        page.lower[byte] = page.lead[byte] ? character : lower(character);
+    }
+    return page;
+}
+
 void useCodePage(const CodePage& page) {
     codePage = page;
 }

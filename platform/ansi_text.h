@@ -25,21 +25,29 @@ inline constexpr CodePage asciiCodePage = [] {
     return page;
 }();
 
+/// The code page as the system describes it: the bytes of its longest character, the first and last
+/// byte of each range of lead bytes, ended by two zeros, and the fold of a single byte. The ASCII
+/// page, where characters can be longer than two bytes (UTF-8): half of the bytes are then parts of
+/// characters, which cannot be folded one by one, and no other character has an ASCII byte in it.
+[[nodiscard]] CodePage describedCodePage(unsigned longestCharacter, const unsigned char* leadRanges,
+                                         unsigned char (*lower)(unsigned char byte));
+
 /// Makes `page` the code page of every operation below, for the whole process. The start-up
 /// calls it once with the system's page; until then the page is asciiCodePage.
 void useCodePage(const CodePage& page);
 
 /// The text with every single-byte character folded; two-byte characters are kept.
-std::string lowerCase(std::string_view text);
+[[nodiscard]] std::string lowerCase(std::string_view text);
 
-bool equalIgnoringCase(std::string_view left, std::string_view right);
+[[nodiscard]] bool equalIgnoringCase(std::string_view left, std::string_view right);
 
 /// Offset of the first occurrence at or behind `from`, never inside a two-byte character;
 /// npos when there is none. `from` must be a character boundary.
-std::size_t findIgnoringCase(std::string_view text, std::string_view pattern, std::size_t from = 0);
+[[nodiscard]] std::size_t findIgnoringCase(std::string_view text, std::string_view pattern,
+                                           std::size_t from = 0);
 
 /// Offset of the last backslash character (not of a second byte 0x5C); npos when there is none.
-std::size_t findLastBackslash(std::string_view text);
+[[nodiscard]] std::size_t findLastBackslash(std::string_view text);
 
 /// The text with every occurrence of `pattern` replaced; what was inserted is not searched again.
 /// An empty pattern replaces nothing. Letters outside the occurrences keep their case.
@@ -47,4 +55,4 @@ std::size_t findLastBackslash(std::string_view text);
                                      std::string_view replacement, bool ignoreCase);
 
 /// The path, with a backslash appended when its last character is not one.
-std::string withTrailingBackslash(std::string_view path);
+[[nodiscard]] std::string withTrailingBackslash(std::string_view path);

@@ -2,6 +2,5 @@
 
 #include "platform/ansi_text.h"
 
-/// The ANSI code page that Windows uses for this process: lead bytes from GetCPInfo, letter case
-/// from CharLowerBuffA.
-CodePage systemCodePage();
+/// The ANSI code page that Windows uses for this process.
+[[nodiscard]] CodePage systemCodePage();

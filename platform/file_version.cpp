@@ -8,7 +8,6 @@ std::string versionResourceText(std::string_view block, const char* value, std::
     if (length == 0 || before(value, block.data()) || !before(value, end)) {
         return {};
     }
-    const std::string_view rest(value, static_cast<std::size_t>(end - value));
-    const std::string_view text = rest.substr(0, length);
+    const std::string_view text(value, static_cast<std::size_t>(end - value));
     return "Version " + std::string(text.substr(0, text.find('\0')));
 }

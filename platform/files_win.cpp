@@ -6,8 +6,9 @@
 
 namespace {
 
-/// Far above any file that the program reads; one that is larger is not what its name says.
-constexpr LONGLONG maximumSize = 0x10000000;
+/// Far above any file that the program reads, and low enough for the memory to work on it. One that
+/// is larger is not what its name says.
+constexpr LONGLONG maximumSize = 0x2000000;
 
 }  // namespace
 

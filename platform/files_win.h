@@ -18,6 +18,6 @@
 /// Full path of the running program, at most 1023 characters; empty when Windows does not say.
 [[nodiscard]] std::string runningProgramPath();
 
-/// All bytes of a file of at most 256 MB, opened without denying others any access; nothing when
+/// All bytes of a file of at most 32 MB, opened without denying others any access; nothing when
 /// it cannot be opened or read to its end.
 [[nodiscard]] std::optional<std::string> readFileContent(const std::string& path);

@@ -55,6 +55,15 @@ struct RegistryHandleTraits {
 };
 using RegistryHandle = Owner<RegistryHandleTraits>;
 
+struct ScreenContextTraits {
+    using Handle = HDC;
+    static constexpr int nothingClosed = 1;
+    static bool isHandle(HDC context) { return context != nullptr; }
+    static int close(HDC context) { return ReleaseDC(nullptr, context); }
+};
+/// Of the whole screen, GetDC(nullptr).
+using ScreenContext = Owner<ScreenContextTraits>;
+
 struct SecurityIdTraits {
     using Handle = PSID;
     static constexpr PSID nothingClosed = nullptr;

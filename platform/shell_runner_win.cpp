@@ -1,6 +1,9 @@
 #include "platform/shell_runner_win.h"
 
+#include <objbase.h>
+
 #include "platform/shell_runner.h"
+#include "platform/system_library_win.h"
 
 namespace {
 
@@ -9,6 +12,30 @@ constexpr DWORD pollInterval = 200;  // milliseconds
 #ifndef _WIN64
 static_assert(sizeof(SHELLEXECUTEINFOA) == 60);
 #endif
+
+/// The shell hands a start on to extensions that are COM objects. Not earlier than the first start,
+/// so that no dialog waits for it; never undone, as the process ends soon after its last start.
+void initializeCom() {
+    static bool tried = false;
+    if (tried) {
+        return;
+    }
+    tried = true;
+    using Initialize = HRESULT(WINAPI*)(void*, DWORD);
+    if (const auto initialize =
+            procedureAddress<Initialize>(loadSystemLibrary("ole32.dll"), "CoInitializeEx")) {
+        initialize(nullptr, COINIT_APARTMENTTHREADED | COINIT_DISABLE_OLE1DDE);
+    }
+}
+
+/// False with the Windows error code in `error`.
+bool execute(SHELLEXECUTEINFOA& execution, DWORD& error) {
+    initializeCom();
+    const InheritableLibrarySearch search;
+    const bool started = ShellExecuteExA(&execution) != FALSE;
+    error = GetLastError();
+    return started;
+}
 
 }  // namespace
 
@@ -29,10 +56,10 @@ HANDLE ShellRunner::start(const char* file, const char* parameters, const char* 
     execution.lpVerb = verb;
     execution.lpFile = file;
     execution.lpParameters = parameters != nullptr && *parameters != '\0' ? parameters : nullptr;
-    if (ShellExecuteExA(&execution)) {
+    DWORD error = ERROR_SUCCESS;
+    if (execute(execution, error)) {
         return execution.hProcess;
     }
-    const DWORD error = GetLastError();
     const char* message =
         shellFailureMessage(reinterpret_cast<std::uintptr_t>(execution.hInstApp), error);
     if (message != nullptr) {

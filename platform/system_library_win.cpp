@@ -4,21 +4,37 @@ namespace {
 
 constexpr DWORD searchSystemFolder = 0x00000800;  // LOAD_LIBRARY_SEARCH_SYSTEM32, libloaderapi.h
 
+/// Set once the current directory was removed from the search; the call that brings it back.
+constinit LibrarySearchCalls::SetDirectory directorySearch = nullptr;
+
 }  // namespace
 
-void restrictLibrarySearch() {
+LibrarySearchCalls librarySearchCalls() {
     const HMODULE kernel = GetModuleHandleA("kernel32.dll");
-    if (kernel == nullptr) {
-        return;
+    return {procedureAddress<LibrarySearchCalls::SetDefaultDirectories>(kernel,
+                                                                        "SetDefaultDllDirectories"),
+            procedureAddress<LibrarySearchCalls::SetDirectory>(kernel, "SetDllDirectoryA")};
+}
+
+void restrictLibrarySearch(const LibrarySearchCalls& calls) {
+    directorySearch = nullptr;
+    if (calls.setDefaultDirectories != nullptr) {
+        calls.setDefaultDirectories(searchSystemFolder);
+    } else if (calls.setDirectory != nullptr) {
+        directorySearch = calls.setDirectory;
+        directorySearch("");
     }
-    using SetDefaultDllDirectories = BOOL(WINAPI*)(DWORD);
-    using SetDllDirectory = BOOL(WINAPI*)(const char*);
-    if (const auto setDefaultDirectories =
-            procedureAddress<SetDefaultDllDirectories>(kernel, "SetDefaultDllDirectories")) {
-        setDefaultDirectories(searchSystemFolder);
+}
+
+InheritableLibrarySearch::InheritableLibrarySearch() {
+    if (directorySearch != nullptr) {
+        directorySearch(nullptr);
     }
-    if (const auto setDirectory = procedureAddress<SetDllDirectory>(kernel, "SetDllDirectoryA")) {
-        setDirectory("");
+}
+
+InheritableLibrarySearch::~InheritableLibrarySearch() {
+    if (directorySearch != nullptr) {
+        directorySearch("");
     }
 }
 

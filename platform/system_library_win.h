@@ -4,15 +4,33 @@
 
 #include <string>
 
-/// Restricts where later library loads look to the system folder, and removes the current
-/// directory from the search path. Called first thing: the installer is started elevated from
-/// folders that anybody may have written to. Silent where the platform lacks the calls (before
-/// Windows 8 and its update for 7).
-void restrictLibrarySearch();
+/// The calls of kernel32 that say where libraries are looked for; null where it lacks them.
+struct LibrarySearchCalls {
+    using SetDefaultDirectories = BOOL(WINAPI*)(DWORD flags);
+    using SetDirectory = BOOL(WINAPI*)(const char* folder);
+    SetDefaultDirectories setDefaultDirectories;  ///< Windows 8, and Vista and 7 with an update
+    SetDirectory setDirectory;                    ///< Windows XP with its first service pack
+};
+[[nodiscard]] LibrarySearchCalls librarySearchCalls();
+
+/// Restricts where later library loads look to the system folder; on a Windows that cannot do that,
+/// removes the current directory from the places. Called first thing: the installer is started
+/// elevated from folders that anybody may have written to. Silent where both calls are missing.
+void restrictLibrarySearch(const LibrarySearchCalls& calls = librarySearchCalls());
+
+/// While it lives, a started program has the current directory among its places, as programs have:
+/// what SetDllDirectory removed is missing in the programs started, too.
+class InheritableLibrarySearch {
+  public:
+    InheritableLibrarySearch();
+    ~InheritableLibrarySearch();
+    InheritableLibrarySearch(const InheritableLibrarySearch&) = delete;
+    InheritableLibrarySearch& operator=(const InheritableLibrarySearch&) = delete;
+};
 
 /// Loads `name` (for example "version.dll") from the system folder by its full path, wherever
 /// the search path leads. Null on failure. Never unloaded.
-HMODULE loadSystemLibrary(const char* name);
+[[nodiscard]] HMODULE loadSystemLibrary(const char* name);
 
 /// The function of type `Function` (a pointer, calling convention included) that `library` exports
 /// as `name` (or by the number in it, MAKEINTRESOURCEA); null when the library or the export is

@@ -13,10 +13,10 @@ void splitFields(std::string_view text, std::vector<std::string>& fields, char d
 
 /// Splits `version` into its four fields. False when the text breaks the rule; `error`, when
 /// given, is emptied first and then says how.
-bool splitVersion(std::string_view version, std::vector<std::string>& fields,
-                  std::string* error = nullptr);
+[[nodiscard]] bool splitVersion(std::string_view version, std::vector<std::string>& fields,
+                                std::string* error = nullptr);
 
 /// The four numbers, most significant first, converted as atoi does. `numbers` is emptied first
 /// and stays empty on failure.
-bool parseVersion(std::string_view version, std::vector<int>& numbers,
-                  std::string* error = nullptr);
+[[nodiscard]] bool parseVersion(std::string_view version, std::vector<int>& numbers,
+                                std::string* error = nullptr);

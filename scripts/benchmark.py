@@ -15,6 +15,7 @@ from dataclasses import dataclass
 ROOT = pathlib.Path(__file__).resolve().parent.parent
 BUILD = ROOT / "build" / "benchmark"
 PROGRAMS = BUILD / "tools" / "benchmarks"
+PREFIX = f"benchmark.{os.getpid()}"
 MEDIA = BUILD / "media"
 STAMP = ROOT / "build" / "tools" / "stamp"
 SIZE_LIMIT = 300 * 1024
@@ -88,7 +89,7 @@ def measure(program, *arguments):
     results = BUILD / "results"
     # To files: what Wine leaves running would hold a pipe open.
     with open(results, "wb") as output, open(f"{results}.errors", "wb") as errors:
-        ended = subprocess.run([ROOT / "scripts" / "in_prefix.sh", "benchmark",
+        ended = subprocess.run([ROOT / "scripts" / "in_prefix.sh", PREFIX,
                                 PROGRAMS / f"{program}.exe", *arguments],
                                stdin=subprocess.DEVNULL, stdout=output, stderr=errors, check=False)
     if ended.returncode != 0:
@@ -153,11 +154,11 @@ def main():
     folder, chart = map(pathlib.Path, sys.argv[2:])
     prefix = ROOT / "scripts" / "prefix.sh"
     lay_out_media()
-    subprocess.run([prefix, "start", "win64", "benchmark"], check=True)
+    subprocess.run([prefix, "start", "win64", PREFIX], check=True)
     try:
         rows, memory_of_many = measure_all(rounds)
     finally:
-        subprocess.run([prefix, "stop", "benchmark"], check=False)
+        subprocess.run([prefix, "stop", PREFIX], check=False)
     print(table(rows))
 
     chart.parent.mkdir(parents=True, exist_ok=True)

@@ -9,7 +9,15 @@ cd "$(dirname "$0")/.." || exit 1
 [ $# -gt 0 ] || set -- release checked host tools
 
 if command -v ccache >/dev/null; then
-    export CMAKE_CXX_COMPILER_LAUNCHER=ccache
+    # What one checkout has compiled serves another.
+    export CMAKE_CXX_COMPILER_LAUNCHER=ccache CCACHE_BASEDIR=$PWD
+fi
+# One run at a time has the build folder.
+mkdir -p build
+exec {build_lock}>build/.lock
+if ! flock -n "$build_lock"; then
+    echo "build: waiting for another run in this checkout"
+    flock "$build_lock"
 fi
 for preset in "$@"; do
     grep -q "\"name\": \"${preset%%/*}\"" CMakePresets.json ||

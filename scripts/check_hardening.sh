@@ -1,8 +1,9 @@
 #!/bin/bash
-# Fails when the program, as it ships, lacks one of the protections that are meant to be in it:
-# check_hardening.sh PROGRAM
+# Fails when the program, as it ships, lacks one of the protections that are meant to be in it, or
+# brings what it is meant to go without: check_hardening.sh PROGRAM
+# The build has left the linker's map beside it.
 set -u -o pipefail
-program=$1
+program=$1 map=${1%.exe}.map
 objdump=${OBJDUMP:-i686-w64-mingw32-objdump}
 headers=$("$objdump" -x "$program" | tr -d '\r') || exit 1
 failed=0
@@ -34,14 +35,9 @@ if [ -z "$executable" ] || grep -vq READONLY <<<"$executable"; then
     fail "a section can be written and executed"
 fi
 
-# The guard is found by its value before it is seeded; a protected function loads it at its start
-# and compares it at its end. Only our own code is compiled with it, not the compiler's libraries.
-guard=$("$objdump" -s -j .data "$program" | tr -d '\r' | awk '
-    $1 ~ /^[0-9a-f]+$/ {
-        for (word = 2; word <= 5; ++word)
-            if ($word == "ff0d0a00")
-                print substr($1, 1, length($1) - 1) substr("048c", word - 1, 1)
-    }')
+# A protected function loads the guard at its start and compares it at its end. Only our own code is
+# compiled with it, not the compiler's libraries.
+guard=$(sed -nE 's/^ +0x0*([0-9a-f]+) +_+stack_chk_guard$/\1/p' "$map")
 code=$("$objdump" -d --no-show-raw-insn "$program")
 for instruction in mov '(sub|cmp|xor)'; do
     [ "$(grep -cE "$instruction +0x${guard:-none},%" <<<"$code")" -ge 100 ] ||
@@ -52,6 +48,17 @@ if [ "$(grep -ao '<requestedExecutionLevel [^>]*>' "$program")" != \
     '<requestedExecutionLevel level="requireAdministrator" uiAccess="false"/>' ]; then
     fail "is not started as administrator"
 fi
+
+# Whatever can throw brings the unwinder and thread support, which need a newer Windows, and doubles
+# the size. The map tells what was linked, and under each what asked for it.
+linked=$(sed -n '/^Archive member included/,/^Discarded input sections/p' "$map")
+grep -q '/libgcc\.a(' <<<"$linked" || fail "$map does not tell what was linked"
+if unwinder=$(grep -E -A1 '/(libgcc_eh|lib(win)?pthread|libssp)\.a\(|/libstdc\+\+\.a\(eh_' \
+    <<<"$linked"); then
+    fail "links the unwinder or thread support:"$'\n'"$unwinder"
+fi
+size=$(stat -c %s "$program")
+[ "$size" -le 145000 ] || fail "has $size bytes; 145000 are allowed"
 
 "$(dirname "$0")/check_imports.sh" "$program" || failed=1
 exit $failed

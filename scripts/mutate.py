@@ -234,7 +234,7 @@ def ready_to_try(options, trees, stack):
         if natively:
             tree.build_native()
         if with_wine:
-            stack.callback(tree.stop_prefixes)
+            stack.callback(tree.remove_prefixes)
             tree.build_windows(options.prefixes)
     print("running the tests on it...", flush=True)
     if natively:

@@ -48,10 +48,11 @@ class Screen:
     there is none or `hidden` is asked for, on a virtual one. To be used in a `with` statement."""
 
     def __init__(self, name, dots_per_inch=96, hidden=False):
-        self.name = name
+        self.name = f"{name}.{os.getpid()}"
         self.dots_per_inch = dots_per_inch
-        self.prefix = BUILD / "prefixes" / "running" / name
-        self.environment = dict(os.environ, WINEPREFIX=str(self.prefix), WINEDEBUG="-all")
+        self.prefix = BUILD / "prefixes" / "running" / self.name
+        self.environment = dict(os.environ, WINEPREFIX=str(self.prefix), WINEDEBUG="-all",
+                                LC_ALL="C.UTF-8")
         self.virtual = hidden or not self.has_display()
         self.resources = contextlib.ExitStack()
 
@@ -85,7 +86,7 @@ class Screen:
     @staticmethod
     def start_virtual_display(resources):
         server = resources.enter_context(subprocess.Popen(
-            ["Xvfb", "-displayfd", "1", "-screen", "0", "1024x768x24"], stdin=subprocess.DEVNULL,
+            ["Xvfb", "-displayfd", "1", "-screen", "0", "1280x1024x24"], stdin=subprocess.DEVNULL,
             stdout=subprocess.PIPE, stderr=subprocess.DEVNULL, text=True))
         resources.callback(server.terminate)
         number = server.stdout.readline().strip()
@@ -121,7 +122,7 @@ class Media:
     """Fresh installation media for a product, with a "Setup.Exe" that records how it was started."""
 
     def __init__(self, screen, product):
-        folder = BUILD / screen.name
+        folder = screen.prefix / "shown"  # goes with it
         shutil.rmtree(folder, ignore_errors=True)
         self.folder = folder / "media"
         self.folder.mkdir(parents=True)
@@ -160,7 +161,7 @@ class Run:
 
     def __init__(self, screen, media, *arguments):
         self.screen = screen
-        self.errors = open(BUILD / screen.name / "click_through.log", "w+b")
+        self.errors = open(screen.prefix / "shown" / "click_through.log", "w+b")
         self.process = subprocess.Popen(
             ["wine", str(DRIVER / "click_through.exe"), windows_path(media.installer), *arguments],
             env=dict(screen.environment, RECORD_FILE=windows_path(media.records)),
@@ -328,7 +329,7 @@ class Photographer:
 
 
 def screenshots():
-    for dots_per_inch in (96, 120, 144):
+    for dots_per_inch in (96, 120, 144, 192):
         print(f"== at {dots_per_inch} DPI", flush=True)
         with Screen(f"screenshots-{dots_per_inch}", dots_per_inch, hidden=True) as screen:
             photographer = Photographer(screen)

@@ -1,63 +1,91 @@
 #!/bin/bash
 # Wine prefixes for tests and demonstrations, below build/prefixes.
 #
-#   prefix.sh make NAME...          makes the templates that are missing: win64, win32
-#   prefix.sh start TEMPLATE [NAME] makes a throw-away copy (NAME: as the template) and keeps a
-#                                   server running for it
-#   prefix.sh stop NAME             ends that server and removes the copy
+#   prefix.sh make TEMPLATE...           makes the templates that are missing: win64, win32
+#   prefix.sh start TEMPLATE NAME.PID    makes a throw-away copy, running/NAME.PID, and keeps a
+#                                        server running for it; PID: the process that it is for
+#   prefix.sh stop NAME.PID              ends that server and removes the copy
+#   prefix.sh sweep                      does so with every copy whose process has ended
 set -u
 root=$(cd "$(dirname "$0")/.." && pwd)
 templates=$root/build/prefixes
 copies=$templates/running
-export WINEDEBUG=-all
+# A prefix takes over the shell's locale; file names with bytes above 127 need one that has them.
+export WINEDEBUG=-all LC_ALL=C.UTF-8
 
 make_template() {
     local name=$1 new=$templates/$1.new
-    [ -d "$templates/$name" ] && return 0
-    echo "prefix: making $name"
-    rm -rf "$new"
     mkdir -p "$templates"
-    # Without a display Wine asks nothing; tests need no display, so the copies go without one too.
-    if ! WINEARCH=$name WINEPREFIX=$new env -u DISPLAY -u WAYLAND_DISPLAY sh -c \
-        'wineboot -i && wine reg add "HKCU\\Software\\Wine\\Drivers" /v Graphics /d null /f &&
-         wineserver -w' >"$new.log" 2>&1; then
-        cat "$new.log" >&2
-        echo "prefix: FAILED to make $name" >&2
-        return 1
-    fi
-    # Debian's Wine does not look for its own fonts where Debian has them; without them the dialogs
-    # have other sizes than on Windows, and the close box an "r".
-    cp -s /usr/share/wine/fonts/*.ttf "$new/drive_c/windows/Fonts/" || return 1
-    rm -f "$new.log"
-    mv "$new" "$templates/$name"
+    (
+        # Another run may be making it.
+        flock 9
+        [ ! -d "$templates/$name" ] || exit 0
+        echo "prefix: making $name"
+        rm -rf "$new"
+        # Without a display Wine asks nothing; tests need no display, so the copies go without one
+        # too.
+        if ! WINEARCH=$name WINEPREFIX=$new env -u DISPLAY -u WAYLAND_DISPLAY sh -c \
+            'wineboot -i && wine reg add "HKCU\\Software\\Wine\\Drivers" /v Graphics /d null /f &&
+             wineserver -w' >"$new.log" 2>&1 9>&-; then
+            cat "$new.log" >&2
+            echo "prefix: FAILED to make $name" >&2
+            exit 1
+        fi
+        # Debian's Wine does not look for its own fonts where Debian has them; without them the
+        # dialogs have other sizes than on Windows, and the close box an "r".
+        cp -s /usr/share/wine/fonts/*.ttf "$new/drive_c/windows/Fonts/" || exit 1
+        # Wine links a user's folders to the home folder, which is none of a test's business.
+        find "$new/drive_c/users" -type l -exec rm {} \; -exec mkdir {} \;
+        rm -f "$new.log"
+        touch "$new/made"
+        mv "$new" "$templates/$name"
+    ) 9>"$templates/$name.lock"
+}
+
+start() {
+    local template=$templates/$1 copy=$copies/$2
+    make_template "$1" || return 1
+    sweep
+    stop "$2" || return 1
+    mkdir -p "$copies"
+    # A gigabyte of Wine's libraries, which nobody writes to, is shared; stop looks after that.
+    cp -al "$template" "$copy" && cp -a --remove-destination "$template"/*.reg "$copy/" || return 1
+    # Wine's own services live on and would hold a pipe of the caller open.
+    { WINEPREFIX=$copy wineserver -p && WINEPREFIX=$copy wine cmd /c exit; } \
+        >/dev/null 2>&1 </dev/null
 }
 
 stop() {
-    [ -d "$copies/$1" ] || return 0
-    WINEPREFIX=$copies/$1 wineserver -k
-    rm -rf "${copies:?}/$1"
+    local copy=$copies/$1 written
+    [ -d "$copy" ] || return 0
+    WINEPREFIX=$copy timeout 20 wineserver -k || WINEPREFIX=$copy wineserver -k9
+    written=$(find "$copy" -type f -links +1 -newer "$copy/made" -print -quit)
+    rm -rf "$copy"
+    if [ -n "$written" ]; then
+        # The templates are made anew by the next run.
+        rm -rf "${templates:?}/win64" "${templates:?}/win32"
+        echo "prefix: FAILED: the template was written to: ${written#"$copy/"}" >&2
+        return 1
+    fi
 }
 
-case ${1-} in
-make)
+sweep() {
+    local copy
+    for copy in "$copies"/*.*; do
+        [ ! -d "$copy" ] || [ -d "/proc/${copy##*.}" ] || stop "${copy##*/}"
+    done
+}
+
+case "${1-} $#" in
+make\ *)
     shift
-    for name in "$@"; do
+    for name; do
         make_template "$name" || exit 1
     done
     ;;
-start)
-    copy=${3-$2}
-    make_template "$2" || exit 1
-    stop "$copy"
-    mkdir -p "$copies"
-    cp -a --reflink=auto "$templates/$2" "$copies/$copy" || exit 1
-    export WINEPREFIX=$copies/$copy
-    # Wine's own services live on and would hold a pipe of the caller open.
-    { wineserver -p && wine cmd /c exit; } >/dev/null 2>&1 </dev/null
-    ;;
-stop)
-    stop "$2"
-    ;;
+"start 3") start "$2" "$3" ;;
+"stop 2") stop "$2" ;;
+"sweep 1") sweep ;;
 *)
     sed -n '2,/^set/{/^#/p}' "$0" >&2
     exit 2

@@ -1,5 +1,6 @@
 #!/bin/bash
-# Makes the installer of every product: FOLDER/CODE/Install.exe, and FOLDER/SHA256SUMS.
+# Makes the installer of every product: FOLDER/CODE/Install.exe, FOLDER/SHA256SUMS, and the bill of
+# materials FOLDER/installers.cdx.json.
 #
 #   release.sh FOLDER [INSTALLER]    INSTALLER: an executable that belongs to no product yet;
 #                                    without it, one is built
@@ -9,48 +10,45 @@
 #   PASSWORD_FILE   file with its password
 #   TIMESTAMP_URL   service for the time stamp (RFC 3161); without it there is none, and the
 #                   signatures end with the certificate
+#   CA_FILE         certificates that the signatures are verified against; without it, those in
+#                   CERTIFICATE and of the system
+# Keys on tokens and in signing services: `build/tools/installer-tool release --help`.
 # FOLDER is replaced as a whole, once all is done; it must be new, empty or an earlier release.
 set -eu
 . "$(dirname "$0")/usage.sh"
 [ $# -gt 0 ] || wrong_usage "no folder is named"
 no_more "${@:3}"
 root=$(cd "$(dirname "$0")/.." && pwd)
-folder=${1%/}
 installer=${2-$root/build/release/installer.exe}
-stamp=$root/build/tools/stamp
 
 fail() {
     echo "release: FAILED: $1" >&2
     exit 1
 }
 
-if [ -e "$folder" ] && [ ! -e "$folder/SHA256SUMS" ] && ! rmdir "$folder" 2>/dev/null; then
-    fail "$folder holds something else than a release"
-fi
 [ -z "${CERTIFICATE-}" ] || [ -n "${PASSWORD_FILE-}" ] || fail "PASSWORD_FILE is not set"
 [ $# -eq 2 ] || "$root/scripts/build.sh" release tools
 
-new=$folder.new
-rm -rf "$new"
-mkdir -p "$new"
-trap 'rm -rf "$new"' EXIT
-
-products=$("$stamp" --list)
-while read -r code name; do
-    out=$new/$code/Install.exe
-    mkdir "$new/$code"
-    "$stamp" "$installer" "$code" "$name" "$out"
-    if [ -n "${CERTIFICATE-}" ]; then
-        # Signed last: the signature covers the stamp.
-        osslsigncode sign -pkcs12 "$CERTIFICATE" -readpass "$PASSWORD_FILE" -h sha256 \
-            -n "$name Installation" ${TIMESTAMP_URL:+-ts "$TIMESTAMP_URL"} \
-            -in "$out" -out "$out.signed" >"$new/signing.log" 2>&1 ||
-            fail "signing $code: $(cat "$new/signing.log")"
-        mv "$out.signed" "$out"
-        rm "$new/signing.log"
+signing=()
+if [ -n "${CERTIFICATE-}" ]; then
+    # The shell that signs finds them there, whatever characters they hold.
+    export CERTIFICATE PASSWORD_FILE
+    if [ -z "${CA_FILE-}" ]; then
+        CA_FILE=$(mktemp)
+        trap 'rm -f "$CA_FILE"' EXIT
+        openssl pkcs12 -in "$CERTIFICATE" -passin "file:$PASSWORD_FILE" -nokeys -out "$CA_FILE" ||
+            fail "the certificate \"$CERTIFICATE\" cannot be read"
+        cat /etc/ssl/certs/ca-certificates.crt >>"$CA_FILE" 2>/dev/null || true
     fi
-    echo "$code/Install.exe  $name"
-done <<<"$products"
-(cd "$new" && LC_ALL=C && sha256sum -- */Install.exe >SHA256SUMS)
-rm -rf "$folder"
-mv "$new" "$folder"
+    export CA_FILE
+    # shellcheck disable=SC2016 # for the shell that signs
+    signing=(
+        --sign-command 'osslsigncode sign -pkcs12 "$CERTIFICATE" -readpass "$PASSWORD_FILE" \
+            -h sha256 -n {name} ${TIMESTAMP_URL:+-ts "$TIMESTAMP_URL"} -in {in} -out {out}'
+        --verify-command 'osslsigncode verify -CAfile "$CA_FILE" -in {in}'
+    )
+    [ -z "${TIMESTAMP_URL-}" ] || export TIMESTAMP_URL
+else
+    echo "release: CERTIFICATE is not set: the installers stay unsigned" >&2
+fi
+"$root/build/tools/installer-tool" release "$1" --installer "$installer" "${signing[@]}"

@@ -2,10 +2,49 @@
 
 #include "platform/ansi_text.h"
 
+namespace {
+
+bool isFullPath(const std::string& path) {
+    return path.starts_with("\\\\") || (path.size() > 2 && path[1] == ':' && path[2] == '\\');
+}
+
+std::string expanded(const std::string& text, std::string (*variable)(const std::string& name)) {
+    std::string result;
+    std::size_t copied = 0;
+    for (;;) {
+        const std::size_t start = text.find('%', copied);
+        const std::size_t end = start == std::string::npos ? start : text.find('%', start + 1);
+        if (end == std::string::npos) {
+            return result.append(text, copied);
+        }
+        const std::string value = variable(text.substr(start + 1, end - start - 1));
+        if (value.empty()) {
+            // The second percent sign may be the first of another variable.
+            result.append(text, copied, end - copied);
+            copied = end;
+        } else {
+            result.append(text, copied, start - copied).append(value);
+            copied = end + 1;
+        }
+    }
+}
+
+}  // namespace
+
 std::string helpFilePath(const std::string& programPath) {
     const std::size_t dot = programPath.rfind('.');
     const std::size_t backslash = findLastBackslash(programPath);
     const bool hasExtension =
         dot != std::string::npos && (backslash == std::string::npos || dot > backslash);
     return programPath.substr(0, hasExtension ? dot : std::string::npos) + ".chm";
+}
+
+std::string registeredControlPath(unsigned long type, const std::string& text,
+                                  std::string (*variable)(const std::string& name)) {
+    constexpr unsigned long plain = 1;
+    constexpr unsigned long expandable = 2;
+    const std::string path = type == plain        ? text
+                             : type == expandable ? expanded(text, variable)
+                                                  : std::string();
+    return isFullPath(path) ? path : std::string();
 }

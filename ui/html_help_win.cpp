@@ -3,51 +3,63 @@
 #include <htmlhelp.h>
 
 #include "platform/ansi_text.h"
+#include "platform/handle_win.h"
 #include "platform/system_library_win.h"
+#include "ui/html_help.h"
 
 namespace {
 
 /// Ordinal of HtmlHelpA in the control (htmlhelp.h, ATOM_HTMLHELP_API_ANSI).
 constexpr WORD htmlHelpOrdinal = 14;
 
-/// The path in the control's registration; empty when there is none.
-std::string registeredPath() {
-    HKEY key;
-    if (RegOpenKeyExA(HKEY_CLASSES_ROOT,
-                      "CLSID\\{ADB880A6-D8FF-11CF-9377-00AA003B7A11}\\InprocServer32", 0,
-                      KEY_QUERY_VALUE, &key) != ERROR_SUCCESS) {
-        return {};
-    }
+constexpr const char* controlKey =
+    "Software\\Classes\\CLSID\\{ADB880A6-D8FF-11CF-9377-00AA003B7A11}\\InprocServer32";
+constexpr const char* variablesKey =
+    "SYSTEM\\CurrentControlSet\\Control\\Session Manager\\Environment";
+
+struct RegistryText {
+    DWORD type = REG_NONE;
+    std::string text;  ///< at most MAX_PATH bytes
+};
+
+/// A value that only administrators can write. REG_NONE when it is missing or too long.
+RegistryText machineText(const char* keyPath, const char* name) {
+    RegistryHandle key;
     // One byte more than is read: a value in the registry need not be terminated.
     char value[MAX_PATH + 1]{};
     DWORD size = MAX_PATH;
     DWORD type = REG_NONE;
-    const LONG status =
-        RegQueryValueExA(key, nullptr, nullptr, &type, reinterpret_cast<BYTE*>(value), &size);
-    RegCloseKey(key);
-    if (status != ERROR_SUCCESS) {
+    if (RegOpenKeyExA(HKEY_LOCAL_MACHINE, keyPath, 0, KEY_QUERY_VALUE, key.receive()) !=
+            ERROR_SUCCESS ||
+        RegQueryValueExA(key.get(), name, nullptr, &type, reinterpret_cast<BYTE*>(value), &size) !=
+            ERROR_SUCCESS) {
         return {};
     }
-    if (type == REG_SZ) {
-        return value;
+    return {type, value};
+}
+
+/// A variable of the machine's environment, not of the process's: there any program may have set
+/// one for the user. Empty when there is none.
+std::string machineVariable(const std::string& name) {
+    if (equalIgnoringCase(name, "SystemRoot") || equalIgnoringCase(name, "windir")) {
+        char folder[MAX_PATH] = "";
+        return GetSystemWindowsDirectoryA(folder, sizeof folder) < sizeof folder ? folder : "";
     }
-    char expanded[MAX_PATH];
-    if (type != REG_EXPAND_SZ ||
-        ExpandEnvironmentStringsA(value, expanded, sizeof expanded) > sizeof expanded) {
-        return {};
-    }
-    return expanded;
+    const RegistryText variable = machineText(variablesKey, name.c_str());
+    return variable.type == REG_SZ ? variable.text : std::string();
+}
+
+/// The path in the control's registration; empty when there is none. In the machine's half of the
+/// classes: HKEY_CLASSES_ROOT puts the user's, where any program may write, before it.
+std::string registeredPath() {
+    const RegistryText registration = machineText(controlKey, nullptr);
+    return registeredControlPath(registration.type, registration.text, machineVariable);
 }
 
 HMODULE loadControl() {
     const std::string path = registeredPath();
-    // A bare name would be looked for beside the installer first, where anybody may have put one.
-    if (findLastBackslash(path) != std::string::npos) {
-        if (const HMODULE control = LoadLibraryA(path.c_str())) {
-            return control;
-        }
-    }
-    return loadSystemLibrary("hhctrl.ocx");
+    const HMODULE control = path.empty() ? nullptr : LoadLibraryA(path.c_str());
+    return control != nullptr ? control : loadSystemLibrary("hhctrl.ocx");
 }
 
 }  // namespace

@@ -13,8 +13,8 @@ struct TextExtent {
 
 /// The prompt's lines, at least one. CR, LF, CR LF and LF CR each end a line. A single break
 /// character that ends the prompt is kept in its line. The pieces point into `prompt`.
-std::vector<std::string_view> promptLines(std::string_view prompt);
+[[nodiscard]] std::vector<std::string_view> promptLines(std::string_view prompt);
 
 /// Pixels by which the prompt's control of `width` by `height` pixels, and the dialog, become
 /// taller; 0 when the lines fit. `width` must be positive and `lines` not empty.
-int promptGrowth(std::span<const TextExtent> lines, int width, int height);
+[[nodiscard]] int promptGrowth(std::span<const TextExtent> lines, int width, int height);

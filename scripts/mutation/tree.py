@@ -95,13 +95,12 @@ class Build:
         return digest.hexdigest()
 
     def read_tests(self):
-        """Sets `suites`, and who starts and who ends each fixture."""
-        self.suites, self.starts, self.ends = [], {}, {}
+        """Sets `suites`, and who starts each fixture."""
+        self.suites, self.starts = [], {}
         for test in json.loads(self._run_or_fail(["ctest", "--show-only=json-v1"], self.folder))["tests"]:
             properties = {each["name"]: each["value"] for each in test["properties"]}
-            for fixtures, step in ((self.starts, "FIXTURES_SETUP"), (self.ends, "FIXTURES_CLEANUP")):
-                for fixture in properties.get(step, []):
-                    fixtures.setdefault(fixture, []).append(test["name"])
+            for fixture in properties.get("FIXTURES_SETUP", []):
+                self.starts.setdefault(fixture, []).append(test["name"])
             programs = self.programs()
             named = [os.path.relpath(word, self.folder) for word in test.get("command", []) if os.path.isabs(word)]
             self.suites.append(Suite(test["name"], next((name for name in named if name in programs), ""),
@@ -119,7 +118,7 @@ class Build:
         except subprocess.TimeoutExpired:
             return False
         finally:
-            # With all that it started; what runs under Wine by then ends with its prefix.
+            # With all that it started; what runs under Wine by then is ended by the next test there.
             if process.poll() is None:
                 os.killpg(process.pid, signal.SIGKILL)
                 process.wait()
@@ -130,7 +129,6 @@ class Tree:
 
     def __init__(self, root, folder):
         self.folder = folder
-        self.running = False  # the Wine prefixes
         copy_sources(root, folder)
 
     def native_files(self):
@@ -163,11 +161,10 @@ class Tree:
         self.checked.read_tests()
         self.windows_suites = [
             suite for prefix in prefixes for suite in self.checked.suites
-            if prefix in suite.needs and suite.program
+            if suite.name.endswith(f".{prefix}") and suite.program
         ]  # fmt: skip
         if not self.windows_suites:
             raise Failure(f"no test runs in a prefix of {', '.join(prefixes)}")
-        self.prefixes = prefixes
         self._remember_objects(self.checked)
         programs = self.checked.programs()
         self.parts = {
@@ -175,7 +172,6 @@ class Tree:
             for suite in self.windows_suites
         }
         self.sound_programs = {suite: self._programs(suite) for suite in self.windows_suites}
-        self.start_prefixes()
 
     def _remember_objects(self, build):
         build.sound = {}
@@ -243,11 +239,9 @@ class Tree:
                 if self._programs(suite) == self.sound_programs[suite]:
                     continue
                 able = True
-                self.start_prefixes()
                 passed = self.checked.test([suite.name], order.limits[suite.name])
                 order.learn(suite, change.file, seen=not passed)
                 if not passed:
-                    self.stop_prefixes()  # what the broken run left behind goes with them
                     return "seen", suite.name
         return ("survived" if able else "same code"), None
 
@@ -258,28 +252,16 @@ class Tree:
         return (program, *installers) if self.runs_installer(suite) else (program,)
 
     def runs_installer(self, suite):
-        return bool(self._own_fixtures(suite))
-
-    def _own_fixtures(self, suite):
-        return [fixture for fixture in suite.needs if fixture not in self.prefixes]
+        return bool(suite.needs)
 
     def make_shipped(self, suite):
         """Whether the installers of all products can be made, as the suite's fixtures do it."""
-        names = [name for fixture in self._own_fixtures(suite) for name in self.checked.starts[fixture]]
+        names = [name for fixture in suite.needs for name in self.checked.starts[fixture]]
         return self.checked.test(names, FIXTURE_LIMIT)
 
-    def start_prefixes(self):
-        if not self.running:
-            self.running = True
-            for prefix in self.prefixes:
-                if not self.checked.test(self.checked.starts[prefix], FIXTURE_LIMIT):
-                    raise Failure(f"cannot start the prefix {prefix}")
-
-    def stop_prefixes(self):
-        if self.running:
-            for prefix in self.prefixes:
-                self.checked.test(self.checked.ends[prefix], FIXTURE_LIMIT)
-            self.running = False
+    def remove_prefixes(self):
+        """Removes what tests that were ended by force left of their prefixes."""
+        subprocess.run([self.folder / "scripts" / "prefix.sh", "sweep"], check=False)
 
 
 def copy_sources(root, folder):

@@ -21,6 +21,14 @@ TEST(ProductDataFile, TellsWhatIsWrongAndTriesAgain) {
     std::ofstream(folder / "ProductData.inx") << "plain";
     EXPECT_FALSE(loadProductDataText(file, folder.string() + '\\', path, error));
     EXPECT_EQ(error, "Cannot load product data - The text is not enciphered.");
+    // Up to 32 MB the content is looked at.
+    std::filesystem::resize_file(folder / "ProductData.inx", 0x2000000);
+    EXPECT_FALSE(loadProductDataText(file, folder.string(), path, error));
+    EXPECT_EQ(error, "Cannot load product data - The text is not enciphered.");
+    std::filesystem::resize_file(folder / "ProductData.inx", 0x2000001);
+    EXPECT_FALSE(loadProductDataText(file, folder.string(), path, error));
+    EXPECT_EQ(error, "Cannot load product data - The file cannot be read.");
+    std::filesystem::resize_file(folder / "ProductData.inx", 5);
     std::filesystem::rename(folder / "ProductData.inx", folder / "ProductData.ini");
     EXPECT_TRUE(loadProductDataText(file, folder.string() + '\\', path, error));
     EXPECT_EQ(path, (folder / "ProductData.ini").string());

@@ -1,118 +1,119 @@
 // The free protocol viewer: no question, older viewers go, then the hand-over.
 #include <gtest/gtest.h>
 
-#include <regex>
+#include <ctime>
 
 #include "tests/end_to_end/stage.h"
 
 namespace {
 
-constexpr const char* testSuiteViewer = "Test Suite Observer";
-constexpr const char* protocolViewer = "Bluetooth Protocol Viewer";
 const std::string logFolder = "C:\\users\\Public\\Documents\\Halvick Test Equipment";
 const std::string logFile = logFolder + "\\InstallLog.txt";
+constexpr const char *suiteViewer = "Test Suite Observer", *viewer = "Bluetooth Protocol Viewer";
 
-class DirectInstall : public testing::Test {
-  protected:
-    ~DirectInstall() override { removeFolder(logFolder); }
-
-    std::string location(const std::string& key) const { return stage.scratch + "old " + key; }
-    std::string oldUninstaller() const { return location("a") + "\\setup.exe"; }
-    /// Of the viewer `key`.
-    std::string newUninstallerRan(const std::string& key) const {
-        return Stage::ran(location(key) + "\\UninstallQmx.exe");
-    }
-    /// Registers a viewer; behind its uninstaller in quotes the command has the arguments.
-    void addInstalled(const std::string& key, const char* name, const std::string& arguments) {
-        stage.layOut(location(key) + "\\setup.exe", "100");
-        stage.addInstalled(key, name, "12.0.0.0", '"' + location(key) + "\\setup.exe\"" + arguments,
-                           location(key));
-    }
-
-    Stage stage{"1q"};
-    const std::string setup = Stage::ran(
-        stage.path("Setup.Exe"),
-        "/hide_usd -build=16.4.10002.0`-pid=1Q`-pf=Bluetooth SIG`-type=LIVE`-tmp=" + stage.folder +
-            '`');
-};
-
-TEST_F(DirectInstall, RemovesEveryViewerWithTheNewUninstaller) {
-    stage.run({}, setup);
-    stage.layOut(stage.path("UninstallQmx.exe"), "100");
-    addInstalled("a", protocolViewer, " -remove -quiet");
-    stage.run({}, newUninstallerRan("a") + setup);
-    addInstalled("b", testSuiteViewer, " -remove");
-    addInstalled("c", "Tavlink Serial Analyzer", " -remove");
-    stage.run({}, newUninstallerRan("b") + newUninstallerRan("a") + setup);
+std::string location(const std::string& key) {
+    return scratch + "old " + key;
+}
+std::string marker(const std::string& key) {
+    return location(key) + "\\liveimport.ini";
 }
 
-TEST_F(DirectInstall, RunsAnUninstallerOfAnotherNameAsItIs) {
-    const std::string other = stage.scratch + "remove it.exe";
-    stage.layOut(other);
-    stage.addInstalled("a", protocolViewer, "12.0.0.0", other, location("a"));
-    writeFile(stage.scratch + "liveimport.ini", "");
-    stage.run({}, Stage::ran(other) + setup);
+/// A viewer, listed in the order of `key`: behind its uninstaller in quotes the command has the
+/// arguments. The marker is there, as if an uninstaller were at work for ever.
+Given old(const std::string& key, const std::string& name, const std::string& arguments = " -x") {
+    const std::string uninstaller = location(key) + "\\setup.exe";
+    return [=] {
+        program(uninstaller)();
+        file(marker(key))();
+        file(location(key) + "\\UninstallQmx.exe.script", "100")();
+        installed(key, name, '"' + uninstaller + '"' + arguments, location(key))();
+    };
+}
+const Given newUninstaller = program(media + "UninstallQmx.exe");
+Step newUninstallerRan(const std::string& key) {
+    return ran(location(key) + "\\UninstallQmx.exe");
+}
+Step oldUninstallerRan(const std::string& arguments) {
+    return ran(location("a") + "\\setup.exe", arguments);
+}
+const Step waitForMarker{marker("a"), {}, Step::Kind::WaitForFile};
+
+Step viewerSetup(const std::string& build = defaultBuild) {
+    return ran(
+        media + "Setup.Exe",
+        "/hide_usd -build=" + build + "`-pid=1Q`-pf=Bluetooth SIG`-type=LIVE`-tmp=" + media + '`');
 }
 
-TEST_F(DirectInstall, FallsBackToTheOldUninstallerAndItsMarker) {
-    CreateDirectoryA(logFolder.c_str(), nullptr);
-    writeFile(logFile, "earlier\r\n");
-    addInstalled("a", protocolViewer, " -remove \"a b\"");
-    const std::string marker = location("a") + "\\liveimport.ini";
-    writeFile(marker, "");
-    const std::string removal = Stage::ran(oldUninstaller(), "-remove \"a b\"");
-    {
-        InstallerRun run(stage.installer, stage.arguments());
-        // The uninstaller leaves its work to another program, which removes the marker at its end.
-        stage.awaitRecords(removal);
-        EXPECT_EQ(WaitForSingleObject(run.process.hProcess, 1500), DWORD{WAIT_TIMEOUT});
-        EXPECT_EQ(stage.records(), removal);
-        DeleteFileA(marker.c_str());
-        EXPECT_EQ(WaitForSingleObject(run.process.hProcess, 2000), WAIT_OBJECT_0);
-        Stage::expectEnd(run);
-        EXPECT_EQ(stage.records(), removal + setup);
-    }
-    const std::string log = readFile(logFile), earlier = "earlier\r\n";
-    const size_t message = earlier.size() + std::string("2026-01-01 00:00:00").size();
-    EXPECT_TRUE(
-        std::regex_match(log.substr(0, message),
-                         std::regex("earlier\r\n\\d{4}-\\d\\d-\\d\\d \\d\\d:\\d\\d:\\d\\d")));
-    EXPECT_EQ(log.substr(std::min(message, log.size())),
-              " Version 16.4.10002.0 CopyFile from \"" + stage.path("UninstallQmx.exe") +
-                  "\" to \"" + location("a") + "\\UninstallQmx.exe\" failed - 2\r\n");
+TEST(DirectInstall, RemovesEveryViewerAndHandsOver) {
+    const std::string other = scratch + "remove it.exe";
+    play({
+        {"1q: no viewer", {viewerSetup()}},
+        {"1q: no setup utility, after the removal",
+         {newUninstallerRan("a"),
+          box("Failed to locate program installation utility: \"" + media + "Setup.Exe\"",
+              "error")},
+         {newUninstaller, old("a", viewer), removed(media + "Setup.Exe")}},
+        {"1q: both editions, and nothing else",
+         {newUninstallerRan("b"), newUninstallerRan("a"), newUninstallerRan("c"), viewerSetup()},
+         {newUninstaller, old("a", viewer), old("b", suiteViewer), old("c", viewer),
+          old("d", "Bluetooth Protocol Viewer 2"), old("e", "My Test Suite Observer"),
+          old("f", "bluetooth protocol viewer"), old("g", "Tavlink Serial Analyzer")}},
+        {"1q: an uninstaller of another name, and one that is not there",
+         {ran(other), shellMessage, viewerSetup()},
+         {program(other), file(marker("a")), installed("a", viewer, other, location("a")),
+          installed("b", viewer, scratch + "absent.exe")}},
+    });
 }
 
-// Kept: the arguments start at a fixed distance behind the name.
-TEST_F(DirectInstall, CutsTheOldCommandByPosition) {
-    addInstalled("a", protocolViewer, "/x -remove");
-    stage.run({}, Stage::ran(oldUninstaller(), "x -remove") + setup);
+/// UTC, as the log tells it.
+std::string now() {
+    const std::time_t time = std::time(nullptr);
+    char text[20];
+    std::strftime(text, sizeof text, "%Y-%m-%d %H:%M:%S", std::gmtime(&time));
+    return text;
+}
+
+TEST(DirectInstall, FallsBackToTheOldUninstallerAndLogsIt) {
+    SYSTEMTIME utc, local;
+    GetSystemTime(&utc);
+    GetLocalTime(&local);
+    EXPECT_NE(utc.wHour, local.wHour) << "the clocks cannot be told apart";
+    file(logFile, "earlier\r\n")();
+    const std::string start = now();
+    play({"1q: with its arguments",
+          {oldUninstallerRan("-remove \"a b\""), waitForMarker, viewerSetup("1.2.3.4")},
+          {old("a", viewer, " -remove \"a b\""),
+           file(scratch + "ProductData.ini", "[Version Number]\r\nVersion Number=1.2.3.4\r\n")}});
+    const std::string log = readFile(logFile), time = log.substr(log.find('\n') + 1, 19);
+    EXPECT_EQ(log, "earlier\r\n" + time + " Version 16.4.10002.0 CopyFile from \"" + media +
+                       "UninstallQmx.exe\" to \"" + location("a") +
+                       "\\UninstallQmx.exe\" failed - 2\r\n");
+    EXPECT_LE(start, time);
+    EXPECT_LE(time, now());
+    removeFolder(logFolder);
+
+    // Kept: the arguments start at a fixed distance behind the name.
+    play({"1q: cut by position",
+          {oldUninstallerRan("x -remove"), waitForMarker, viewerSetup()},
+          {old("a", viewer, "/x -remove")}});
     EXPECT_EQ(readFile(logFile), "") << "the log's folder is not made";
 }
 
-TEST_F(DirectInstall, StopsTheRunningCopiesOfTheViewerAlone) {
-    stage.layOut(stage.path("UninstallQmx.exe"));
-    addInstalled("a", protocolViewer, " -remove");
-    PROCESS_INFORMATION copies[2];
-    std::string started;
-    for (const int copy : {0, 1}) {
-        const std::string program =
-            location(copy == 0 ? "a" : "b") + "\\Executables\\Core\\QMX.exe";
-        stage.layOut(program, "60000");
-        STARTUPINFOA startup{};
-        startup.cb = sizeof startup;
-        ASSERT_TRUE(CreateProcessA(program.c_str(), nullptr, nullptr, nullptr, FALSE, 0, nullptr,
-                                   nullptr, &startup, &copies[copy]));
-        started += '"' + program + "\"\n";
-        stage.awaitRecords(started);
+TEST(DirectInstall, StopsTheRunningCopiesOfTheViewerAlone) {
+    const std::string core = "\\Executables\\Core\\";
+    std::vector<HANDLE> processes;
+    play({"1q: running copies",
+          {newUninstallerRan("a"), viewerSetup()},
+          {newUninstaller, old("a", viewer), running(location("a") + core + "QMX.exe", processes),
+           running(location("b") + core + "QMX.exe", processes),
+           running(location("a") + core + "qmx2.exe", processes)}});
+    std::string alive;
+    for (const HANDLE process : processes) {
+        alive += WaitForSingleObject(process, 0) == WAIT_TIMEOUT ? "alive " : "ended ";
+        TerminateProcess(process, 0);
+        CloseHandle(process);
     }
-    stage.run({}, newUninstallerRan("a") + setup);
-    EXPECT_EQ(WaitForSingleObject(copies[0].hProcess, 0), WAIT_OBJECT_0);
-    EXPECT_EQ(WaitForSingleObject(copies[1].hProcess, 0), DWORD{WAIT_TIMEOUT});
-    for (const PROCESS_INFORMATION& copy : copies) {
-        TerminateProcess(copy.hProcess, 0);
-        CloseHandle(copy.hProcess);
-        CloseHandle(copy.hThread);
-    }
+    EXPECT_EQ(alive, "ended alive alive ");
 }
 
 }  // namespace

@@ -1,85 +1,57 @@
 #include <gtest/gtest.h>
 
-#include "tests/end_to_end/extraction.h"
+#include "tests/end_to_end/stage.h"
 
 namespace {
 
-class Drivers : public testing::Test {
-  protected:
-    ~Drivers() override { removeFolder(testSystemFolder); }
-};
+const Step serial = extracted("SerialTavlinkDrivers.fzx");
+const Step corvane = extracted("CorvaneTavlinkDrivers.fzx");
+const Step multiprotocolSetup = setup("1w", "Halvick 16.4.10002.0", "LIVE x86");
 
-TEST_F(Drivers, AreInstalledBeforeTheHandOver) {
-    const std::string processor = on64BitWindows() ? "x64" : "x86";
-    const std::string serial = "SerialTavlinkDrivers.fzx", corvane = "CorvaneTavlinkDrivers.fzx";
-    const Step hardware{
-        "* | Please select the type of product to install.\nOnly the live product "
-        "works with capture hardware. | Live Product | File Viewer | Demonstration "
-        "| Install | Cancel | Help",
-        {"Install"}};
-    const struct {
-        std::string code, archive;
-        Steps steps;
-        std::string folder, type = "LIVE", bitness = "x86", release = "";
-    } table[] = {
-        {"1k", serial, {hardware}, "Halvick Tavlink Serial Analyzer "},
-        {"1m",
-         serial,
-         {hardware},
-         "Halvick Tavlink Industrial Analyzer ",
-         "LIVE " + processor,
-         processor},
-        {"1w", corvane, {}, "Halvick ", "LIVE x86"},
-        // On a release that the drivers do not run on.
-        {"1w", "", {{"* | Yes | No", {"Yes"}}}, "Halvick ", "LIVE x86", "x86", "win2k"},
+TEST(Drivers, AreInstalledInTheirPlaceOfTheRun) {
+    const std::string uninstaller = scratch + "old.exe";
+    play({
+        {"1k: before the choice, older versions left alone",
+         {serial, ran(unpacked), chooseLive,
+          setup("1k", "Halvick Tavlink Serial Analyzer 16.4.10002.0")},
+         {extractionTool(), installed("a", "Tavlink Serial Analyzer", "x")}},
+        {"1k: before a cancelled choice",
+         {serial, ran(unpacked), choose("Live Product", "Cancel")},
+         {extractionTool()}},
+        {"1k: without an extraction tool",
+         {shellMessage, choose("Demonstration"),
+          setup("0g", "Halvick Tavlink Serial Demo 16.4.10002.0", "DEMO")}},
+        {"1w: in place of the choice, after the removal",
+         {{"* | No, Skip", {"Yes, Uninstall Selected Version(s)"}},
+          ran(uninstaller),
+          corvane,
+          ran(unpacked),
+          multiprotocolSetup},
+         {extractionTool(), program(uninstaller),
+          installed("a", "Halvick Anything 12", uninstaller)}},
+        {"1w: not on this release, and without a choice all the same",
+         {{"* | Yes | No", {"Yes"}}, multiprotocolSetup},
+         {extractionTool(), release("win2k")}},
         // Further families end the run in silence.
-        {"16", "", {}, ""},
-        {"1r", "", {}, ""},
-        {"1u", "", {}, ""},
-    };
-    for (const auto& row : table) {
-        SCOPED_TRACE(row.code + ' ' + row.release);
-        Stage stage(row.code, "media with blanks");
-        if (row.release == "win2k") {
-            stage.setRegistry(HKEY_CURRENT_USER, "Software\\Wine\\AppDefaults\\Install.exe",
-                              "Version", row.release);
-        }
-        layOutExtraction(stage);
-        stage.run(
-            row.steps,
-            (row.archive.empty() ? "" : extraction(stage, row.archive) + Stage::ran(unpacked)) +
-                (row.folder.empty()
-                     ? ""
-                     : stage.setup(row.code, row.folder + defaultBuild, row.type, row.bitness)));
-    }
+        {"16: Bluetooth", {}, {extractionTool()}},
+        {"1r: low energy", {}, {extractionTool()}},
+        {"1u: Corvane", {}, {extractionTool()}},
+    });
 }
 
-TEST_F(Drivers, AreInstalledAsFarAsTheReportTells) {
-    const struct {
-        const char* what;
-        std::string report;
-        bool installs = false;
-    } table[] = {
-        {"empty", ""},
-        {"no name", "\"sub folder\\setup.exe\""},
-        {"the other bitness", "\"sub folder\\dpinst_" + otherBits + ".exe\""},
-        {"capitals", "\"sub folder\\DPINST_" + bits + ".EXE\""},
-        {"no quote in front", "sub folder\\" + driverInstaller + '"'},
-        {"name first", driverInstaller + '"'},
-        {"a file that is not there", "\"other folder\\" + driverInstaller + '"'},
-        {"zero bytes in front", std::string(3, '\0') + "\"sub folder\\" + driverInstaller + '"',
-         true},
-        {"10 MB", std::string(10'000'000, '"') + "sub folder\\" + driverInstaller, true},
-        {"out of the folder", "\"..\\Drivers\\sub folder\\" + driverInstaller + '"', true},
-    };
-    for (const auto& row : table) {
-        SCOPED_TRACE(row.what);
-        const Stage stage("1w", "media with blanks");
-        layOutExtraction(stage, row.report);
-        stage.run({}, extraction(stage, "CorvaneTavlinkDrivers.fzx") +
-                          (row.installs ? Stage::ran(unpacked) : "") +
-                          stage.setup("1w", "Halvick 16.4.10002.0", "LIVE x86"));
-    }
+TEST(Drivers, AreInstalledAsFarAsTheReportTells) {
+    const std::string other = on64BitWindows() ? "32" : "64", sub = "\"sub folder\\";
+    const std::vector<Step> passedOver{corvane, multiprotocolSetup};
+    const std::vector<Step> run{corvane, ran(unpacked), multiprotocolSetup};
+    play({
+        {"1w: an empty report", passedOver, {extractionTool("")}},
+        {"1w: the other bitness", passedOver, {extractionTool(sub + "dpinst_" + other + ".exe\"")}},
+        {"1w: a file that is not there", passedOver, {extractionTool("\"x\\" + driverInstaller)}},
+        {"1w: 1 MB", run, {extractionTool(std::string(1'000'000, '\0') + sub + driverInstaller)}},
+        {"1w: out of the folder",
+         run,
+         {extractionTool("\"..\\Drivers\\sub folder\\" + driverInstaller)}},
+    });
 }
 
 }  // namespace

@@ -5,106 +5,107 @@
 namespace {
 
 const std::string confirm = "Yes, Uninstall Selected Version(s)", skip = "No, Skip";
-const std::string buttons = " | Select All/ Deselect All | " + confirm + " | " + skip;
+const std::string selectAll = "Select All/ Deselect All";
 
-/// The prompt about one version, and about several.
-const std::string asksAboutOne =
-    "Tavlink Protocol Analysis System | We found the following version of the Tavlink Protocol "
-    "Analysis System software on your computer: | Would you like to uninstall it? | ";
-const std::string asksAboutSeveral =
-    "Tavlink Protocol Analysis System | We found the following versions of the Tavlink Protocol "
-    "Analysis System software on your computer: | Would you like to uninstall them? | ";
+/// The prompt about these versions, on a list of one or of several.
+Step asks(const std::string& rows, const std::vector<std::string>& actions, bool several = false) {
+    return {std::string("Tavlink Protocol Analysis System | We found the following version") +
+                (several ? "s" : "") +
+                " of the Tavlink Protocol Analysis System software on your computer: | Would you "
+                "like to uninstall " +
+                (several ? "them" : "it") + "? | " + rows + " | " + selectAll + " | " + confirm +
+                " | " + skip,
+            actions};
+}
 
-class OlderVersions : public testing::Test {
-  protected:
-    /// In the order of `key`; with an uninstaller.
-    void addInstalled(const std::string& key, const std::string& name,
-                      const std::string& version = "12.0.0.0") {
-        stage.layOut(uninstaller(key), "100");
-        stage.addInstalled(key, name, version, uninstaller(key), stage.scratch + key);
-    }
-    std::string uninstaller(const std::string& key) const {
-        return stage.scratch + key + "\\un install.exe";
-    }
-    std::string removed(const std::string& key) const { return Stage::ran(uninstaller(key)); }
+std::string uninstaller(const std::string& key) {
+    return scratch + key + "\\un install.exe";
+}
+/// In the order of `key`.
+Given version(const std::string& key, const std::string& name,
+              const std::string& number = "12.0.0.0") {
+    return [=] {
+        program(uninstaller(key))();
+        installed(key, name, uninstaller(key), scratch + key, number)();
+    };
+}
 
-    Stage stage{"04"};
-    const std::string setup = stage.setup("04", "Halvick Tavlink Classic Analyzer 16.4.10002.0");
-};
+const Step classicSetup = setup("04", "Halvick Tavlink Classic Analyzer 16.4.10002.0");
 
-TEST_F(OlderVersions, OneIsOfferedInTheSingular) {
+TEST(OlderVersions, AreSortedAndTheTickedOnesRemovedOneAfterAnother) {
+    const std::string beta = "beta Tavlink Classic Analyzer 2";
+    const std::vector<Given> versions = {
+        version("a", beta),
+        version("b", "Alpha Tavlink Classic Analyzer 12"),
+        version("c", "Tavlink Classic Analyzer 13"),
+        version("d", beta),
+        version("e", "Tavlink Classic Analyzer 10", "10.9.1.0"),
+        version("f", "Tavlink Classic Analyzer 11", "11.0"),
+        version("g", "TAVLINK Classic Analyzer 12"),
+        version("h", "Tavlink Serial Analyzer 12"),
+        // No uninstaller, and one that is no program.
+        removed(uninstaller("c")),
+        file(uninstaller("d"), "a text"),
+    };
+    const std::string rows = "[x] Alpha Tavlink Classic Analyzer 12 | [x] " + beta + " | [x] " +
+                             beta + " | [x] Tavlink Classic Analyzer 13";
+    const std::string end = "key 35", up = "key 38", down = "key 40", blank = "key 32";
+    // The program's own word comes without an owner, on top of the prompt.
+    const Step noProgram{"Error | warning | Unknown ShellExecute error ! | OK", {"OK"}};
+    const auto prompt = [&](const std::vector<std::string>& actions) {
+        return asks(rows, actions, true);
+    };
+    play({
+        // One ticked row removes every version of its name, and what fails is passed over.
+        {"04: unticked by keyboard",
+         {prompt({"columns 20,0 400,0 +4", blank, down, down, blank, confirm}),
+          ran(uninstaller("a")), shellMessage, noProgram, shellMessage, chooseLive, classicSetup},
+         versions},
+        {"04: one by keyboard",
+         {prompt({end, blank, up, blank, up, blank, confirm}), ran(uninstaller("b")), chooseLive,
+          classicSetup},
+         versions},
+        {"04: none",
+         {prompt({selectAll, "sees | [ ] Alpha", selectAll, "sees " + rows, selectAll, confirm}),
+          chooseLive, classicSetup},
+         versions},
+        {"04: skipped", {prompt({skip}), chooseLive, classicSetup}, versions},
+        {"04: escape", {prompt({"key 27"}), chooseLive, classicSetup}, versions},
+        {"04: close box", {prompt({"close"}), chooseLive, classicSetup}, versions},
+    });
+}
+
+TEST(OlderVersions, AreThoseOfTheProductOrOfTheMaker) {
     // The longest name that is read.
     const std::string name = std::string(234, '\xE9') + " Tavlink Classic Analyzer";
-    addInstalled("a", name);
-    addInstalled("b", 'x' + name);
-    stage.run({{asksAboutOne + "[x] " + name + buttons, {confirm}}, chooseLive},
-              removed("a") + setup);
-}
-
-TEST_F(OlderVersions, SeveralAreSortedAndTheTickedOnesRemovedOneAfterAnother) {
-    addInstalled("a", "beta Tavlink Classic Analyzer 2");
-    addInstalled("b", "Alpha Tavlink Classic Analyzer 12");
-    addInstalled("c", "Tavlink Classic Analyzer 13");
-    addInstalled("d", "beta Tavlink Classic Analyzer 2");
-    addInstalled("e", "Tavlink Classic Analyzer 10", "10.9.1.0");
-    addInstalled("f", "Tavlink Classic Analyzer 11", "11.0");
-    addInstalled("g", "TAVLINK Classic Analyzer 12");
-    addInstalled("h", "Tavlink Serial Analyzer 12");
-    DeleteFileA(uninstaller("c").c_str());
-    const std::string rows =
-        "[x] Alpha Tavlink Classic Analyzer 12 | [x] beta Tavlink Classic "
-        "Analyzer 2 | [x] beta Tavlink Classic Analyzer 2 | [x] Tavlink "
-        "Classic Analyzer 13";
-    const std::string prompt = asksAboutSeveral + rows + buttons, all = "Select All/ Deselect All";
-    const std::string end = "key 35", up = "key 38", blank = "key 32", down = "key 40",
-                      escape = "key 27";
-    const struct {
-        const char* what;
-        std::vector<std::string> actions;
-        bool missesOne = false;
-        std::string removed = {};
-    } table[] = {
-        // One ticked row removes every version of its name.
-        {"unticked by keyboard",
-         {blank, down, down, blank, confirm},
-         true,
-         removed("a") + removed("d")},
-        {"one by keyboard",
-         {all, "sees | [ ] Alpha", end, blank, up, up, up, blank, confirm},
-         true,
-         removed("b")},
-        {"none", {all, all, "sees " + rows, all, confirm}},
-        {"skipped", {skip}},
-        {"escape", {escape}},
-    };
-    for (const auto& row : table) {
-        SCOPED_TRACE(row.what);
-        Steps steps = {{prompt, row.actions}, chooseLive};
-        if (row.missesOne) {
-            steps.insert(steps.begin() + 1, shellMessage);
-        }
-        stage.run(steps, row.removed + setup);
+    play({
+        {"04: the longest name, and removal before a cancelled choice",
+         {asks("[x] " + name, {confirm}), ran(uninstaller("a")), choose("Live Product", "Cancel")},
+         {version("a", name), version("b", 'x' + name)}},
+        {"1w: the maker's",
+         {asks("[x] Halvick Anything 12", {skip}), shellMessage,
+          setup("1w", "Halvick 16.4.10002.0", "LIVE x86")},
+         {version("a", "Halvick Anything 12"), version("b", "HALVICK Anything 12"),
+          version("c", "Tavlink Multiprotocol Analyzer 12")}},
+    });
+    if (on64BitWindows()) {
+        play({"04: listed for 64-bit programs",
+              {chooseLive, classicSetup},
+              {installed("a", "Tavlink Classic Analyzer", "x", "x", "12.0.0.0", KEY_WOW64_64KEY)}});
     }
 }
 
-TEST_F(OlderVersions, HaveTheirProgramFoldersLeftAlone) {
-    // The build ends in an e with an acute accent in code page 1252; letters beyond A to Z fold as well.
+TEST(OlderVersions, HaveTheirProgramFoldersLeftAlone) {
+    // The build ends in an e with an acute accent in code page 1252; letters beyond A to Z fold as
+    // well.
     const std::string build = "16.4.\xE9", folder = "Halvick Tavlink Classic Analyzer ";
-    writeFile(stage.scratch + "ProductData.ini",
-              "[Version Number]\r\nVersion Number=" + build + "\r\n");
-    stage.addToIndex("Software\\Halvick Test Equipment\\Products\\1",
-                     "HALVICK t" + folder.substr(9) + "16.4.\xC9");
-    stage.addToIndex("Software\\HVQ\\Tressle Analyzer\\7", folder + build + " 2");
-    stage.run({chooseLive}, stage.setup("04", folder + build + " 3", "LIVE", "x86", build));
-}
-
-TEST(OlderVersionsOfTheMaker, AreOfferedByTheMultiprotocolProduct) {
-    Stage stage("1w");
-    for (const char* name : {"Halvick Anything 12", "Tavlink Multiprotocol Analyzer 12"}) {
-        stage.addInstalled(name, name, "12.0.0.0", "x.exe", "C:\\");
-    }
-    stage.run({{asksAboutOne + "[x] Halvick Anything 12" + buttons, {skip}}, shellMessage},
-              stage.setup("1w", "Halvick 16.4.10002.0", "LIVE x86"));
+    play(
+        {"04: indexed",
+         {chooseLive, setup("04", folder + build + " 3", "LIVE", "x86", build)},
+         {file(scratch + "ProductData.ini", "[Version Number]\r\nVersion Number=" + build + "\r\n"),
+          indexed("Software\\Halvick Test Equipment\\Products\\1",
+                  "HALVICK t" + folder.substr(9) + "16.4.\xC9"),
+          indexed("Software\\HVQ\\Tressle Analyzer\\7", folder + build + " 2")}});
 }
 
 }  // namespace

@@ -2,8 +2,6 @@
 // has the rights of an administrator.
 #include <gtest/gtest.h>
 
-#include <filesystem>
-
 #include "tests/end_to_end/stage.h"
 
 namespace {
@@ -23,38 +21,43 @@ const std::string names[] = {
 };
 
 TEST(PlantedLibraries, AreNotLoaded) {
-    Stage stage("04");
-    const std::string folders[] = {stage.scratch, stage.folder};
+    const std::string folders[] = {scratch, media, elsewhere};
+    const auto loaded = [&](const std::string& program) {
+        std::string marks;
+        for (const std::string& folder : folders) {
+            for (const std::string& name : names) {
+                const std::string mark = folder + name + '.' + program;
+                marks += readFile(mark).empty() ? "" : mark + ' ';
+            }
+        }
+        return marks;
+    };
+    // The list view, help, the reading of a version, and the shell.
+    Case run{"04: planted",
+             {{"* | No, Skip", {"No, Skip"}},
+              {"* | Help", {"Help", "Install"}},
+              setup("04", "Halvick Tavlink Classic Analyzer 16.4.10002.0")},
+             {installed("a", "Tavlink Classic Analyzer", "x"),
+              indexed("Software\\Halvick Test Equipment\\Products\\1", "x"),
+              program(scratch + "bin\\release\\qmx.exe")}};
     for (const std::string& name : names) {
         for (const std::string& folder : folders) {
-            layOutFile("planted_library.dll", folder + name);
+            run.given.push_back(copied("planted_library.dll", folder + name));
         }
         // Wine takes its own libraries otherwise, wherever others of their names are found. Three
         // of them it loads itself: before the program's first instruction, or without regard to
         // the restriction.
         if (name != "msimg32.dll" && name != "uxtheme.dll" && name != "version.dll") {
-            stage.setRegistry(HKEY_CURRENT_USER,
-                              "Software\\Wine\\AppDefaults\\Install.exe\\DllOverrides",
-                              '*' + name.substr(0, name.find(".dll")), "native,builtin");
+            run.given.push_back(registered(
+                HKEY_CURRENT_USER, "Software\\Wine\\AppDefaults\\Install.exe\\DllOverrides",
+                '*' + name.substr(0, name.find(".dll")), "native,builtin"));
         }
     }
-    // That a load would be noticed.
-    FreeLibrary(LoadLibraryA((stage.scratch + names[0]).c_str()));
-    EXPECT_TRUE(std::filesystem::exists(stage.scratch + names[0] + ".end_to_end_tests.exe"));
-
-    // The list view, help, the reading of a version, and the shell.
-    stage.addInstalled("a", "Tavlink Classic Analyzer", "12.0.0.0", "x", "x");
-    stage.addToIndex("Software\\Halvick Test Equipment\\Products\\1", "x");
-    stage.setRegistry(HKEY_LOCAL_MACHINE, "Software\\Halvick Test Equipment\\Products\\1", "Path",
-                      stage.scratch + "indexed");
-    stage.layOut(stage.scratch + "indexed\\bin\\release\\qmx.exe");
-    stage.run({{"* | No, Skip", {"No, Skip"}}, {"* | Help", {"Help", "Install"}}},
-              stage.setup("04", "Halvick Tavlink Classic Analyzer 16.4.10002.0"));
-    for (const std::string& folder : folders) {
-        for (const std::string& name : names) {
-            EXPECT_FALSE(std::filesystem::exists(folder + name + ".Install.exe")) << folder << name;
-        }
-    }
+    play(run);
+    EXPECT_EQ(loaded("Install.exe"), "");
+    // A load would be noticed.
+    FreeLibrary(LoadLibraryA((scratch + names[0]).c_str()));
+    EXPECT_EQ(loaded("end_to_end_tests.exe"), scratch + names[0] + ".end_to_end_tests.exe ");
 }
 
 }  // namespace

@@ -14,7 +14,10 @@ extern "C" BOOL WINAPI DllMain(HINSTANCE library, DWORD reason, void*) {
         }
         lstrcatA(mark, ".");
         lstrcatA(mark, program + name);
-        CloseHandle(CreateFileA(mark, GENERIC_WRITE, 0, nullptr, CREATE_ALWAYS, 0, nullptr));
+        const HANDLE file = CreateFileA(mark, GENERIC_WRITE, 0, nullptr, CREATE_ALWAYS, 0, nullptr);
+        DWORD written = 0;
+        WriteFile(file, "loaded", 6, &written, nullptr);
+        CloseHandle(file);
     }
     return TRUE;
 }

@@ -1,86 +1,93 @@
-// All that a run of the installer deals with: media with a "Setup.Exe", installed versions, the
-// registry and the record of what was started. Gone with the object.
+// A run of the installer as a row: what the user sees and answers, which programs are started, and
+// what lies on the machine. Every run starts from nothing.
 #pragma once
 
 #include <windows.h>
 
+#include <functional>
 #include <string>
-#include <utility>
 #include <vector>
 
-#include "tools/dialog_driver/installer_run_win.h"
+inline const std::string scratch = "C:\\end to end\\";  ///< holds the installer and its data
+inline const std::string media = scratch + "media\\";
+/// The current folder, which has product data of another build.
+inline const std::string elsewhere = scratch + "elsewhere\\";
+inline constexpr const char* defaultBuild = "16.4.10002.0";
 
-/// A dialog of the run. `seen` is its whole description; one that starts with "*" is the end of it.
+[[nodiscard]] bool on64BitWindows();
+inline const std::string processor = on64BitWindows() ? "x64" : "x86";
+/// The name and the full path of what the extraction tool unpacks.
+inline const std::string driverInstaller = on64BitWindows() ? "dpinst_64.exe" : "dpinst_32.exe";
+inline const std::string testSystemFolder = std::string("C:\\Program Files") +
+                                            (on64BitWindows() ? " (x86)" : "") +
+                                            "\\Halvick Test System II";
+inline const std::string unpacked = testSystemFolder + "\\Drivers\\sub folder\\" + driverInstaller;
+
+/// What a run comes to.
 struct Step {
+    enum class Kind {
+        Dialog,                 ///< `seen` is its whole description, or behind a "*" the end of it
+        DialogOfSomePlatforms,  ///< comes or does not
+        Program,                ///< `seen` is its record
+        WaitForFile,            ///< nothing happens while the file `seen` is there; then it goes
+    };
     std::string seen;
-    std::vector<std::string> actions;  ///< as DialogWindow::act takes them
+    std::vector<std::string> actions = {};  ///< on a dialog, as DialogWindow::act takes them
+    Kind kind = Kind::Dialog;
 };
-using Steps = std::vector<Step>;
-
-/// A message box of the installer's, answered with `reply`.
-Step box(const std::string& text, const std::string& icon, const std::string& buttons = "OK",
-         const std::string& reply = "OK");
+/// A message box of the installer's.
+[[nodiscard]] Step box(const std::string& text, const std::string& icon,
+                       const std::string& buttons = "OK", const std::string& reply = "OK");
 /// For a program that cannot be started the shell has a message of its own, ahead of what the
 /// installer has to say.
 inline const Step shellMessage{"* | OK", {"OK"}};
-/// The "Install Product" dialog, answered by this choice.
-Step choose(const std::string& choice);
+/// The "Install Product" dialog.
+[[nodiscard]] Step choose(const std::string& choice, const std::string& button = "Install");
 inline const Step chooseLive = choose("Live Product");
+/// A program that is started, and waited for unless it is "Setup.Exe".
+[[nodiscard]] Step ran(const std::string& program, const std::string& parameters = "");
+/// "Setup.Exe" in `folder`, with these fields.
+[[nodiscard]] Step setup(const std::string& productCode, const std::string& programFolder,
+                         const std::string& type = "LIVE", const std::string& bitness = "x86",
+                         const std::string& build = defaultBuild,
+                         const std::string& folder = media);
+[[nodiscard]] Step extracted(const std::string& archive);
 
-bool on64BitWindows();
-inline constexpr const char* defaultBuild = "16.4.10002.0";
-
-class Stage {
-  public:
-    /// With the installer of this product on the media.
-    explicit Stage(const std::string& code, const std::string& mediaName = "media");
-    ~Stage();
-
-    /// Full path of a file on the media.
-    std::string path(const std::string& name) const { return folder + name; }
-    /// A recording stand-in under this path, its folder made; the script as the recorder has it.
-    void layOut(const std::string& program, const std::string& script = "") const;
-
-    void setRegistry(HKEY root, const std::string& key, const std::string& name,
-                     const std::string& text);
-    /// An entry of the platform's list of installed programs.
-    void addInstalled(const std::string& key, const std::string& name, const std::string& version,
-                      const std::string& uninstall, const std::string& location);
-
-    /// An installation in the maker's registry tree.
-    void addToIndex(const std::string& key, const std::string& programFolder);
-
-    /// The start and the end of a program, as recorded.
-    static std::string ran(const std::string& program, const std::string& parameters = "");
-    /// The same of "Setup.Exe".
-    std::string setup(const std::string& pid, const std::string& programFolder,
-                      const std::string& type = "LIVE", const std::string& bitness = "x86",
-                      const std::string& build = defaultBuild) const;
-
-    std::string records() const;
-    /// Waits until the records are these.
-    void awaitRecords(const std::string& expected) const;
-    /// The run must end without a further dialog.
-    static void expectEnd(InstallerRun& run);
-
-    /// "-dir" with the media.
-    std::string arguments() const;
-    /// The run must show these dialogs and no others, and leave these records.
-    void run(const Steps& steps, const std::string& expected) const {
-        run(arguments(), steps, expected);
-    }
-    void run(const std::string& arguments, const Steps& steps, const std::string& expected) const;
-
-    const std::string scratch = "C:\\end to end\\";  ///< folder around the media
-    const std::string folder;                        ///< ends in a backslash
-    const std::string installer;
-
-  private:
-    std::vector<std::pair<HKEY, std::string>> keys;
-};
-
+/// Puts something on the machine before the run. Beside it there is "Setup.Exe" on the media.
+using Given = std::function<void()>;
+[[nodiscard]] Given file(const std::string& path, const std::string& content = "");
+[[nodiscard]] Given removed(const std::string& path);
 /// A copy of a file that lies beside the tests.
-void layOutFile(const std::string& name, const std::string& path);
-void writeFile(const std::string& path, const std::string& content);
-std::string readFile(const std::string& path);
+[[nodiscard]] Given copied(const std::string& name, const std::string& path);
+/// A recording stand-in, which takes a while; the script as the recorder has it.
+[[nodiscard]] Given program(const std::string& path, const std::string& script = "100");
+[[nodiscard]] Given setupIn(const std::string& folder);
+[[nodiscard]] Given extractionTool(const std::string& report =
+                                       "unpacked \"sub folder\\dpinst_32.exe\" and "
+                                       "\"sub folder\\dpinst_64.exe\"\r\n");
+/// A stand-in that runs before and during the run; its handle goes to the end of `processes`.
+[[nodiscard]] Given running(const std::string& path, std::vector<HANDLE>& processes);
+[[nodiscard]] Given registered(HKEY root, const std::string& key, const std::string& name,
+                               const std::string& text, REGSAM view = 0);
+/// An entry of the platform's list of installed programs, in the order of `key`: "a" to "h".
+[[nodiscard]] Given installed(const std::string& key, const std::string& name,
+                              const std::string& uninstall, const std::string& location = "x",
+                              const std::string& version = "12.0.0.0", REGSAM view = 0);
+/// An installation in the maker's registry trees.
+[[nodiscard]] Given indexed(const std::string& key, const std::string& programFolder);
+/// The release of Windows that Wine reports to the installer.
+[[nodiscard]] Given release(const std::string& name);
+
+struct Case {
+    std::string name;         ///< begins with the product's code and a colon
+    std::vector<Step> steps;  ///< all that the run comes to, in this order
+    std::vector<Given> given = {};
+    std::string arguments = "-dir \"C:\\end to end\\media\"";
+};
+/// Runs the installer and tells what differs; gives up at the first dialog that is not expected.
+/// Returns all that was seen.
+std::string play(const Case& row);
+void play(const std::vector<Case>& rows);
+
+[[nodiscard]] std::string readFile(const std::string& path);
 void removeFolder(const std::string& path);

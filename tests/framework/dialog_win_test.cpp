@@ -2,6 +2,7 @@
 
 #include <gtest/gtest.h>
 
+#include "framework/controls_win.h"
 #include "tests/framework/modal_driver_win.h"
 
 namespace {
@@ -50,6 +51,31 @@ TEST(Dialog, HandlesWhatItsMapNames) {
               77);
     EXPECT_EQ(dialog.m_hWnd, nullptr);
     EXPECT_EQ(CDialog(999).DoModal(), -1) << "no such resource";
+}
+
+WNDPROC listProcedure;
+
+/// A list view that counts characters of two bytes where its caller expects bytes.
+LRESULT CALLBACK countCharacters(HWND window, UINT message, WPARAM wParam, LPARAM lParam) {
+    const LRESULT result = CallWindowProcA(listProcedure, window, message, wParam, lParam);
+    return message == LVM_GETITEMTEXTA ? result / 2 : result;
+}
+
+TEST(ListControl, TakesTextsUpToTheirTerminator) {
+    InitCommonControls();
+    CListCtrl list;
+    list.m_hWnd = CreateWindowExA(0, WC_LISTVIEWA, "", WS_POPUP | LVS_REPORT, 0, 0, 9, 9, nullptr,
+                                  nullptr, nullptr, nullptr);
+    listProcedure = reinterpret_cast<WNDPROC>(
+        SetWindowLongPtrA(list.m_hWnd, GWLP_WNDPROC, reinterpret_cast<LONG_PTR>(countCharacters)));
+    // None, the longest display name, and more.
+    for (const std::size_t length : {0u, 1u, 259u, 600u}) {
+        const std::string text(length, '\xE9');
+        list.InsertItem(0, text);
+        const std::string taken = list.GetItemText(0, 0);
+        EXPECT_TRUE(taken == text) << taken.size() << " of " << length;
+    }
+    DestroyWindow(list.m_hWnd);
 }
 
 }  // namespace

@@ -1,6 +1,6 @@
 #include "installed/ask_uninstall_dialog.h"
 
-#include <gtest/gtest.h>
+#include "tests/rows.h"
 
 TEST(AskUninstallDialog, SpeaksOfOneVersionOrOfSeveral) {
     for (const std::size_t count : {0u, 1u, 2u}) {
@@ -10,6 +10,15 @@ TEST(AskUninstallDialog, SpeaksOfOneVersionOrOfSeveral) {
             std::string(uninstallPromptTexts(count).found).find("versions ") == std::string::npos,
             count == 1);
     }
+}
+
+TEST(AskUninstallDialog, HasColumnsThatGrowWithTheDisplay) {
+    expectRows<int, std::string>(
+        {{96, "20, 400"}, {120, "25, 500"}, {144, "30, 600"}, {192, "40, 800"}, {0, "20, 400"}},
+        [](int dotsPerInch) {
+            const ListColumnWidths widths = listColumnWidths(dotsPerInch);
+            return std::to_string(widths.tick) + ", " + std::to_string(widths.name);
+        });
 }
 
 TEST(AskUninstallDialog, SortsInOneOrderOnly) {

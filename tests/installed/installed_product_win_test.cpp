@@ -16,7 +16,8 @@ void install(const ScratchMachine& machine, const std::string& key) {
 /// What the entries with this in their name say, in the registry's order.
 std::string found(const std::string& filter) {
     std::vector<InstalledProduct> products{{"earlier", "", ""}};
-    EXPECT_EQ(findInstalledProducts(filter, products), products.size() > 1);
+    const bool any = findInstalledProducts(filter, products);
+    EXPECT_EQ(any, products.size() > 1);
     std::string text;
     for (const InstalledProduct& product : products) {
         text += product.displayName + ',' + product.uninstallString + ',' +

@@ -45,3 +45,19 @@ TEST(AnsiText, IsReplacedWithoutASearchOfWhatWasInserted) {
         },
         replaceAll);
 }
+
+TEST(AnsiText, TakesACodePageAsTheSystemDescribesIt) {
+    const auto lower = [](unsigned char byte) { return static_cast<unsigned char>(byte | 0x20); };
+    const unsigned char ranges[] = {0x81, 0x9F, 0xE0, 0xFF, 0, 0}, none[] = {0, 0};
+    const CodePage doubleByte = describedCodePage(2, ranges, lower);
+    for (const int byte : {0x80, 0x81, 0x9F, 0xA0, 0xDF, 0xE0, 0xFF}) {
+        const bool lead = byte >= 0xE0 || (byte >= 0x81 && byte <= 0x9F);
+        EXPECT_EQ(doubleByte.lead[byte], lead) << byte;
+        EXPECT_EQ(doubleByte.lower[byte], lead ? byte : byte | 0x20) << byte;
+    }
+    EXPECT_EQ(describedCodePage(1, none, lower).lower[0xC9], 0xE9);
+    // UTF-8.
+    const CodePage manyBytes = describedCodePage(4, none, lower);
+    EXPECT_EQ(manyBytes.lower, asciiCodePage.lower);
+    EXPECT_EQ(manyBytes.lead, asciiCodePage.lead);
+}

@@ -4,6 +4,8 @@
 
 #include <cstdlib>
 
+#include "platform/shell_runner_win.h"
+
 namespace {
 
 TEST(SystemLibrary, LoadsFromTheSystemFolderOnly) {
@@ -31,6 +33,38 @@ TEST(SystemLibrary, RestrictedSearchLeavesTheCurrentFolderOut) {
     EXPECT_NE(LoadLibraryA("version.dll"), nullptr);
     DeleteFileA("planted_library.dll");
     SetCurrentDirectoryA(before);
+}
+
+std::string calls;
+
+BOOL WINAPI recordDefaultDirectories(DWORD flags) {
+    calls += "default " + std::to_string(flags) + ';';
+    return TRUE;
+}
+
+BOOL WINAPI recordDirectory(const char* folder) {
+    calls += folder == nullptr ? "given back;" : '"' + std::string(folder) + "\";";
+    return TRUE;
+}
+
+TEST(SystemLibrary, SearchWithoutTheCurrentFolderIsNotInherited) {
+    const struct {
+        LibrarySearchCalls platform;
+        const char* expected;
+    } table[] = {
+        {{recordDefaultDirectories, recordDirectory}, "default 2048;started;"},
+        {{nullptr, recordDirectory}, "\"\";given back;\"\";started;"},
+        {{nullptr, nullptr}, "started;"},
+    };
+    for (const auto& row : table) {
+        calls.clear();
+        restrictLibrarySearch(row.platform);
+        const HANDLE process = ShellRunner().start(_pgmptr, "--gtest_filter=None", "open");
+        calls += process != nullptr ? "started;" : "failed;";
+        EXPECT_EQ(WaitForSingleObject(process, 30000), WAIT_OBJECT_0);
+        CloseHandle(process);
+        EXPECT_EQ(calls, row.expected);
+    }
 }
 
 }  // namespace

@@ -1,18 +1,23 @@
-#include "tools/media_report.h"
-
 #include <gtest/gtest.h>
+#include <unistd.h>
 
+#include <filesystem>
+#include <fstream>
 #include <map>
 
 #include "app/stamped_identity.h"
 #include "catalogue/cipher.h"
+#include "tests/tools/sample_executable.h"
+#include "tools/desk/media_folder.h"
 
 namespace {
+
+namespace fs = std::filesystem;
 
 std::string stamped(std::string code, std::string name) {
     code.resize(sizeof StampedIdentity::productCode);
     name.resize(sizeof StampedIdentity::productName);
-    return "MZ" + std::string(stampMarker, sizeof stampMarker) + code + name;
+    return executable(std::string(stampMarker, sizeof stampMarker) + code + name);
 }
 
 std::string damaged(std::string content) {
@@ -36,6 +41,28 @@ struct Case {
 const std::string compiledIn = "16.4.10002.0";
 const std::string section = "[Version Number]\r\nVersion Number=";
 const Folder setupOnly = {{"Setup.Exe", ""}};
+
+/// Of a folder with these files; the run reads its product data there, too, unless told otherwise.
+MediaReport examine(const std::string& installer, const Folder& folder, bool installerIsOnMedia,
+                    bool dataBesideInstaller = true, const std::string& requiredBuild = "") {
+    Media media;
+    media.installer = installer;
+    media.besideInstaller = [&](const std::string& name) {
+        return dataBesideInstaller && folder.contains(name) ? NamedFile{true, folder.at(name)}
+                                                            : NamedFile{};
+    };
+    media.onMedia = [&folder](const std::string& name) { return FileState{folder.contains(name)}; };
+    media.installerIsOnMedia = installerIsOnMedia;
+    media.directory = "E:\\m";
+    media.requiredBuild = requiredBuild;
+    CProductData catalogue;
+    return examineMedia(media, catalogue);
+}
+
+/// Whether there is one text, which begins so; with an empty `start`, whether there is none.
+bool beginsWith(const std::vector<std::string>& texts, const std::string& start) {
+    return start.empty() ? texts.empty() : texts.size() == 1 && texts[0].starts_with(start);
+}
 
 const Case table[] = {
     {"direct",
@@ -100,20 +127,14 @@ const Case table[] = {
      {"ProductData.ini: no \"Version Number\""},
      {}},
     {"not stamped", stamped("", ""), {}, "", "", {}, {"The executable is not a stamped"}, {}},
-    {"no installer", "MZ", {}, "", "", {}, {"The executable is not a stamped"}, {}},
+    {"no installer", executable(""), {}, "", "", {}, {"The executable is not a stamped"}, {}},
     {"another letter case", stamped("1R", "L"), {}, compiledIn, "ends silently", {}, {""}, {}},
 };
 
 TEST(MediaReport, TellsWhatTheInstallerWillDo) {
     for (const Case& row : table) {
         SCOPED_TRACE(row.what);
-        const auto onMedia = [&row](const std::string& name) { return row.folder.contains(name); };
-        const MediaReport report = examineMedia(
-            row.installer,
-            [&](const std::string& name) {
-                return onMedia(name) ? std::optional(row.folder.at(name)) : std::nullopt;
-            },
-            onMedia, "E:\\m");
+        const MediaReport report = examine(row.installer, row.folder, true);
         EXPECT_EQ(report.build, row.build);
         EXPECT_TRUE(report.path.starts_with(row.path)) << report.path;
         std::vector<std::string> missing;
@@ -138,10 +159,77 @@ TEST(MediaReport, TellsWhatTheInstallerWillDo) {
     }
 }
 
-TEST(MediaReport, IsPlainAsJson) {
-    MediaReport report;
-    report.title = "a\"b\\c\n\xE4";
-    EXPECT_NE(asJson(report).find("\"title\": \"a\\\"b\\\\c\\u000a\\u00e4\""), std::string::npos);
+// The guide's own check once looked at the media folder alone, and reassured with the wrong build.
+TEST(MediaReport, TakesTheBuildFromWhereTheRunDoes) {
+    const std::string name = "Tavlink Universal Analyzer";
+    const Folder withData = {{"Setup.Exe", ""}, {"ProductData.ini", section + "1.2.3.4\r\n"}};
+    const struct {
+        const char* what;
+        bool installerIsOnMedia, dataBesideInstaller;
+        std::string requiredBuild;
+        std::string problem, warning;  ///< how it begins
+    } cases[] = {
+        {"on the media", true, true, "", "", ""},
+        {"the right build", true, true, "1.2.3.4", "", ""},
+        {"another build", true, true, "1.2.3.5", "The build is 1.2.3.4, not 1.2.3.5", ""},
+        {"data on the media alone", false, false, "", "ProductData.ini on the media is not read",
+         ""},
+        {"another folder", false, true, "", "", "The installer lies in another folder"},
+    };
+    for (const auto& row : cases) {
+        SCOPED_TRACE(row.what);
+        const MediaReport report = examine(stamped("0q", name), withData, row.installerIsOnMedia,
+                                           row.dataBesideInstaller, row.requiredBuild);
+        EXPECT_EQ(report.build, row.dataBesideInstaller ? "1.2.3.4" : compiledIn);
+        EXPECT_EQ(report.isComplete(), row.problem.empty());
+        EXPECT_TRUE(beginsWith(report.problems, row.problem)) << asText(report);
+        EXPECT_TRUE(beginsWith(report.warnings, row.warning)) << asText(report);
+    }
+    EXPECT_TRUE(
+        beginsWith(examine(stamped("16", "Tavlink Bluetooth Analyzer"), withData, true).warnings,
+                   "A run ends without a word"));
+    EXPECT_TRUE(beginsWith(examine(stamped("0q", "Universal"), withData, true).warnings,
+                           "The title says \"Universal\", the program folder \"" + name));
+}
+
+TEST(MediaFolder, CountsAFileOnlyWhenItIsWhole) {
+    const fs::path folder = fs::temp_directory_path() / ("media." + std::to_string(getpid()));
+    fs::create_directories(folder / "Folder.fzx");
+    fs::create_symlink("nowhere", folder / "link.fzx");
+    const std::string whole = executable("content");
+    std::string changed = whole;
+    changed.back() ^= 1;
+    for (const auto& [name, content] : Folder{{"SETUP.EXE", whole},
+                                              {"cut.exe", whole.substr(0, whole.size() - 1)},
+                                              {"headers.exe", whole.substr(0, 100)},
+                                              {"changed.exe", changed},
+                                              {"text.exe", "a text"},
+                                              {"empty.fzx", ""},
+                                              {"archive.fzx", "a"}}) {
+        std::ofstream(folder / name, std::ios::binary) << content;
+    }
+    const struct {
+        const char *name, *seen;
+    } cases[] = {
+        {"Setup.Exe", "whole"},
+        {"cut.exe", "it is cut off"},
+        {"headers.exe", "it is cut off"},
+        {"changed.exe", "its checksum does not match"},
+        {"text.exe", "it is no Windows executable"},
+        {"empty.fzx", "it is empty"},
+        {"archive.fzx", "whole"},
+        {"folder.fzx", "it is a folder"},
+        {"link.fzx", "it is a link that leads nowhere"},
+        {"other.fzx", "missing"},
+    };
+    for (const auto& row : cases) {
+        const FileState state = fileState(folder, row.name);
+        const std::string seen = !state.present         ? "missing"
+                                 : state.damage.empty() ? "whole"
+                                                        : state.damage;
+        EXPECT_TRUE(seen.starts_with(row.seen)) << row.name << ": " << seen;
+    }
+    fs::remove_all(folder);
 }
 
 }  // namespace

@@ -1,4 +1,4 @@
-#include "tools/stamp_image.h"
+#include "tools/desk/stamp_image.h"
 
 #include <gtest/gtest.h>
 
@@ -85,7 +85,7 @@ TEST(StampImage, ChoosesTheCode) {
         const char *given, *stamped;
         bool noted;
     } const cases[] = {
-        {"1k", "1k", false}, {"1K", "1K", true}, {"1q", "1Q", false}, {"1Q", "1Q", false},
+        {"1k", "1k", false}, {"1K", "1k", true}, {"1q", "1Q", false}, {"1Q", "1Q", false},
         {"19", "", false},   {"**", "", false},  {"", "", false},     {"1kk", "", false},
     };
     for (const auto& row : cases) {

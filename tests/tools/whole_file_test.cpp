@@ -1,4 +1,4 @@
-#include "tools/whole_file.h"
+#include "tools/desk/whole_file.h"
 
 #include <gtest/gtest.h>
 
@@ -23,6 +23,6 @@ TEST(WholeFile, IsReplacedAndNothingIsLeftBehind) {
     EXPECT_FALSE(writeWholeFile(directory, "x", error));
     EXPECT_FALSE(writeWholeFile((folder / "none" / "file").string(), "x", error));
     EXPECT_FALSE(error.empty());
-    EXPECT_EQ(std::distance(fs::directory_iterator(folder), {}), 2);
-    fs::remove_all(folder);
+    // An iterator over the folder does not link with GCC 14 and its trapping sanitizer.
+    EXPECT_EQ(fs::remove_all(folder), 3U) << "not just the two and their folder";
 }

@@ -22,52 +22,65 @@ std::string shownHelp() {
     return shown;
 }
 
-void registerControl(const ScratchMachine& classes, DWORD type, const std::string& path) {
-    classes.setValue("CLSID\\{ADB880A6-D8FF-11CF-9377-00AA003B7A11}\\InprocServer32", "", type,
-                     path);
+constexpr const char* registration =
+    "CLSID\\{ADB880A6-D8FF-11CF-9377-00AA003B7A11}\\InprocServer32";
+constexpr const char* machineVariables =
+    "SYSTEM\\CurrentControlSet\\Control\\Session Manager\\Environment";
+
+void registerControl(const ScratchMachine& machine, DWORD type, const std::string& path) {
+    machine.setValue(std::string("Software\\Classes\\") + registration, "", type, path);
 }
 
-TEST(HtmlHelpControl, IsTheRegisteredOneElseTheSystems) {
+TEST(HtmlHelpControl, IsTheOneThatTheMachineRegisteredElseTheSystems) {
     SetEnvironmentVariableA("HELP_FOLDER", folder.c_str());
+    const std::string bareName = recorder.substr(folder.size() + 1);
+    const std::string twice = "C:\\Install.chm 0 0;C:\\Install.chm 0 0;";
     const struct {
         DWORD type;
         std::string path;
-        const char* shown;
+        std::string shown;
     } table[] = {
-        {REG_SZ, recorder, "C:\\Install.chm 0 0;C:\\Install.chm 0 0;"},
-        {REG_EXPAND_SZ, "%HELP_FOLDER%\\help_recorder.dll",
-         "C:\\Install.chm 0 0;C:\\Install.chm 0 0;"},
+        {REG_SZ, recorder, twice},
+        {REG_EXPAND_SZ, "%MACHINE_HELP_FOLDER%\\" + bareName, twice},
+        {REG_EXPAND_SZ, "%HELP_FOLDER%\\" + bareName, ""},  // the user's variable
         {REG_SZ, folder + "\\missing.ocx", ""},
-        {REG_SZ, "help_recorder.dll", ""},  // would be found beside the program
+        {REG_SZ, bareName, ""},  // would be found beside the program
         {REG_SZ, std::string(2000, 'x'), ""},
-        {REG_EXPAND_SZ, "%HELP_FOLDER%" + std::string(240, 'x'), ""},
-        {REG_DWORD, "abcd", ""},
-        {REG_SZ, "", ""},
+        {REG_EXPAND_SZ, "%MACHINE_HELP_FOLDER%" + std::string(240, 'x'), ""},
     };
     for (const auto& row : table) {
-        const ScratchMachine classes(HKEY_CLASSES_ROOT);
-        registerControl(classes, row.type, row.path);
+        const ScratchMachine machine;
+        machine.setText(machineVariables, "MACHINE_HELP_FOLDER", folder);
+        registerControl(machine, row.type, row.path);
         HtmlHelpControl help;
         help.displayTopic(nullptr, "C:\\Install.chm");
         help.displayTopic(nullptr, "C:\\Install.chm");
         EXPECT_EQ(shownHelp(), row.shown) << row.path;
-        EXPECT_TRUE(*row.shown != '\0' || GetModuleHandleA("hhctrl.ocx") != nullptr) << row.path;
+        EXPECT_TRUE(!row.shown.empty() || GetModuleHandleA("hhctrl.ocx") != nullptr) << row.path;
     }
 }
 
-TEST(HtmlHelpControl, FailureIsRemembered) {
+TEST(HtmlHelpControl, IsNotTheOneThatTheUserRegistered) {
+    // What a program without rights can write shows through here.
     const ScratchMachine classes(HKEY_CLASSES_ROOT);
-    registerControl(classes, REG_SZ, _pgmptr);  // loads, but has no ordinal 14
+    classes.setText(registration, "", recorder);
+    HtmlHelpControl().displayTopic(nullptr, "C:\\Install.chm");
+    EXPECT_EQ(shownHelp(), "");
+}
+
+TEST(HtmlHelpControl, FailureIsRemembered) {
+    const ScratchMachine machine;
+    registerControl(machine, REG_SZ, _pgmptr);  // loads, but has no ordinal 14
     HtmlHelpControl help;
     help.displayTopic(nullptr, "C:\\Install.chm");
-    registerControl(classes, REG_SZ, recorder);
+    registerControl(machine, REG_SZ, recorder);
     help.displayTopic(nullptr, "C:\\Install.chm");
     EXPECT_EQ(shownHelp(), "");
 }
 
 TEST(HtmlHelpControl, IsAskedByButtonAndByF1) {
-    const ScratchMachine classes(HKEY_CLASSES_ROOT);
-    registerControl(classes, REG_SZ, recorder);
+    const ScratchMachine machine;
+    registerControl(machine, REG_SZ, recorder);
     CInstallDlg dialog("Sample");
     driveModal([&] { return dialog.DoModal(); },
                [&](HWND window) {

@@ -22,7 +22,7 @@ class BareDialogApp : public CWinApp {
     BareDialogApp() : CWinApp("Bare dialog") {}
     bool InitInstance() override {
         InitCommonControls();
-        BareDialog().DoModal();
+        static_cast<void>(BareDialog().DoModal());  // however it was left
         return false;
     }
 } theApp;

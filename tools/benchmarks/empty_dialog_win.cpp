@@ -17,7 +17,7 @@ class EmptyDialogApp : public CWinApp {
   public:
     EmptyDialogApp() : CWinApp("Empty dialog") {}
     bool InitInstance() override {
-        CDialog(&emptyTemplate.header).DoModal();
+        static_cast<void>(CDialog(&emptyTemplate.header).DoModal());
         return false;
     }
 } theApp;

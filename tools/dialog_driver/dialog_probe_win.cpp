@@ -37,6 +37,13 @@ LRESULT CALLBACK dialogProbeHook(int code, WPARAM wParam, LPARAM lParam) {
         if (sent.wParam == iconQuestion) {
             lstrcpynA(dialogProbeAnswer, iconName(SendMessageA(sent.hwnd, STM_GETICON, 0, 0)),
                       sizeof dialogProbeAnswer);
+        } else if ((sent.wParam & columnQuestion) != 0) {
+            LVCOLUMNA column{};
+            column.mask = LVCF_WIDTH | LVCF_FMT;
+            if (SendMessageA(sent.hwnd, LVM_GETCOLUMNA, sent.wParam & ~columnQuestion,
+                             reinterpret_cast<LPARAM>(&column)) != 0) {
+                wsprintfA(dialogProbeAnswer, "%d,%d", column.cx, column.fmt);
+            }
         } else {
             LVITEMA item{};
             item.iSubItem = 1;  // the first column holds the check box alone

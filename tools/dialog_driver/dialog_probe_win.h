@@ -14,13 +14,15 @@
 inline constexpr const char* dialogProbeFile = "dialog_probe.dll";
 
 /// The registered message that is a question to the window it is sent to: wParam is the row of a
-/// list view, or `iconQuestion`.
+/// list view, `columnQuestion` with a column's index, or `iconQuestion`.
 inline constexpr const char* dialogProbeQuestion = "dialog_probe question";
 inline constexpr WPARAM iconQuestion = ~WPARAM{0};
+inline constexpr WPARAM columnQuestion = 0x10000;
 
 /// The hook, of type WH_CALLWNDPROC.
 DIALOG_PROBE_API LRESULT CALLBACK dialogProbeHook(int code, WPARAM wParam, LPARAM lParam);
 
-/// Answer to the last question: a row's text, or "error", "question", "warning", "information";
-/// empty for any other icon.
+/// Answer to the last question: a row's text; a column's width and LVCFMT_ bits as "20,0", empty
+/// for a column that is not there; or "error", "question", "warning", "information", empty for any
+/// other icon.
 DIALOG_PROBE_API char dialogProbeAnswer[1024];

@@ -59,6 +59,33 @@ std::string probe(HWND window, WPARAM question) {
     return dialogProbeAnswer;
 }
 
+/// Waits for a control that has the focus; null when none gets it.
+HWND focusedControl(HWND dialog) {
+    const DWORD thread = GetWindowThreadProcessId(dialog, nullptr);
+    GUITHREADINFO info{};
+    info.cbSize = sizeof info;
+    for (const DWORD start = GetTickCount(); GetTickCount() - start < answerDeadline; Sleep(1)) {
+        if (GetGUIThreadInfo(thread, &info) && IsChild(dialog, info.hwndFocus)) {
+            return info.hwndFocus;
+        }
+    }
+    return nullptr;
+}
+
+std::string listLook(HWND list) {
+    std::string look;
+    for (WPARAM column = 0;; ++column) {
+        const std::string description = probe(list, columnQuestion | column);
+        if (description.empty()) {
+            break;
+        }
+        look += description + ' ';
+    }
+    const LONG style = GetWindowLongA(list, GWL_STYLE);
+    const auto extended = static_cast<LONG>(ask(list, LVM_GETEXTENDEDLISTVIEWSTYLE));
+    return look + '+' + std::to_string(extended & ~style);
+}
+
 std::string rowText(HWND list, WPARAM row) {
     const LRESULT state = ask(list, LVM_GETITEMSTATE, row, LVIS_STATEIMAGEMASK);
     return ((state >> 12) == 2 ? "[x] " : "[ ] ") + probe(list, row);
@@ -95,7 +122,8 @@ std::string DialogWindow::description() const {
             texts += " | " + windowText(child);
         }
     }
-    return title() + icon + texts + rows + buttons;
+    const char* owned = GetWindow(window, GW_OWNER) != nullptr ? " (owned)" : "";
+    return title() + owned + icon + texts + rows + buttons;
 }
 
 bool DialogWindow::click(const std::string& wanted) const {
@@ -117,13 +145,23 @@ std::string DialogWindow::act(const std::string& action) const {
     if (action == "close") {
         PostMessageA(window, WM_SYSCOMMAND, SC_CLOSE, 0);
     } else if (action.starts_with("key ")) {
-        const HWND list = FindWindowExA(window, nullptr, WC_LISTVIEWA, nullptr);
-        PostMessageA(list != nullptr ? list : window, WM_KEYDOWN,
-                     static_cast<WPARAM>(std::atoi(action.c_str() + 4)), 0);
+        const HWND control = focusedControl(window);
+        if (control == nullptr) {
+            return "no control has the focus on " + description();
+        }
+        PostMessageA(control, WM_KEYDOWN, static_cast<WPARAM>(std::atoi(action.c_str() + 4)), 0);
+    } else if (action.starts_with("id ")) {
+        PostMessageA(GetDlgItem(window, std::atoi(action.c_str() + 3)), BM_CLICK, 0, 0);
     } else if (action.starts_with("sees ")) {
         if (const std::string seen = description();
             seen.find(action.substr(5)) == std::string::npos) {
             return '"' + action.substr(5) + "\" is not on " + seen;
+        }
+    } else if (action.starts_with("columns ")) {
+        if (const std::string look =
+                listLook(FindWindowExA(window, nullptr, WC_LISTVIEWA, nullptr));
+            look != action.substr(8)) {
+            return "the list has the columns " + look + " and not " + action.substr(8);
         }
     } else if (!click(action)) {
         return "no button \"" + action + "\" on " + description();

@@ -13,14 +13,18 @@ class DialogWindow {
     [[nodiscard]] std::string title() const;
     /// Every visible child's text that is not empty, in tab order.
     [[nodiscard]] std::vector<std::string> texts() const;
-    /// Title, icon (error, question, warning, information), texts, rows of a list with check boxes
-    /// and buttons without their access keys, as "title | warning | text | [x] row | [ ] row | OK".
+    /// Title ("(owned)" behind it where another window owns the dialog), icon (error, question,
+    /// warning, information), texts, rows of a list with check boxes and buttons without their
+    /// access keys, as "title | warning | text | [x] row | [ ] row | OK".
     [[nodiscard]] std::string description() const;
 
     /// Does what a person would, by a button's label (one that is visible; "&" is passed over), or
-    ///   close       clicks the close box
-    ///   key NUMBER  presses a virtual key on the list view, else on the dialog itself
-    ///   sees TEXT   does nothing, but expects TEXT within the description
+    ///   close         clicks the close box
+    ///   id NUMBER     clicks the control of this id, visible or not, as unattended scripts do
+    ///   key NUMBER    presses a virtual key on the control that has the focus, once one has it
+    ///   sees TEXT     does nothing, but expects TEXT within the description
+    ///   columns TEXT  expects this of the list: for each column "WIDTH,LVCFMT", then its extended
+    ///                 style without the bits that it shares with its window style, as "+BITS"
     /// Does not wait for what a push button, the close box or a key brings about. Returns why it
     /// could not be done; empty when it was.
     [[nodiscard]] std::string act(const std::string& action) const;

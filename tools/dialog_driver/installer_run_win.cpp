@@ -4,10 +4,12 @@
 
 constexpr DWORD pollInterval = 10;  // milliseconds
 
-InstallerRun::InstallerRun(const std::string& program, const std::string& arguments)
+InstallerRun::InstallerRun(const std::string& program, const std::string& arguments,
+                           const std::string& currentFolder)
     : job(CreateJobObjectA(nullptr, nullptr)) {
     std::string command = '"' + program + "\" " + arguments;
-    const std::string folder = program.substr(0, program.rfind('\\') + 1);
+    const std::string folder =
+        currentFolder.empty() ? program.substr(0, program.rfind('\\') + 1) : currentFolder;
     GetDesktopWindow();  // has Wine start what it needs for windows outside of the job
     STARTUPINFOA startup{};
     startup.cb = sizeof startup;

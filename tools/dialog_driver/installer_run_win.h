@@ -19,9 +19,10 @@ class InstallerRun {
   public:
     static constexpr DWORD defaultDeadline = 30000;  // milliseconds
 
-    /// Starts `program` with these arguments as they are; its folder is the current one. When it
-    /// cannot be started, every call says so.
-    InstallerRun(const std::string& program, const std::string& arguments);
+    /// Starts `program` with these arguments as they are; the current folder is its own, where
+    /// none is given. When it cannot be started, every call says so.
+    InstallerRun(const std::string& program, const std::string& arguments,
+                 const std::string& currentFolder = "");
     /// Ends what still runs.
     ~InstallerRun();
     InstallerRun(const InstallerRun&) = delete;

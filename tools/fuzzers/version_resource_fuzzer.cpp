@@ -20,9 +20,8 @@ int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
     }
     const std::size_t characters = text.size() - 8;
     require(text.starts_with("Version ") && text.find('\0') == std::string::npos);
-    require(characters <= length && characters <= held - offset);
+    require(characters <= held - offset);
     require(std::memcmp(text.data() + 8, bytes.get() + offset, characters) == 0);
-    require(characters == length || characters == held - offset ||
-            bytes[offset + characters] == '\0');
+    require(characters == held - offset || bytes[offset + characters] == '\0');
     return 0;
 }

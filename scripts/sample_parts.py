@@ -1,0 +1,89 @@
+#!/usr/bin/env python3
+"""Makes stand-ins for the parts of media, to try the release engineer's desk with: whole files that
+do nothing, where the example description looks for them.
+
+sample_parts.py FOLDER    FOLDER: such as "parts"
+"""
+import json
+import struct
+import subprocess
+import sys
+from pathlib import Path
+
+MARKER = b"<#PRODUCT-STAMP>"
+
+
+def wide(text):
+    return text.encode("utf-16-le") + b"\0\0"
+
+
+def padded(content, unit):
+    return content + bytes(-len(content) % unit)
+
+
+def node(key, kind, value, value_length, children=b""):
+    """A node of a version resource."""
+    body = padded(b"\0" * 6 + wide(key), 4) + value
+    if children:
+        body = padded(body, 4) + children
+    return struct.pack("<HHH", len(body), value_length, kind) + body[6:]
+
+
+def version_resource():
+    def text(key, room):
+        return padded(node(key, 1, wide(" " * (room - 1)), room), 4)
+
+    texts = text("ProductName", 112) + text("FileDescription", 126) + text("ProductVersion", 29)
+    table = node("040904b0", 1, b"", 0, texts)
+    fixed = struct.pack("<13I", 0xFEEF04BD, *range(12))
+    return node("VS_VERSION_INFO", 0, fixed, 52, node("StringFileInfo", 1, b"", 0, table))
+
+
+def checksum(image, field):
+    image = padded(image[:field] + bytes(4) + image[field + 4:], 2)
+    total = sum(struct.unpack(f"<{len(image) // 2}H", image))
+    while total > 0xFFFF:
+        total = (total & 0xFFFF) + (total >> 16)
+    return total + len(image)
+
+
+# Offsets in the executables made here.
+CHECKSUM = 64 + 24 + 64
+CERTIFICATES = 64 + 24 + 96 + 4 * 8
+
+
+def executable(magic=0x10B, block=MARKER + bytes(112), flags=0x140, section=0xC0000040):
+    """The headers of a Windows executable and one section with an empty block."""
+    content = padded(block + version_resource(), 512)
+    headers = b"MZ" + bytes(58) + struct.pack("<I", 64)
+    headers += b"PE\0\0" + struct.pack("<HHIIIHH", 0x14C, 1, 0, 0, 0, 224, 0x102)
+    optional = bytearray(224)
+    struct.pack_into("<H", optional, 0, magic)
+    struct.pack_into("<H", optional, 70, flags)
+    struct.pack_into("<II", optional, 96 + 5 * 8, 0x3000, 12)
+    headers += optional + b".data\0\0\0" + struct.pack(
+        "<IIIIIIHHI", len(content), 0x1000, len(content), 512, 0, 0, 0, 0, section)
+    image = padded(headers, 512) + content
+    return image[:CHECKSUM] + struct.pack("<I", checksum(image, CHECKSUM)) + image[CHECKSUM + 4:]
+
+
+def make_parts(tool, folder):
+    """Every file that a run of any product needs."""
+    products = subprocess.run([tool, "products", "--json"], capture_output=True, check=True).stdout
+    program = executable(block=bytes(128))
+    for product in json.loads(products):
+        for name in product["files"]:
+            if name == "Setup.Exe":
+                path = folder / product["code"].lower() / name
+            else:
+                path = folder / ("drivers" if name.endswith(".fzx") else "common") / name
+            path.parent.mkdir(parents=True, exist_ok=True)
+            path.write_bytes(program if name.lower().endswith(".exe") else b"archive")
+
+
+if __name__ == "__main__":
+    if len(sys.argv) != 2 or sys.argv[1].startswith("-"):
+        print(__doc__.strip(), file=sys.stdout if "--help" in sys.argv else sys.stderr)
+        sys.exit(0 if "--help" in sys.argv else 2)
+    make_parts(Path(__file__).resolve().parents[1] / "build/tools/installer-tool",
+               Path(sys.argv[1]))

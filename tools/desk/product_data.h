@@ -1,0 +1,27 @@
+// The product-data file, as the release engineer writes it.
+#pragma once
+
+#include <optional>
+#include <string>
+#include <string_view>
+
+/// Makes CR LF of every bare line feed; true when there was one.
+bool endLinesAsWindowsDoes(std::string& text);
+
+/// The build that a run reads from the file's text. Throws Refusal, which names `file`, when there
+/// is none.
+[[nodiscard]] std::string buildIn(std::string_view text, const std::string& file);
+
+/// The text of a product-data file that gives this build.
+[[nodiscard]] std::string productDataOf(std::string_view build);
+
+struct BuildNumbers {
+    unsigned parts[4];
+};
+
+/// The numbers of a build; nothing when the text is not four numbers from 0 to 65535, separated by
+/// dots: Windows' version resources hold no others.
+[[nodiscard]] std::optional<BuildNumbers> buildNumbers(std::string_view build);
+
+/// Throws Refusal when the build is not four such numbers.
+void requireBuildNumbers(const std::string& build);

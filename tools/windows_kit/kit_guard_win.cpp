@@ -1,0 +1,211 @@
+// Stands between the tests and the machine of whoever runs them.
+//
+//   kit_guard before    refuses a machine on which the tests could touch what they did not make,
+//   and
+//                       remembers its list of installed programs in before.txt
+//   kit_guard after     removes what the tests can leave behind, and fails when the list of
+//   installed
+//                       programs is not what it was
+//
+// The tests make installed versions, confirm their removal and run what their entries name. So
+// there must be no product of the maker's on the machine, nor any place that the tests make and
+// take away.
+#include <windows.h>
+
+#include <shellapi.h>
+#include <shlobj.h>
+#include <shlwapi.h>
+
+#include <algorithm>
+#include <cstdio>
+#include <cstring>
+#include <fstream>
+#include <iterator>
+#include <string>
+#include <vector>
+
+#include "catalogue/product_names.h"
+#include "platform/files_win.h"
+#include "platform/handle_win.h"
+
+namespace {
+
+constexpr const char* uninstallList = "SOFTWARE\\Microsoft\\Windows\\CurrentVersion\\Uninstall";
+constexpr const char* rememberedFile = "before.txt";
+
+/// What the tests make, and take away again, below HKEY_LOCAL_MACHINE.
+constexpr const char* madeKeys[] = {"Software\\Halvick Test Equipment", "Software\\HVQ"};
+
+/// Words of the display names that the installer looks for.
+constexpr const char* makerWords[] = {"Halvick", "Tavlink", testSuiteViewerName,
+                                      protocolViewerName};
+
+/// The tests see the 32-bit view, a machine may have another one beside it.
+constexpr REGSAM views[] = {KEY_WOW64_32KEY, KEY_WOW64_64KEY};
+
+std::string folderBelow(int folder, const char* name) {
+    char path[MAX_PATH] = "";
+    SHGetFolderPathA(nullptr, folder, nullptr, SHGFP_TYPE_CURRENT, path);
+    return std::string(path) + '\\' + name;
+}
+
+std::vector<std::string> madeFolders() {
+    return {"C:\\end to end", folderBelow(CSIDL_PROGRAM_FILES, "Halvick Test System II"),
+            folderBelow(CSIDL_COMMON_DOCUMENTS, "Halvick Test Equipment")};
+}
+
+/// Every value of the key and of the keys below it, a line each.
+void describe(HKEY parent, const std::string& name, REGSAM view, const std::string& path,
+              std::vector<std::string>& lines) {
+    RegistryHandle key;
+    if (RegOpenKeyExA(parent, name.c_str(), 0, KEY_READ | view, key.receive()) != ERROR_SUCCESS) {
+        return;
+    }
+    lines.push_back(path);
+    std::vector<char> text(32768), data(65536);
+    for (DWORD index = 0;; ++index) {
+        auto length = static_cast<DWORD>(text.size()), size = static_cast<DWORD>(data.size());
+        const LSTATUS result = RegEnumValueA(key.get(), index, text.data(), &length, nullptr,
+                                             nullptr, reinterpret_cast<BYTE*>(data.data()), &size);
+        if (result == ERROR_NO_MORE_ITEMS) {
+            break;
+        }
+        std::string line = path + '\\' + text.data() + " = ";
+        for (DWORD byte = 0; result == ERROR_SUCCESS && byte < size; ++byte) {
+            line += data[byte] >= ' ' && data[byte] <= '~' ? data[byte] : '.';
+        }
+        lines.push_back(line);
+    }
+    for (DWORD index = 0;; ++index) {
+        auto length = static_cast<DWORD>(text.size());
+        if (RegEnumKeyExA(key.get(), index, text.data(), &length, nullptr, nullptr, nullptr,
+                          nullptr) != ERROR_SUCCESS) {
+            break;
+        }
+        describe(key.get(), text.data(), view, path + '\\' + text.data(), lines);
+    }
+}
+
+std::vector<std::string> installedPrograms() {
+    std::vector<std::string> lines;
+    for (const REGSAM view : views) {
+        describe(HKEY_LOCAL_MACHINE, uninstallList, view,
+                 view == KEY_WOW64_32KEY ? "32-bit list" : "64-bit list", lines);
+    }
+    std::sort(lines.begin(), lines.end());
+    lines.erase(std::unique(lines.begin(), lines.end()), lines.end());
+    return lines;
+}
+
+bool mayWriteMachineKeys() {
+    RegistryHandle key;
+    return RegOpenKeyExA(HKEY_LOCAL_MACHINE, "Software", 0, KEY_CREATE_SUB_KEY, key.receive()) ==
+           ERROR_SUCCESS;
+}
+
+/// Why the tests must not run here, a line each.
+std::vector<std::string> objections(const std::vector<std::string>& programs) {
+    std::vector<std::string> found;
+    if (!mayWriteMachineKeys()) {
+        found.push_back("these tests need an administrator: start run.cmd as one");
+    }
+    for (const std::string& line : programs) {
+        for (const char* word : makerWords) {
+            if (line.find(word) != std::string::npos) {
+                found.push_back("a product of the maker's is installed: " + line);
+                break;
+            }
+        }
+    }
+    for (const char* name : madeKeys) {
+        for (const REGSAM view : views) {
+            RegistryHandle key;
+            if (RegOpenKeyExA(HKEY_LOCAL_MACHINE, name, 0, KEY_READ | view, key.receive()) ==
+                ERROR_SUCCESS) {
+                found.push_back(std::string("the key exists: HKEY_LOCAL_MACHINE\\") + name);
+                break;
+            }
+        }
+    }
+    for (const std::string& folder : madeFolders()) {
+        if (pathExists(folder)) {
+            found.push_back("the folder exists: " + folder);
+        }
+    }
+    return found;
+}
+
+void removeFolder(const std::string& folder) {
+    const std::string list = folder + '\0';  // and one more terminator behind
+    SHFILEOPSTRUCTA operation{};
+    operation.wFunc = FO_DELETE;
+    operation.pFrom = list.c_str();
+    operation.fFlags = FOF_NOCONFIRMATION | FOF_NOERRORUI | FOF_SILENT;
+    SHFileOperationA(&operation);
+}
+
+int before() {
+    const std::vector<std::string> programs = installedPrograms();
+    const std::vector<std::string> found = objections(programs);
+    for (const std::string& objection : found) {
+        std::printf("REFUSED: %s\n", objection.c_str());
+    }
+    if (!found.empty()) {
+        return 1;
+    }
+    std::ofstream file(rememberedFile, std::ios::binary);
+    for (const std::string& line : programs) {
+        file << line << '\n';
+    }
+    return file.good() ? 0 : 1;
+}
+
+int after() {
+    std::ifstream file(rememberedFile, std::ios::binary);
+    if (!file) {
+        std::puts("nothing is remembered: nothing was run");
+        return 1;
+    }
+    // Safe: there were none before.
+    for (const char* name : madeKeys) {
+        SHDeleteKeyA(HKEY_LOCAL_MACHINE, name);
+    }
+    for (const std::string& folder : madeFolders()) {
+        if (pathExists(folder)) {
+            std::printf("left behind and removed: %s\n", folder.c_str());
+            removeFolder(folder);
+        }
+    }
+    std::vector<std::string> known;
+    for (std::string line; std::getline(file, line);) {
+        known.push_back(line);
+    }
+    file.close();
+    const std::vector<std::string> programs = installedPrograms();
+    std::vector<std::string> lost, gained;
+    std::set_difference(known.begin(), known.end(), programs.begin(), programs.end(),
+                        std::back_inserter(lost));
+    std::set_difference(programs.begin(), programs.end(), known.begin(), known.end(),
+                        std::back_inserter(gained));
+    for (const std::string& line : lost) {
+        std::printf("CHANGED: no longer there: %s\n", line.c_str());
+    }
+    for (const std::string& line : gained) {
+        std::printf("CHANGED: was not there: %s\n", line.c_str());
+    }
+    DeleteFileA(rememberedFile);
+    return lost.empty() && gained.empty() ? 0 : 1;
+}
+
+}  // namespace
+
+int main(int count, char** arguments) {
+    if (count == 2 && std::strcmp(arguments[1], "before") == 0) {
+        return before();
+    }
+    if (count == 2 && std::strcmp(arguments[1], "after") == 0) {
+        return after();
+    }
+    std::puts("kit_guard before | after");
+    return 2;
+}

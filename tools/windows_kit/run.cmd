@@ -1,0 +1,53 @@
+@echo off
+rem Runs every test of the installer on this Windows and writes report.txt, to be sent back.
+rem Start as administrator. Takes a few minutes; dialogs come and go by themselves meanwhile.
+rem Nothing is installed, and what the tests make they take away: see README.txt.
+setlocal
+pushd "%~dp0programs"
+set REPORT=%~dp0report.txt
+set STAMPED_INSTALLERS=%~dp0installers
+set FAILED=
+
+echo Report of the installer's tests > "%REPORT%"
+echo %DATE% %TIME% >> "%REPORT%"
+ver >> "%REPORT%"
+echo processor %PROCESSOR_ARCHITECTURE% %PROCESSOR_ARCHITEW6432% >> "%REPORT%"
+if exist ..\build.txt type ..\build.txt >> "%REPORT%"
+
+echo == kit_guard before >> "%REPORT%"
+kit_guard.exe before >> "%REPORT%" 2>&1
+if errorlevel 1 goto refused
+
+call :suite decision_tests
+call :suite windows_tests
+call :suite end_to_end_tests
+
+echo == kit_guard after >> "%REPORT%"
+kit_guard.exe after >> "%REPORT%" 2>&1
+if errorlevel 1 set FAILED=%FAILED% kit_guard
+
+if "%FAILED%"=="" goto passed
+echo == FAILED:%FAILED% >> "%REPORT%"
+echo FAILED:%FAILED%. Please send report.txt back.
+popd
+exit /b 1
+
+:passed
+echo == all passed >> "%REPORT%"
+echo All passed. Please send report.txt back.
+popd
+exit /b 0
+
+:refused
+echo == REFUSED, nothing was run >> "%REPORT%"
+echo Nothing was run. The reasons:
+type "%REPORT%"
+popd
+exit /b 2
+
+:suite
+echo %1...
+echo == %1 >> "%REPORT%"
+%1.exe >> "%REPORT%" 2>&1
+if errorlevel 1 set FAILED=%FAILED% %1
+exit /b 0
