@@ -29,7 +29,9 @@ struct Closing {
 };
 using File = std::unique_ptr<std::FILE, Closing>;
 
-File openToRead(const fs::path& path) { return File(std::fopen(path.string().c_str(), "rb")); }
+File openToRead(const fs::path& path) {
+    return File(std::fopen(path.string().c_str(), "rb"));
+}
 
 /// A line that is written over, on a terminal, once a copy takes more than one chunk.
 class Progress {

@@ -13,8 +13,8 @@
 #include "tools/desk/product_data.h"
 #include "tools/desk/product_facts.h"
 #include "tools/desk/release_folder.h"
-#include "tools/desk/stamp_image.h"
 #include "tools/desk/staging.h"
+#include "tools/desk/stamp_image.h"
 #include "tools/desk/stamping.h"
 #include "tools/desk/table.h"
 #include "tools/desk/whole_file.h"
@@ -111,14 +111,15 @@ PlannedMedia plan(const LayoutDescription& description, const ProductFacts& fact
     return media;
 }
 
-bool isMade(const PlannedFile& file) { return !file.bytes.empty(); }
+bool isMade(const PlannedFile& file) {
+    return !file.bytes.empty();
+}
 
 /// Whether the folder holds just what is planned.
 bool isAsPlanned(const PlannedMedia& media, const fs::path& folder) {
     std::error_code failure;
     std::size_t count = 0;
-    for (const fs::directory_entry& entry :
-         fs::recursive_directory_iterator(folder, failure)) {
+    for (const fs::directory_entry& entry : fs::recursive_directory_iterator(folder, failure)) {
         count += entry.is_directory() ? 0 : 1;
     }
     return !failure && count == media.files.size() &&

@@ -41,13 +41,13 @@ void products(const Session& session) {
         return;
     }
     std::vector<std::vector<std::string>> rows = {
-        {"code", "no.", "name", "edition", "a run", "choices", "files on the media", "setups"}};
+        {"code", "no.", "name", "edition", "setups", "choices", "files on the media", "a run"}};
     for (const ProductFacts& facts : all) {
         const std::string of =
             facts.demonstrationOf.empty() ? "" : " of " + facts.demonstrationOf;
         rows.push_back({facts.code, std::to_string(facts.number), facts.name, facts.edition + of,
-                        facts.route, joined(facts.choices), joined(facts.files),
-                        facts.setupsPerProcessor ? "x86, x64" : "one"});
+                        facts.setupsPerProcessor ? "x86, x64" : "one", joined(facts.choices),
+                        joined(facts.files), facts.route});
     }
     std::cout << inColumns(rows);
 }

@@ -20,7 +20,9 @@ fs::path besidePath(fs::path target) {
 
 volatile std::sig_atomic_t isAskedToEnd = 0;
 
-extern "C" void noteThatEndIsAsked(int) { isAskedToEnd = 1; }
+extern "C" void noteThatEndIsAsked(int) {
+    isAskedToEnd = 1;
+}
 
 [[noreturn]] void refuse(const fs::path& path, const char* what, const std::error_code& failure) {
     throw Refusal("\"" + path.string() + "\" cannot be " + what + ": " + failure.message() + '.');

@@ -114,17 +114,23 @@ bool stampImage(std::string& image, std::string_view code, std::string_view name
     }
     const std::size_t header = findOptionalHeader(image);
     if (header == std::string::npos) {
-        return refuse("it is no 32-bit Windows executable, or is cut off; name the built installer");
+        return refuse(
+            "it is no 32-bit Windows executable, or is cut off; name the built installer");
     }
     if (numberAt(image, header + certificateTable, 4) != 0) {
-        return refuse("it is signed, and stamping would break the signature; stamp the unsigned installer, then sign");
+        return refuse(
+            "it is signed, and stamping would break the signature; stamp the unsigned installer, "
+            "then sign");
     }
     std::size_t block = 0;
     switch (findBlock(image, block)) {
         case BlockSearch::Missing:
-            return refuse("it has no room for a product's identity, so it is none of our installers; name the built one");
+            return refuse(
+                "it has no room for a product's identity, so it is none of our installers; name "
+                "the built one");
         case BlockSearch::Repeated:
-            return refuse("it has room for a product's identity more than once; build the installer anew");
+            return refuse(
+                "it has room for a product's identity more than once; build the installer anew");
         case BlockSearch::Found:
             break;
     }
