@@ -19,7 +19,7 @@ from sample_parts import executable, make_parts
 
 ROOT = Path(__file__).resolve().parents[1]
 DOCUMENTS = ["README.md", "docs/release-guide.md"]
-SHOWN = re.compile(r"(<!-- shown: (.*) -->\n\n?```[a-z]*\n)(.*?)(```\n)", re.DOTALL)
+SHOWN = re.compile(r"(<!-- shown: ([^\n]*) -->\n```\n)(.*?)(```\n)", re.DOTALL)
 
 
 def prepare(folder, tools):

@@ -100,7 +100,8 @@ Texts programTexts() {
 // searches for it.
 TEST(Message, TextsAreThoseOfTheFieldGuide) {
     const Texts guide = quotedTexts(contentOf("docs/field-guide.md"), "“", "”");
-    const Texts resources = quotedTexts(contentOf("ui/installer.rc"), "\"", "\"");
+    const Texts resources =
+        quotedTexts(contentOf("ui/installer.rc") + contentOf("ui/dialog_texts.h"), "\"", "\"");
     const Texts program = programTexts();
     for (const std::string& text : program) {
         EXPECT_TRUE(guide.contains(text)) << "the guide lacks: " << text;

@@ -89,7 +89,8 @@ TEST(ProductCatalogue, SetsNameEditionAndBuildIntoTheDisplayName) {
         data.ProductDataValues["Version Number"] = build;
         data.lastError.clear();
         std::string name = "old";
-        EXPECT_EQ(data.displayName(code, edition, name), !name.empty());
+        const bool named = data.displayName(code, edition, name);
+        EXPECT_EQ(named, !name.empty());
         return name + data.lastError;
     };
     using Given = std::tuple<std::string, std::string, std::string>;

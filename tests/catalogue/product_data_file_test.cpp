@@ -32,7 +32,8 @@ TEST(ProductDataFile, IsPlainOrEncipheredAndHasCommentLines) {
         },
         [](const std::optional<std::string>& content, bool enciphered) {
             std::string text, error;
-            EXPECT_EQ(productDataText(content, enciphered, text, error), error.empty());
+            const bool readable = productDataText(content, enciphered, text, error);
+            EXPECT_EQ(readable, error.empty());
             return text + error;
         });
 }

@@ -49,7 +49,8 @@ TEST(VersionNumber, HasFourFieldsOrSaysWhyNot) {
         [](const std::string& text) {
             std::vector<int> numbers = {5};
             std::string error = "left over", joined;
-            EXPECT_EQ(parseVersion(text, numbers, &error), error.empty());
+            const bool parsed = parseVersion(text, numbers, &error);
+            EXPECT_EQ(parsed, error.empty());
             EXPECT_EQ(parseVersion(text, numbers), error.empty());
             for (const int number : numbers) {
                 joined += std::to_string(number) + ' ';
