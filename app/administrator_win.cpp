@@ -19,6 +19,8 @@ DWORD openToken(KernelHandle& token) {
                                                                                : GetLastError();
 }
 
+}  // namespace
+
 bool containsGroup(const TOKEN_GROUPS& groups, PSID group) {
     for (DWORD index = 0; index < groups.GroupCount; ++index) {
         if (EqualSid(groups.Groups[index].Sid, group)) {
@@ -27,8 +29,6 @@ bool containsGroup(const TOKEN_GROUPS& groups, PSID group) {
     }
     return false;
 }
-
-}  // namespace
 
 DWORD IsAdministrator(bool& administrator) {
     administrator = false;

@@ -47,7 +47,7 @@ windows_in_names() {
         patterns+=("$folder/*.cpp" "$folder/*.h")
     done
     ! git grep -lE '^#include (<windows\.h>|"[^"]*_win\.h")' -- "${patterns[@]}" |
-        grep -vE '_win\.(cpp|h)$|^app/install_app\.(cpp|h)$'
+        grep -vE '_win(_test)?\.(cpp|h)$|^app/install_app\.(cpp|h)$'
 }
 
 mapfile -t sources < <(git ls-files '*.cpp' '*.h' '*.c')

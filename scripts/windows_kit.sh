@@ -31,9 +31,8 @@ mkdir -p "$folder/programs"
 scripts/release.sh "$folder/installers" build/release/installer.exe >/dev/null
 tests/end_to_end/tell_stories.sh "$folder/installers"
 cp -r tests/end_to_end/machines "$folder"
-find build/checked -type f \( -name '*_tests.exe' -o -path '*/dialog_driver/*.exe' -o \
-    -path '*/dialog_driver/*.dll' -o -path '*/tests/*.dll' -o -name kit_guard.exe -o \
-    -name '*_sample.exe' \) -not -path '*/CMakeFiles/*' -exec cp -t "$folder/programs" {} +
+find build/checked/tests build/checked/dialog_driver build/checked/tools/windows_kit -maxdepth 1 \
+    -type f \( -name '*.exe' -o -name '*.dll' \) -exec cp -t "$folder/programs" {} +
 cp tools/windows_kit/run.cmd tools/windows_kit/README.txt "$folder"
 {
     echo "commit $(git rev-parse --short HEAD)$(git diff --quiet HEAD || echo ', with changes')"

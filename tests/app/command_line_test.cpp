@@ -1,48 +1,48 @@
 #include "app/command_line.h"
 
-#include <gtest/gtest.h>
+#include <sstream>
 
-TEST(CommandLine, ReadsBothDirectoriesOrReportsTheFirstError) {
-    struct {
-        std::vector<std::string> arguments;
-        const char *source, *install, *error;  ///< the error null: accepted
-    } const cases[] = {
-        {{"-dir", "C:\\media"}, "C:\\media\\", "", nullptr},
-        {{"-dir", "C:\\media\\"}, "C:\\media\\", "", nullptr},
-        {{"-INSTALLDIR", "X gone", "-Dir", "Y"}, "Y\\", "X gone", nullptr},
-        {{"-dir", "A", "-dir", "B", "-installdir", "C", "-installdir", "D"}, "B\\", "D", nullptr},
-        {{"-dir", "-dir"}, "-dir\\", "", nullptr},
-        {{}, "", "", "Invalid command line."},
-        {{"-dir"}, "", "", "Invalid command line."},
-        {{"-dir", "A", "-installdir"}, "", "", "\n\nInvalid argument: Directory missing.\n"},
-        {{"-installdir", "A", "-dir"}, "", "", "\n\nInvalid argument: Directory missing.\n"},
-        {{"-dir", "A", "-dirs"}, "", "", "\n\nInvalid argument: -dirs\n"},
-        {{"-dire", "gone"}, "", "", "\n\nInvalid argument: -dire\n"},
-        {{"-dir", "gone", "-x", "y"}, "", "", "\n\nError accessing \"gone\"."},
-        {{"-dir", "a file"}, "", "", "\n\n\"a file\" is not a directory."},
-        {{"-installdir", "A", "-installdir", "B"}, "", "", "\n\nMissing directory argument."},
-    };
-    for (const auto& row : cases) {
-        std::vector<std::string> arguments = row.arguments;
-        arguments.insert(arguments.begin(), "C:\\installer.exe");
-        CommandLine commandLine{"old", "old"};
-        const std::optional<Message> error = parseCommandLine(
-            arguments,
-            [](const std::string& path) {
-                return path == "a file" ? PathKind::File
-                       : path == "gone" ? PathKind::Inaccessible
-                                        : PathKind::Directory;
-            },
-            commandLine);
-        ASSERT_EQ(error.has_value(), row.error != nullptr);
-        if (error) {
-            EXPECT_EQ(error->text, row.error);
-            EXPECT_EQ(error->icon,
-                      arguments.size() < 3 ? MessageIcon::Warning : MessageIcon::Error);
-            EXPECT_EQ(error->buttons, MessageButtons::Ok);
-        } else {
-            EXPECT_EQ(commandLine.sourceDirectory, row.source);
-            EXPECT_EQ(commandLine.installDirectory, row.install);
-        }
+#include "tests/rows.h"
+
+namespace {
+
+/// Both directories, else the last word of the message.
+std::string outcome(const std::string& options) {
+    std::vector<std::string> arguments = {"C:\\installer.exe"};
+    std::istringstream rest(options);
+    for (std::string argument; std::getline(rest, argument, '|');) {
+        arguments.push_back(argument);
     }
+    CommandLine commandLine{"old", "old"};
+    const auto examine = [](const std::string& path) {
+        return path == "file"   ? PathKind::File
+               : path == "gone" ? PathKind::Inaccessible
+                                : PathKind::Directory;
+    };
+    const std::optional<Message> error = parseCommandLine(arguments, examine, commandLine);
+    return error ? error->text.substr(error->text.rfind(' ') + 1)
+                 : commandLine.sourceDirectory + ", " + commandLine.installDirectory;
 }
+
+TEST(CommandLine, GivesBothDirectoriesOrTheFirstError) {
+    expectRows<std::string, std::string>(
+        {
+            {"-dir|C:\\media", "C:\\media\\, "},
+            {"-dir|C:\\media\\", "C:\\media\\, "},
+            {"-INSTALLDIR|gone|-Dir|Y", "Y\\, gone"},
+            {"-dir|A|-dir|B|-installdir|C|-installdir|D", "B\\, D"},
+            {"-dir|-dir", "-dir\\, "},
+            {"", "line."},
+            {"-dir", "line."},
+            {"-dir|A|-installdir", "missing.\n"},
+            {"-installdir|A|-dir", "missing.\n"},
+            {"-dir|A|-dirs", "-dirs\n"},
+            {"-dire|gone", "-dire\n"},
+            {"-dir|gone|-x|y", "\"gone\"."},
+            {"-dir|file|-dir|gone", "directory."},
+            {"-installdir|A|-installdir|B", "argument."},
+        },
+        outcome);
+}
+
+}  // namespace

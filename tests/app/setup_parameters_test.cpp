@@ -1,51 +1,42 @@
 #include "app/setup_parameters.h"
 
-#include <gtest/gtest.h>
-
 #include <algorithm>
 #include <vector>
 
 #include "catalogue/product_code.h"
+#include "tests/rows.h"
 #include "ui/product_type.h"
 
 using namespace product_type;
 
-namespace {
-
 TEST(SetupParameters, HoldEveryDecision) {
-    CProductData catalogue;
-    const struct {
-        const char* code;
-        unsigned type;
-        const char* suffix;
-        bool x64;
-        const char *typeField, *bitness;
-    } rows[] = {
-        {"04", live, "", true, "LIVE", "x86"},
-        {"07", live, "", true, "LIVE x64", "x64"},
-        {"1m", live, "", false, "LIVE x86", "x86"},
-        {"07", live, "Pro", true, "LIVE Pro x64", "x64"},
-        {"1u", live, "Pro", true, "LIVE Pro x86", "x86"},
-        {"07", demonstration, "Pro", true, "DEMO", "x64"},
-        {"1m", viewer, "Pro", true, "VIEW", "x64"},
-        {"1w", viewer, "", true, "VIEW x86", "x86"},
-        {"1u", demonstration, "", true, "DEMO x86", "x86"},
-        {"04", 0, "Pro", true, "LIVE Pro", "x86"},
-        {"04", demonstration | viewer, "", true, "DEMO", "x86"},
-    };
-    for (const auto& row : rows) {
-        EXPECT_EQ(setupParameters(catalogue,
-                                  {row.code, numberFromCode(row.code), row.type, row.suffix,
-                                   "C:\\a b`\\c", row.x64},
-                                  "A Folder"),
-                  std::string("/hide_usd -build=16.4.10002.0`-pid=") + row.code +
-                      "`-pf=A Folder`-type=" + row.typeField + "`-bitness=" + row.bitness +
-                      "`-tmp=C:\\a b`\\`");
-    }
+    const CProductData catalogue;
+    expectRows<std::tuple<std::string, unsigned, std::string, bool>, std::string>(
+        {
+            {{"04", live, "", true}, "LIVE`-bitness=x86"},
+            {{"07", live, "", true}, "LIVE x64`-bitness=x64"},
+            {{"1m", live, "", false}, "LIVE x86`-bitness=x86"},
+            {{"07", live, "Pro", true}, "LIVE Pro x64`-bitness=x64"},
+            {{"1u", live, "Pro", true}, "LIVE Pro x86`-bitness=x86"},
+            {{"07", demonstration, "Pro", true}, "DEMO`-bitness=x64"},
+            {{"1m", viewer, "Pro", true}, "VIEW`-bitness=x64"},
+            {{"1w", viewer, "", true}, "VIEW x86`-bitness=x86"},
+            {{"1u", demonstration, "", true}, "DEMO x86`-bitness=x86"},
+            {{"04", 0, "Pro", true}, "LIVE Pro`-bitness=x86"},
+            {{"04", demonstration | viewer, "", true}, "DEMO`-bitness=x86"},
+        },
+        [&](const std::string& code, unsigned type, const std::string& suffix, bool x64) {
+            std::string parameters = setupParameters(
+                catalogue, {code, numberFromCode(code), type, suffix, "C:\\a b`\\c", x64}, "A B");
+            const std::string start =
+                "/hide_usd -build=16.4.10002.0`-pid=" + code + "`-pf=A B`-type=";
+            EXPECT_TRUE(parameters.starts_with(start) && parameters.ends_with("`-tmp=C:\\a b`\\`"))
+                << parameters;
+            return parameters.substr(start.size(), parameters.rfind("`-tmp") - start.size());
+        });
     EXPECT_TRUE(directSetupParameters(catalogue, "1Q", "a").ends_with("-type=LIVE`-tmp=`"));
     // 2048 characters, the last backquote among them or just cut off.
-    const std::size_t rest = setupParameters(catalogue, {}, "").size();
-    const std::string longest(2048 - rest, 'f');
+    const std::string longest(2048 - setupParameters(catalogue, {}, "").size(), 'f');
     EXPECT_EQ(setupParameters(catalogue, {}, longest).back(), '`');
     EXPECT_EQ(setupParameters(catalogue, {}, longest + 'f').size(), 2048u);
 }
@@ -62,29 +53,23 @@ TEST(SetupParameters, ADemonstrationTakesThePlaceOfItsProduct) {
               name + " 16.4.10002.0");
 }
 
-TEST(ProgramFolder, IsNumberedFromTwo) {
+TEST(SetupParameters, TheProgramFolderIsNumberedFromTwo) {
     const std::string longName(300, 'n'), longFolder = "Halvick " + longName;
-    struct {
-        int product;
-        std::string name;
-        std::vector<std::string> taken;
-        std::string folder;
-    } const cases[] = {
-        {4, "X", {}, "Halvick X"},
-        {4, "X", {"Halvick X", "Halvick X 2"}, "Halvick X 3"},
-        {4, "X", {"Halvick X 2"}, "Halvick X"},
-        {55, "X", {"X", "Halvick X"}, "X 2"},
-        {56, "X", {}, "X"},
-        {4, longName, {}, longFolder},
-        // The number no longer fits: the search ends all the same.
-        {4, longName, {longFolder, longFolder.substr(0, 260)}, longFolder.substr(0, 260)},
-    };
-    for (const auto& row : cases) {
-        const auto isTaken = [&row](const std::string& name) {
-            return std::find(row.taken.begin(), row.taken.end(), name) != row.taken.end();
-        };
-        EXPECT_EQ(uniqueProgramFolder(row.name, row.product, isTaken), row.folder);
-    }
+    using Names = std::vector<std::string>;
+    expectRows<std::tuple<int, std::string, Names>, std::string>(
+        {
+            {{4, "X", {}}, "Halvick X"},
+            {{4, "X", {"Halvick X", "Halvick X 2"}}, "Halvick X 3"},
+            {{4, "X", Names{"Halvick X 2"}}, "Halvick X"},
+            {{55, "X", {"X", "Halvick X"}}, "X 2"},
+            {{56, "X", {}}, "X"},
+            {{4, longName, {}}, longFolder},
+            // The number no longer fits: the search ends all the same.
+            {{4, longName, {longFolder, longFolder.substr(0, 260)}}, longFolder.substr(0, 260)},
+        },
+        [](int product, const std::string& name, const Names& taken) {
+            return uniqueProgramFolder(name, product, [&taken](const std::string& candidate) {
+                return std::find(taken.begin(), taken.end(), candidate) != taken.end();
+            });
+        });
 }
-
-}  // namespace

@@ -1,47 +1,50 @@
 #include "drivers/driver_package_table.h"
 
-#include <gtest/gtest.h>
+#include <numeric>
 
+#include "tests/rows.h"
+
+// Code, install kind and number of packages; the archives' names are seen end to end.
 TEST(DriverPackageTable, HoldsTheFamilies) {
-    struct {
-        const char *code, *familyWord;
-        unsigned installKind;
-        std::vector<std::string> archives;
-    } const rows[] = {
-        {"16", "Bluetooth", 2, {"BluetoothTavlinkDrivers_Signed.fzx"}},
-        {"1k", "Serial", 16, {"SerialTavlinkDrivers.fzx"}},
-        {"1m", "Serial", 16, {"SerialTavlinkDrivers.fzx"}},
-        {"1r", "low energy", 2, {"leTavlinkDrivers.fzx", "CSRUSBSPIDrivers.fzx"}},
-        {"1u", "Corvane", 2, {"CorvaneTavlinkDrivers.fzx", "CSRUSBSPIDrivers.fzx"}},
-        {"1w", "Multiple Tavlinks", 8, {"CorvaneTavlinkDrivers.fzx"}},
-    };
     DriverPackageTable table;
     EXPECT_TRUE(buildDriverPackageTable(table));
-    EXPECT_EQ(table.size(), 6u);
-    for (const auto& row : rows) {
-        const DeviceFamily* family = findDeviceFamily(table, row.code);
-        ASSERT_NE(family, nullptr) << row.code;
-        EXPECT_STREQ(family->dataKey, "Kq7vR2mXp9Lz4Wc1");
-        EXPECT_EQ(family->installKind, row.installKind) << row.code;
-        EXPECT_EQ(family->familyWord, row.familyWord);
-        ASSERT_EQ(family->packages.size(), row.archives.size()) << row.code;
-        for (std::size_t index = 0; index < row.archives.size(); ++index) {
-            const DriverPackage& package = family->packages[index];
-            EXPECT_EQ(package.archive, row.archives[index]);
-            EXPECT_TRUE(package.runInstaller);
-            EXPECT_EQ(package.operatingSystemCodes,
-                      (std::vector{9, 10, 11, 12, 13, 14, 15, 16, 17, 18, 19, 20, 21, 22, 23}));
-            EXPECT_EQ(package.targetFolder, "#PROGRAM_FILES#\\Halvick Test System II\\Drivers\\");
+    std::vector<int> systems(15);
+    std::iota(systems.begin(), systems.end(), 9);
+    std::string families;
+    std::map<std::string, std::string> users;
+    for (const auto& [code, family] : table) {
+        families += code + ':' + std::to_string(family.installKind) + ':' +
+                    std::to_string(family.packages.size()) + ' ';
+        EXPECT_EQ(std::string(family.dataKey).size(), 16u);
+        EXPECT_FALSE(family.familyWord.empty());
+        for (const DriverPackage& package : family.packages) {
+            EXPECT_TRUE(package.runInstaller && package.archive.ends_with(".fzx"));
+            EXPECT_EQ(package.operatingSystemCodes, systems);
+            EXPECT_TRUE(package.targetFolder.starts_with("#PROGRAM_FILES#\\")) << code;
+            users[package.archive] += code;
         }
     }
-    EXPECT_EQ(findDeviceFamily(table, "1K"), nullptr);
-
-    // Empties what was there, and skips what is no family.
-    const std::pair<const char*, std::size_t> lists[] = {
-        {";;16;;1k;zz;1M;1R;;1u;1W;;", 6}, {"1w", 1}, {"16;16", 1}, {" 16;1", 0}, {";", 0}, {"", 0},
-    };
-    for (const auto& [list, families] : lists) {
-        EXPECT_EQ(buildDriverPackageTable(table, list), families > 0) << list;
-        EXPECT_EQ(table.size(), families) << list;
+    EXPECT_EQ(families, "16:2:1 1k:16:1 1m:16:1 1r:2:2 1u:2:2 1w:8:1 ");
+    std::string sharing;
+    for (const auto& [archive, codes] : users) {
+        sharing += codes + ' ';
     }
+    EXPECT_EQ(sharing, "16 1r1u 1u1w 1k1m 1r ");
+    EXPECT_EQ(findDeviceFamily(table, "1k"), &table.at("1k"));
+    EXPECT_EQ(findDeviceFamily(table, "1K"), nullptr);
+}
+
+TEST(DriverPackageTable, SkipsWhatIsNoFamily) {
+    DriverPackageTable table;
+    expectRows<std::string, std::size_t>({{";;16;;1k;zz;1M;1R;;1u;1W;;", 6},
+                                          {"1w", 1},
+                                          {"16;16", 1},
+                                          {" 16;1", 0},
+                                          {";", 0},
+                                          {"", 0}},
+                                         [&table](const std::string& codes) {
+                                             const bool any = buildDriverPackageTable(table, codes);
+                                             EXPECT_EQ(any, !table.empty());
+                                             return table.size();
+                                         });
 }

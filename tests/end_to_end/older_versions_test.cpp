@@ -58,7 +58,7 @@ TEST(OlderVersions, AreSortedAndTheTickedOnesRemovedOneAfterAnother) {
     play({
         // One ticked row removes every version of its name, and what fails is passed over.
         {"04: unticked by keyboard",
-         {prompt({"columns 20,0 400,0 +4", blank, down, down, blank, confirm}),
+         {prompt({"columns 20,0 400,0 4", blank, down, down, blank, confirm}),
           ran(uninstaller("a")), shellMessage, noProgram, shellMessage, chooseLive, classicSetup},
          versions},
         {"04: one by keyboard",

@@ -1,23 +1,24 @@
 #include "installed/installation_record.h"
 
-#include <gtest/gtest.h>
-
 #include "tests/installed/sample_record.h"
+#include "tests/rows.h"
 
 TEST(InstallationRecord, IsValidWithTheRequiredFieldsAndOnePlace) {
     EXPECT_TRUE(isValid(sampleRecord()));
-    for (const auto& [field, text, valid] : {std::tuple("Product Id", "", false),
-                                             {"Product Name", "", false},
-                                             {"Program Folder", "", false},
-                                             {"Seinda", "", false},
-                                             {"Temp Reference", "", false},
-                                             {"Installation Path", "", false},
-                                             {"Path", "C:\\Old", false},
-                                             {"Version", "", true}}) {
-        InstallationRecord record = sampleRecord();
-        record.fields[field] = text;
-        EXPECT_EQ(isValid(record), valid) << field;
-    }
+    expectRows<std::tuple<std::string, std::string>, bool>(
+        {{{"Product Id", ""}, false},
+         {{"Product Name", ""}, false},
+         {{"Program Folder", ""}, false},
+         {{"Seinda", ""}, false},
+         {{"Temp Reference", ""}, false},
+         {{"Installation Path", ""}, false},
+         {{"Path", "C:\\Old"}, false},
+         {{"Version", ""}, true}},
+        [](const std::string& field, const std::string& text) {
+            InstallationRecord record = sampleRecord();
+            record.fields[field] = text;
+            return isValid(record);
+        });
     InstallationRecord old = sampleRecord();
     old.fields["Path"].swap(old.fields["Installation Path"]);
     EXPECT_TRUE(isValid(old));
@@ -25,20 +26,29 @@ TEST(InstallationRecord, IsValidWithTheRequiredFieldsAndOnePlace) {
 
 TEST(InstallationRecord, KeepsValuesThatAreNoFieldsApart) {
     InstallationRecord record;
-    FieldMap known, extras;
-    for (const char* field :
-         {"Installation Path", "Lard", "Path", "Product Character", "Product Id", "Product Name",
-          "Program Folder", "Registry Key", "Registry Subkey", "Seinda", "Temp Reference",
-          "User Data Key", "Version"}) {
-        known[field];
-    }
-    EXPECT_EQ(record.fields, known);
+    FieldMap extras;
+    EXPECT_EQ(record.fields.size(), 13u);
     for (const auto& [name, text] :
-         {std::pair("Lard", "a"), std::pair("lard", "b"), std::pair("", "c"),
-          std::pair("Helper", "d"), std::pair("Helper", "e")}) {
+         {std::pair("Lard", "a"), {"lard", "b"}, {"", "c"}, {"Helper", "d"}, {"Helper", "e"}}) {
         storeValue(record, extras, name, text);
     }
-    known["Lard"] = "a";
-    EXPECT_EQ(record.fields, known);
+    EXPECT_EQ(record.fields.size(), 13u);
+    EXPECT_EQ(fieldText(record, "Lard"), "a");
     EXPECT_EQ(extras, (FieldMap{{"", "c"}, {"Helper", "e"}, {"lard", "b"}}));
+}
+
+TEST(InstallationRecord, LooksForTheAnalyserInBothPlaces) {
+    InstallationRecord record;
+    record.fields["Installation Path"] = "C:\\New";
+    record.fields["Path"] = "C:\\Old\\";
+    EXPECT_EQ(analyserPaths(record)[0], "C:\\New\\Executables\\Core\\qmx.exe");
+    EXPECT_EQ(analyserPaths(record)[1], "C:\\Old\\bin\\release\\qmx.exe");
+    record.fields["Path"] = std::string(1023, 'x');
+    EXPECT_EQ(analyserPaths(record)[1].size(), 260u);
+    expectRows<std::string, std::string>({{"Build 12.4.1", "12.4.1"},
+                                          {"Version 7, 1, 2.0", "2.0"},
+                                          {"12.4.1", "12.4.1"},
+                                          {"12.4b", ""},
+                                          {"", ""}},
+                                         versionPart);
 }

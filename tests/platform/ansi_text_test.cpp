@@ -1,8 +1,8 @@
 #include "platform/ansi_text.h"
 
-#include <gtest/gtest.h>
-
 #include <algorithm>
+
+#include "tests/rows.h"
 
 TEST(AnsiText, ComparesAndFindsWithoutRegardToCase) {
     EXPECT_TRUE(equalIgnoringCase("-DIR", "-dir") && equalIgnoringCase("", ""));
@@ -23,12 +23,27 @@ TEST(AnsiText, SecondBytesAreNoCharactersOfTheirOwn) {
     EXPECT_TRUE(equalIgnoringCase("\x83\x41Z\xC9", "\x83\x41z\xE9"));
     EXPECT_EQ(findIgnoringCase("\x83setup", "setup"), std::string::npos);
     EXPECT_EQ(findIgnoringCase("\x83\x73setup", "setup"), 2u);
-    EXPECT_EQ(withTrailingBackslash("C:\\\x95\x5C"), "C:\\\x95\x5C\\");
-    EXPECT_EQ(withTrailingBackslash("C:\\media\\"), "C:\\media\\");
-    EXPECT_EQ(withTrailingBackslash("media"), "media\\");
+    expectRows<std::string, std::string>(
+        {{"C:\\\x95\x5C", "C:\\\x95\x5C\\"}, {"C:\\media\\", "C:\\media\\"}, {"media", "media\\"}},
+        withTrailingBackslash);
     EXPECT_EQ(findLastBackslash("C:\\a\x95\x5C"), 2u);
     EXPECT_EQ(findLastBackslash("none"), std::string_view::npos);
     useCodePage(asciiCodePage);
+}
+
+TEST(AnsiText, IsReplacedWithoutASearchOfWhatWasInserted) {
+    expectRows<std::tuple<std::string, std::string, std::string, bool>, std::string>(
+        {
+            {{"<b> X <B>", "<B>", "1", true}, "1 X 1"},
+            {{"<b> X <B>", "<B>", "1", false}, "<b> X 1"},
+            {{"aXa", "x", "xx", true}, "axxa"},
+            {{"aaaa", "aa", "a", false}, "aa"},
+            {{"AbC", "", "z", true}, "AbC"},
+            {{"", "a", "z", true}, ""},
+            {{"ab", "abc", "z", true}, "ab"},
+            {{"#P##p#", "#p#", "", true}, ""},
+        },
+        replaceAll);
 }
 
 TEST(AnsiText, TakesACodePageAsTheSystemDescribesIt) {

@@ -1,42 +1,45 @@
-#include <windows.h>
+#include "platform/shell_runner.h"
 
 #include <gtest/gtest.h>
-#include <objbase.h>
 
-#include <cstdlib>
-
-#include "platform/shell_runner_win.h"
+#include <string>
 
 namespace {
 
-constexpr char child[] = "--gtest_filter=ShellRunnerChild.* --gtest_also_run_disabled_tests";
-
-/// What the started process runs: outlives two polls.
-TEST(ShellRunnerChild, DISABLED_LivesAndEnds) {
-    Sleep(500);
-    std::_Exit(7);
+/// Which of the messages it is: its first mark within the text. '.' for none at all.
+char mark(std::uintptr_t instanceResult, std::uint32_t error) {
+    const std::pair<const char*, char> words[] = {
+        {"path", 'P'},    {"denied", 'D'},      {"not enough", 'M'}, {"not have enough", 'm'},
+        {"sharing", 'S'}, {"incomplete", 'I'},  {"timed out", 'T'},  {"other DDE", 'B'},
+        {"DDE", 'F'},     {"application", 'A'}, {"library", 'L'},    {"cancelled", 'C'},
+        {"Unknown", '?'},
+    };
+    const char* const text = shellFailureMessage(instanceResult, error);
+    if (text == nullptr) {
+        return '.';
+    }
+    for (const auto& [word, letter] : words) {
+        if (std::string(text).find(word) != std::string::npos) {
+            return letter;
+        }
+    }
+    return ' ';
 }
 
-TEST(ShellRunner, WaitsOnRequestForTheExitCode) {
-    ShellRunner runner;
-    DWORD before = GetTickCount();
-    ASSERT_TRUE(runner.runAndWait(_pgmptr, child, "open"));
-    EXPECT_GE(GetTickCount() - before, 500u);
-    EXPECT_EQ(runner.exitCode, 7u);
-    before = GetTickCount();
-    ASSERT_TRUE(runner.runAndWait(_pgmptr, "--gtest_filter=None", "open"));
-    EXPECT_GE(GetTickCount() - before, 199u) << "a poll, of which the clock may take one off";
-    EXPECT_EQ(runner.exitCode, 0u);
-
-    runner.exitCode = 99;
-    const HANDLE process = runner.start(_pgmptr, child, "open");
-    EXPECT_EQ(WaitForSingleObject(process, 0), DWORD{WAIT_TIMEOUT});
-    EXPECT_EQ(runner.exitCode, 0u);
-    EXPECT_EQ(WaitForSingleObject(process, 30000), WAIT_OBJECT_0);
-    CloseHandle(process);
-    EXPECT_EQ(runner.start(nullptr, "", "open"), nullptr);
-    // The shell was given the single-threaded apartment that it asks for.
-    EXPECT_EQ(CoInitializeEx(nullptr, COINIT_MULTITHREADED), RPC_E_CHANGED_MODE);
+TEST(ShellRunner, FailsWithTheShellsResultElseWithTheSystemsError) {
+    std::string results, errors;
+    for (std::uint32_t code = 0; code <= 34; ++code) {
+        results += mark(code, 1223);
+        errors += mark(0, code);
+    }
+    for (const std::uint32_t code : {1154u, 1155u, 1156u, 1157u, 1158u, 1223u, 0xFFFFFFFFu}) {
+        errors += mark(42, code);
+    }
+    //                  0123456789012345678901234567890123 4
+    EXPECT_EQ(results, "CC.PCDCCMCCCCCCCCCCCCCCCCCSITFBALCC");
+    EXPECT_EQ(errors,
+              "??.P?D??m???????????????????????S??"
+              "?AFL?C?");
 }
 
 }  // namespace

@@ -90,7 +90,7 @@ const Case table[] = {
      "older versions, then drivers, then the live product",
      {"flatten.exe", "CorvaneTavlinkDrivers.fzx", "Setup.Exe"},
      {},
-     {"Live Product|any Windows"}},
+     {"without a question|any Windows"}},
     {"ordinary, enciphered data first",
      stamped("0q", "U"),
      {{"Setup.Exe", ""},

@@ -1,94 +1,40 @@
-#include <gtest/gtest.h>
+#include "ui/html_help.h"
 
-#include <cstdlib>
+#include "tests/rows.h"
 
-#include "tests/framework/modal_driver.h"
-#include "tests/installed/scratch_machine.h"
-#include "ui/html_help_win.h"
-#include "ui/install_dialog_win.h"
-#include "ui/resource.h"
-
-namespace {
-
-const std::string folder = std::string(_pgmptr).substr(0, std::string(_pgmptr).rfind('\\'));
-const std::string recorder = folder + "\\help_recorder.dll";
-
-/// What help was shown since the last question.
-std::string shownHelp() {
-    char shown[600] = "";
-    GetEnvironmentVariableA("SHOWN_HELP", shown, sizeof shown);
-    SetEnvironmentVariableA("SHOWN_HELP", nullptr);
-    return shown;
+TEST(HtmlHelp, FileHasTheProgramsNameAndFolder) {
+    expectRows<std::string, std::string>({{"D:\\media\\Install.exe", "D:\\media\\Install.chm"},
+                                          {"D:\\v16.4\\Install", "D:\\v16.4\\Install.chm"},
+                                          {"a.b.exe", "a.b.chm"},
+                                          {"", ".chm"}},
+                                         helpFilePath);
 }
 
-constexpr const char* registration =
-    "CLSID\\{ADB880A6-D8FF-11CF-9377-00AA003B7A11}\\InprocServer32";
-constexpr const char* machineVariables =
-    "SYSTEM\\CurrentControlSet\\Control\\Session Manager\\Environment";
-
-void registerControl(const ScratchMachine& machine, DWORD type, const std::string& path) {
-    machine.setValue(std::string("Software\\Classes\\") + registration, "", type, path);
-}
-
-TEST(HtmlHelpControl, IsTheOneThatTheMachineRegisteredElseTheSystems) {
-    SetEnvironmentVariableA("HELP_FOLDER", folder.c_str());
-    const std::string bareName = recorder.substr(folder.size() + 1);
-    const std::string twice = "C:\\Install.chm 0 0;C:\\Install.chm 0 0;";
+TEST(HelpControl, IsLoadedFromAFullPathOnly) {
+    const auto variable = [](const std::string& name) {
+        return std::string(name == "root" ? "C:\\Windows" : "");
+    };
     const struct {
-        DWORD type;
-        std::string path;
-        std::string shown;
+        unsigned long type;
+        const char *text, *path;
     } table[] = {
-        {REG_SZ, recorder, twice},
-        {REG_EXPAND_SZ, "%MACHINE_HELP_FOLDER%\\" + bareName, twice},
-        {REG_EXPAND_SZ, "%HELP_FOLDER%\\" + bareName, ""},  // the user's variable
-        {REG_SZ, folder + "\\missing.ocx", ""},
-        {REG_SZ, bareName, ""},  // would be found beside the program
-        {REG_SZ, std::string(2000, 'x'), ""},
-        {REG_EXPAND_SZ, "%MACHINE_HELP_FOLDER%" + std::string(240, 'x'), ""},
+        {1, "D:\\help.ocx", "D:\\help.ocx"},
+        {1, "\\\\server\\share\\help.ocx", "\\\\server\\share\\help.ocx"},
+        {1, "%root%\\help.ocx", ""},
+        {1, "help.ocx", ""},
+        {1, "folder\\help.ocx", ""},
+        {1, "\\help.ocx", ""},
+        {1, "C:help.ocx", ""},
+        {1, "C:", ""},
+        {1, "", ""},
+        {2, "%root%\\help.ocx", "C:\\Windows\\help.ocx"},
+        {2, "C:\\%user%root%root%\\%", "C:\\%userC:\\Windowsroot%\\%"},
+        {2, "%user%\\help.ocx", ""},
+        {2, "D:\\100%.ocx", "D:\\100%.ocx"},
+        {3, "D:\\help.ocx", ""},
     };
     for (const auto& row : table) {
-        const ScratchMachine machine;
-        machine.setText(machineVariables, "MACHINE_HELP_FOLDER", folder);
-        registerControl(machine, row.type, row.path);
-        HtmlHelpControl help;
-        help.displayTopic(nullptr, "C:\\Install.chm");
-        help.displayTopic(nullptr, "C:\\Install.chm");
-        EXPECT_EQ(shownHelp(), row.shown) << row.path;
-        EXPECT_TRUE(!row.shown.empty() || GetModuleHandleA("hhctrl.ocx") != nullptr) << row.path;
+        EXPECT_EQ(registeredControlPath(row.type, row.text, variable), row.path)
+            << row.type << ' ' << row.text;
     }
 }
-
-TEST(HtmlHelpControl, IsNotTheOneThatTheUserRegistered) {
-    // What a program without rights can write shows through here.
-    const ScratchMachine classes(HKEY_CLASSES_ROOT);
-    classes.setText(registration, "", recorder);
-    HtmlHelpControl().displayTopic(nullptr, "C:\\Install.chm");
-    EXPECT_EQ(shownHelp(), "");
-}
-
-TEST(HtmlHelpControl, FailureIsRemembered) {
-    const ScratchMachine machine;
-    registerControl(machine, REG_SZ, _pgmptr);  // loads, but has no ordinal 14
-    HtmlHelpControl help;
-    help.displayTopic(nullptr, "C:\\Install.chm");
-    registerControl(machine, REG_SZ, recorder);
-    help.displayTopic(nullptr, "C:\\Install.chm");
-    EXPECT_EQ(shownHelp(), "");
-}
-
-TEST(HtmlHelpControl, IsAskedByButtonAndByF1) {
-    const ScratchMachine machine;
-    registerControl(machine, REG_SZ, recorder);
-    CInstallDlg dialog("Sample");
-    driveModal([&] { return dialog.DoModal(); },
-               [&](HWND window) {
-                   const std::string shown = "owned " + folder + "\\windows_tests.chm 0 0;";
-                   EXPECT_EQ(SendMessageA(window, WM_HELP, 0, 0), TRUE);
-                   EXPECT_EQ(shownHelp(), shown);
-                   SendMessageA(GetDlgItem(window, IDC_HELP_BUTTON), BM_CLICK, 0, 0);
-                   EXPECT_EQ(shownHelp(), shown);
-               });
-}
-
-}  // namespace

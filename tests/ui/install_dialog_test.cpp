@@ -1,127 +1,39 @@
-#include <gtest/gtest.h>
+#include "ui/install_dialog.h"
 
-#include <vector>
+#include "tests/rows.h"
 
-#include "tests/framework/modal_driver.h"
-#include "ui/install_dialog_win.h"
-#include "ui/resource.h"
-
-namespace {
-
-/// Left, top, width and height; in client coordinates of the parent.
-RECT area(HWND control) {
-    RECT rectangle;
-    GetWindowRect(control, &rectangle);
-    MapWindowPoints(nullptr, GetParent(control), reinterpret_cast<POINT*>(&rectangle), 2);
-    return {rectangle.left, rectangle.top, rectangle.right - rectangle.left,
-            rectangle.bottom - rectangle.top};
+TEST(InstallDialog, SplitsThePromptAtBreaks) {
+    expectRows<std::string, std::string>(
+        {
+            {"", "[]"},
+            {"one", "[one]"},
+            {"a\nb\rc", "[a][b][c]"},
+            {"a\r\nb\n\rc", "[a][b][c]"},
+            {"a\n\nb", "[a][][b]"},
+            {"a\r\n\r\nb", "[a][][b]"},
+            {"\na", "[][a]"},
+            {"a\n", "[a\n]"},
+            {"a\r", "[a\r]"},
+            {"a\n\n", "[a][\n]"},
+            {"a\r\n", "[a][]"},
+            {"a\n\r\n", "[a][\n]"},
+        },
+        [](const std::string& prompt) { return inBrackets(promptLines(prompt)); });
 }
 
-/// Of one line in the prompt's font.
-int lineHeight(HWND prompt) {
-    const HDC context = GetDC(prompt);
-    SelectObject(context, reinterpret_cast<HFONT>(SendMessageA(prompt, WM_GETFONT, 0, 0)));
-    SIZE size{};
-    GetTextExtentPoint32A(context, "X", 1, &size);
-    ReleaseDC(prompt, context);
-    return size.cy;
+TEST(InstallDialog, GrowsByTheLinesThatDoNotFit) {
+    using Lines = std::vector<TextExtent>;
+    expectRows<std::tuple<Lines, int>, int>(
+        {
+            {{Lines{{100, 13}}, 23}, 0},
+            {{Lines{{100, 13}}, 14}, 0},
+            {{Lines{{100, 13}}, 12}, 5},
+            {{Lines(5, {9, 13}), 23}, 46},
+            {{Lines{{300, 13}}, 13}, 4},       // as wide as the control
+            {{Lines{{301, 13}}, 13}, 13 + 4},  // a little wider: 2 lines
+            {{Lines{{599, 13}}, 13}, 13 + 4},
+            {{Lines{{600, 13}}, 13}, 26 + 4},        // exactly 2 times: 3 lines
+            {{Lines{{450, 10}, {20, 16}}, 16}, 36},  // the last line's height counts for all
+        },
+        [](const Lines& lines, int height) { return promptGrowth(lines, 300, height); });
 }
-
-/// The control that has the focus; null when it is none of the dialog's.
-HWND focus(HWND dialog) {
-    GUITHREADINFO info{};
-    info.cbSize = sizeof info;
-    GetGUIThreadInfo(GetWindowThreadProcessId(dialog, nullptr), &info);
-    return IsChild(dialog, info.hwndFocus) ? info.hwndFocus : nullptr;
-}
-
-/// Waits at most 10 seconds for the focus to be elsewhere than at `control`, or the dialog's end.
-HWND focusBeyond(HWND dialog, HWND control) {
-    const DWORD start = GetTickCount();
-    while (IsWindow(dialog) && focus(dialog) == control && GetTickCount() - start < 10000) {
-        Sleep(1);
-    }
-    return focus(dialog);
-}
-
-TEST(InstallDialog, WorksByKeyboard) {
-    const struct {
-        std::vector<WPARAM> keys;
-        INT_PTR result;
-        unsigned productType;
-    } table[] = {
-        {{VK_RETURN}, IDOK, 2},
-        {{VK_ESCAPE}, IDCANCEL, 2},
-        {{VK_DOWN, VK_RETURN}, IDOK, 8},           // past the hidden choice
-        {{VK_DOWN, VK_DOWN, VK_RETURN}, IDOK, 2},  // and around, within the choices
-        {{VK_UP, VK_UP, VK_RETURN}, IDOK, 2},
-        {{VK_DOWN, VK_TAB, VK_RETURN}, IDOK, 8},
-        {{VK_TAB, VK_TAB, VK_RETURN}, IDCANCEL, 2},
-    };
-    for (const auto& row : table) {
-        SCOPED_TRACE(testing::PrintToString(row.keys));
-        CInstallDlg dialog("Sample");
-        dialog.SetOfferDemonstration(true);
-        EXPECT_EQ(driveModal([&] { return dialog.DoModal(); },
-                             [&](HWND window) {
-                                 for (const WPARAM key : row.keys) {
-                                     const HWND control = focusBeyond(window, nullptr);
-                                     PostMessageA(control, WM_KEYDOWN, key, 0);
-                                     focusBeyond(window, control);
-                                 }
-                             }),
-                  row.result);
-        EXPECT_EQ(dialog.productType, row.productType);
-    }
-}
-
-// For a prompt that needs the room the dialog and the prompt grow, the other controls move down.
-TEST(InstallDialog, HasItsPlacesAndGrowsForItsPrompt) {
-    const struct {
-        int id;
-        RECT place;  // left, top, width, height in dialog units
-    } controls[] = {
-        {IDC_LIVE_PRODUCT, {88, 25, 59, 10}},
-        {IDC_FILE_VIEWER, {88, 41, 59, 10}},
-        {IDC_DEMONSTRATION, {88, 57, 59, 10}},
-        {IDOK, {34, 73, 50, 14}},
-        {IDCANCEL, {93, 73, 50, 14}},
-        {57670, {152, 73, 50, 14}},
-        {4001, {6, 5, 223, 14}},
-    };
-    CInstallDlg dialog("Sample");
-    dialog.SetPrompt("Short");
-    driveModal([&] { return dialog.DoModal(); },
-               [&](HWND window) {
-                   const HWND prompt = GetDlgItem(window, IDC_INSTALL_PROMPT);
-                   RECT units{0, 14, 236, 94};
-                   MapDialogRect(window, &units);
-                   const auto expectGrown = [&](int growth) {
-                       for (const auto& [id, place] : controls) {
-                           RECT expected = place;
-                           MapDialogRect(window, &expected);
-                           (id == 4001 ? expected.bottom : expected.top) += growth;
-                           const RECT actual = area(GetDlgItem(window, id));
-                           EXPECT_TRUE(EqualRect(&actual, &expected)) << id << " by " << growth;
-                       }
-                       RECT client;
-                       GetClientRect(window, &client);
-                       EXPECT_EQ(client.right, units.right);
-                       EXPECT_EQ(client.bottom, units.bottom + growth);
-                   };
-                   expectGrown(0);
-                   dialog.SetPrompt("1\n2\n3\n4\n5");
-                   expectGrown(5 * lineHeight(prompt) - units.top + 4);
-                   dialog.SetPrompt("1\r\n2\r\n3\r\n4\r\n5\r\n6\r\n7\r\n8");
-                   const int grown = 8 * lineHeight(prompt) - units.top + 4;
-                   expectGrown(grown);
-                   dialog.SetPrompt("Short");
-                   expectGrown(grown);
-                   const LRESULT icon = SendMessageA(window, WM_GETICON, ICON_BIG, 0);
-                   EXPECT_NE(icon, 0);
-                   EXPECT_EQ(SendMessageA(window, WM_GETICON, ICON_SMALL, 0), icon);
-                   EXPECT_EQ(SendMessageA(window, WM_QUERYDRAGICON, 0, 0), icon);
-               });
-}
-
-}  // namespace

@@ -83,7 +83,7 @@ std::string listLook(HWND list) {
     }
     const LONG style = GetWindowLongA(list, GWL_STYLE);
     const auto extended = static_cast<LONG>(ask(list, LVM_GETEXTENDEDLISTVIEWSTYLE));
-    return look + '+' + std::to_string(extended & ~style);
+    return look + std::to_string((extended ^ style) & 0xFFFF);
 }
 
 std::string rowText(HWND list, WPARAM row) {

@@ -23,8 +23,8 @@ class DialogWindow {
     ///   id NUMBER     clicks the control of this id, visible or not, as unattended scripts do
     ///   key NUMBER    presses a virtual key on the control that has the focus, once one has it
     ///   sees TEXT     does nothing, but expects TEXT within the description
-    ///   columns TEXT  expects this of the list: for each column "WIDTH,LVCFMT", then its extended
-    ///                 style without the bits that it shares with its window style, as "+BITS"
+    ///   columns TEXT  expects this of the list: for each column "WIDTH,LVCFMT ", then the bits of
+    ///                 the lower word in which its extended style differs from its window style
     /// Does not wait for what a push button, the close box or a key brings about. Returns why it
     /// could not be done; empty when it was.
     [[nodiscard]] std::string act(const std::string& action) const;

@@ -1,12 +1,10 @@
+#include "platform/operating_system_win.h"
+
 #include <windows.h>
 
 #include <gtest/gtest.h>
 
-#include "platform/operating_system_win.h"
-
-namespace {
-
-TEST(OperatingSystemQuery, AgreesWithWindows) {
+TEST(OperatingSystem, AgreesWithWindows) {
     SYSTEM_INFO own{}, native{};
     GetSystemInfo(&own);
     GetNativeSystemInfo(&native);
@@ -20,10 +18,14 @@ TEST(OperatingSystemQuery, AgreesWithWindows) {
     EXPECT_EQ(code, operatingSystemCode());
     EXPECT_EQ(code, operatingSystemName(name, sizeof name));
     EXPECT_EQ(code, operatingSystemName(platformId, nullptr, 0, false));
-    EXPECT_EQ(identifyOperatingSystem(queryOperatingSystem()).name, name);
+    const OperatingSystemFacts facts = queryOperatingSystem();
+    EXPECT_EQ(identifyOperatingSystem(facts).name, name);
+    if (needsExtendedQuery(facts)) {
+        EXPECT_EQ(facts.nativeArchitecture, native.wProcessorArchitecture);
+        EXPECT_GE(facts.extendedMajorVersion, facts.majorVersion);
+        EXPECT_NE(facts.productType, 0);
+    }
     EXPECT_EQ(operatingSystemName(platformId, nullptr, 256, true), operating_system_code::noBuffer);
     EXPECT_EQ(platformId, 0u);
     EXPECT_EQ(operatingSystemName(name, 1), operating_system_code::nameTooLong);
 }
-
-}  // namespace

@@ -1,9 +1,10 @@
+#include "platform/system_library_win.h"
+
 #include <gtest/gtest.h>
 
 #include <cstdlib>
 
 #include "platform/shell_runner_win.h"
-#include "platform/system_library_win.h"
 
 namespace {
 

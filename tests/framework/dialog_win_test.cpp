@@ -1,8 +1,9 @@
+#include "framework/dialog_win.h"
+
 #include <gtest/gtest.h>
 
 #include "framework/controls_win.h"
-#include "framework/dialog_win.h"
-#include "tests/framework/modal_driver.h"
+#include "tests/framework/modal_driver_win.h"
 
 namespace {
 

@@ -8,6 +8,9 @@
 #include <algorithm>
 #include <string>
 
+#include "installed/installation_record.h"
+#include "tests/installed/sample_record.h"
+
 /// While it lives, a root of the registry leads this process to an empty key of the test's own.
 class ScratchMachine {
   public:
@@ -42,6 +45,14 @@ class ScratchMachine {
     }
     void setText(const std::string& key, const std::string& name, const std::string& text) const {
         setValue(key, name, REG_SZ, text + '\0');
+    }
+    /// As an installation would.
+    void setRecord(const std::string& key) const {
+        for (const auto& [name, text] : sampleRecord().fields) {
+            if (!text.empty()) {
+                setText(key, name, text);
+            }
+        }
     }
     void createKey(const std::string& key) const { RegCloseKey(create(key)); }
 

@@ -1,0 +1,71 @@
+#include "app/administrator_win.h"
+
+#include <algorithm>
+#include <vector>
+
+#include "platform/handle_win.h"
+#include "tests/rows.h"
+
+namespace {
+
+struct Id {
+    explicit Id(WELL_KNOWN_SID_TYPE type) {
+        DWORD size = sizeof bytes;
+        EXPECT_TRUE(CreateWellKnownSid(type, nullptr, bytes, &size));
+    }
+    BYTE bytes[SECURITY_MAX_SID_SIZE];
+} administrators(WinBuiltinAdministratorsSid), users(WinBuiltinUsersSid), everyone(WinWorldSid);
+
+// As administrator counts who is in the group in any way: enabled, not enabled, for denial only.
+TEST(Administrator, IsWhoseGroupsHoldTheGroup) {
+    using Groups = std::vector<SID_AND_ATTRIBUTES>;
+    expectRows<Groups, bool>(
+        {
+            {{}, false},
+            {{{users.bytes, SE_GROUP_ENABLED}, {everyone.bytes, SE_GROUP_ENABLED}}, false},
+            {{{users.bytes, 0}, {administrators.bytes, SE_GROUP_ENABLED}}, true},
+            {{{administrators.bytes, 0}, {users.bytes, SE_GROUP_ENABLED}}, true},
+            {{{everyone.bytes, 0}, {administrators.bytes, SE_GROUP_USE_FOR_DENY_ONLY}}, true},
+        },
+        [](const Groups& groups) {
+            // Behind the end stands the group that is looked for.
+            std::vector<char> list(sizeof(TOKEN_GROUPS) +
+                                   sizeof(SID_AND_ATTRIBUTES) * groups.size());
+            auto& tokenGroups = *reinterpret_cast<TOKEN_GROUPS*>(list.data());
+            tokenGroups.GroupCount = static_cast<DWORD>(groups.size());
+            std::copy(groups.begin(), groups.end(), tokenGroups.Groups);
+            tokenGroups.Groups[groups.size()].Sid = administrators.bytes;
+            return containsGroup(tokenGroups, administrators.bytes);
+        });
+}
+
+/// "yes" or "no" and the error code, while the thread has a copy of this token at this level.
+std::string answerUnder(HANDLE token, SECURITY_IMPERSONATION_LEVEL level) {
+    KernelHandle copy;
+    EXPECT_TRUE(DuplicateTokenEx(token, TOKEN_ALL_ACCESS, nullptr, level, TokenImpersonation,
+                                 copy.receive()));
+    EXPECT_TRUE(SetThreadToken(nullptr, copy.get()));
+    bool administrator = false;
+    const DWORD error = IsAdministrator(administrator);
+    RevertToSelf();
+    return (administrator ? "yes " : "no ") + std::to_string(error);
+}
+
+// The tests run as one.
+TEST(Administrator, IsToldByTheTokenOfTheThreadElseOfTheProcess) {
+    bool administrator = false;
+    EXPECT_EQ(IsAdministrator(administrator), DWORD{ERROR_SUCCESS});
+    EXPECT_TRUE(administrator);
+
+    SID_AND_ATTRIBUTES denied = {administrators.bytes, 0};
+    KernelHandle process, restricted;
+    OpenProcessToken(GetCurrentProcess(), TOKEN_ALL_ACCESS, process.receive());
+    CreateRestrictedToken(process.get(), 0, 1, &denied, 0, nullptr, 0, nullptr,
+                          restricted.receive());
+    EXPECT_EQ(answerUnder(restricted.get(), SecurityImpersonation), "yes 0");
+    // A thread's token that nobody may look into: not the process's is taken instead.
+    EXPECT_EQ(answerUnder(process.get(), SecurityAnonymous),
+              "no " + std::to_string(ERROR_CANT_OPEN_ANONYMOUS));
+}
+
+}  // namespace

@@ -1,0 +1,44 @@
+#include "catalogue/code_directory.h"
+
+#include <gtest/gtest.h>
+
+#include <algorithm>
+
+#include "catalogue/cipher.h"
+#include "catalogue/product_catalogue.h"
+#include "catalogue/product_code.h"
+#include "catalogue/product_names.h"
+
+TEST(CodeDirectory, NamesEveryCodeEverIssued) {
+    CProductData::TextMap directory;
+    std::string name;
+    EXPECT_TRUE(findDirectoryName("**", directory["**"]));
+    EXPECT_EQ(directory["**"], "All Products");
+    std::string lines = "**=\n";
+    for (int number = 0; number < 1024; ++number) {
+        if (findDirectoryName(number, name)) {
+            directory[codeFromNumber(number)] = name;
+            lines += codeFromNumber(number) + "=\n";
+        }
+    }
+    EXPECT_EQ(cipher::checksum(lines), 0x3CDBC9BCu);  // from the product line's own list
+    for (const auto& [code, product] : CProductData().ProductNames) {
+        EXPECT_EQ(directory[code], product);
+    }
+    EXPECT_EQ(directory["1q"], protocolViewerName);
+    // The last five bits of -1 are those of "z", and "0z" is a partner's product.
+    EXPECT_FALSE(findDirectoryName(-1, name)) << name;
+    EXPECT_FALSE(findDirectoryName("", name) || findDirectoryName("1M", name));
+    EXPECT_EQ(name, "");
+    // Older versions are found by a name within a display name: one product's must not find
+    // another's.
+    for (const auto& row : directory) {
+        EXPECT_FALSE(row.second.starts_with("Halvick"));
+        EXPECT_EQ(std::count_if(directory.begin(), directory.end(),
+                                [&row](const auto& other) {
+                                    return other.second.find(row.second) != std::string::npos;
+                                }),
+                  1)
+            << row.second;
+    }
+}

@@ -1,0 +1,55 @@
+#include "installed/running_instances_win.h"
+
+#include <windows.h>
+
+#include <gtest/gtest.h>
+
+#include <filesystem>
+
+namespace {
+
+constexpr char running[] = "installer test: running";
+
+/// A process that does not end by itself.
+TEST(RunningInstancesChild, DISABLED_Runs) {
+    SetEvent(OpenEventA(EVENT_MODIFY_STATE, FALSE, running));
+    Sleep(60000);
+}
+
+// This process is among those that must be passed over.
+TEST(RunningInstances, AreThoseOfTheWholeNameAndPath) {
+    const std::string own = _pgmptr, name = "stopped instance.exe";
+    const std::string path = (std::filesystem::temp_directory_path() / name).string();
+    ASSERT_TRUE(CopyFileA(own.c_str(), path.c_str(), FALSE));
+    const HANDLE ready = CreateEventA(nullptr, FALSE, FALSE, running);
+    std::string command =
+        "child --gtest_filter=RunningInstancesChild.* --gtest_also_run_disabled_tests";
+    STARTUPINFOA startup{};
+    startup.cb = sizeof startup;
+    PROCESS_INFORMATION process{};
+    ASSERT_TRUE(CreateProcessA(path.c_str(), command.data(), nullptr, nullptr, FALSE, 0, nullptr,
+                               nullptr, &startup, &process));
+    EXPECT_EQ(WaitForSingleObject(ready, 30000), WAIT_OBJECT_0);
+
+    const std::string ownName = own.substr(own.rfind('\\') + 1);
+    for (const auto& [otherName, otherPath] : {std::pair{std::string(), path},
+                                               {name, std::string()},
+                                               {name, own},
+                                               {name.substr(0, name.size() - 4), path},
+                                               {ownName, path},
+                                               {std::string("explorer.exe"), own}}) {
+        EXPECT_EQ(terminateProcessesByPath(otherName, otherPath), 0u);
+        EXPECT_EQ(WaitForSingleObject(process.hProcess, 0), DWORD{WAIT_TIMEOUT}) << otherName;
+    }
+    EXPECT_EQ(terminateProcessesByPath("STOPPED instance.exe", path), DWORD{WAIT_OBJECT_0});
+    DWORD exitCode = 99;
+    EXPECT_EQ(WaitForSingleObject(process.hProcess, 0), WAIT_OBJECT_0) << "its end was not awaited";
+    EXPECT_TRUE(GetExitCodeProcess(process.hProcess, &exitCode));
+    EXPECT_EQ(exitCode, 0u);
+    for (const HANDLE handle : {process.hProcess, process.hThread, ready}) {
+        CloseHandle(handle);
+    }
+    DeleteFileA(path.c_str());
+}
+
+}  // namespace

@@ -1,0 +1,39 @@
+// Tests as rows: what is given, and what must come of it.
+#pragma once
+
+#include <gtest/gtest.h>
+
+#include <initializer_list>
+#include <string>
+#include <tuple>
+#include <type_traits>
+#include <utility>
+
+/// Expects of `answer` what each row says; a tuple is given as arguments. A failure names its row
+/// by what was given.
+template <class Given, class Expected, class Answer>
+void expectRows(std::initializer_list<std::pair<Given, Expected>> rows, Answer answer) {
+    const testing::TestResult& result =
+        *testing::UnitTest::GetInstance()->current_test_info()->result();
+    for (const auto& [given, expected] : rows) {
+        const int failures = result.total_part_count();
+        if constexpr (std::is_invocable_v<Answer, Given>) {
+            EXPECT_EQ(answer(given), expected);
+        } else {
+            EXPECT_EQ(std::apply(answer, given), expected);
+        }
+        if (result.total_part_count() > failures) {
+            ADD_FAILURE() << "in the row given " << testing::PrintToString(given);
+        }
+    }
+}
+
+/// "[one][two]".
+template <class Texts>
+std::string inBrackets(const Texts& texts) {
+    std::string joined;
+    for (const auto& text : texts) {
+        joined.append("[").append(text).append("]");
+    }
+    return joined;
+}
