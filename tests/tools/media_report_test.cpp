@@ -83,33 +83,30 @@ TEST(MediaReport, TellsWhatTheInstallerWillDo) {
     const std::string lineFeeds = "[Version Number]\nVersion Number=1.2.3.4\nB=2\n",
                       silently = " | ends silently, nothing is installed";
     expectRows<std::tuple<std::string, Folder>, std::string>(
-        {
-            {{"1Q", setupOnly},
-             compiledIn + " | older viewers are stopped and removed, then the viewer is installed |"
-                          " lacks UninstallQmx.exe | without a question, any Windows"},
-            {{"1m", {{"Setup.Exe", ""}, {"flatten.exe", ""}}},
-             compiledIn + " | drivers, then \"Install Product\" | lacks SerialTavlinkDrivers.fzx |"
-                          " Live Product, 32-bit Windows | Live Product, 64-bit Windows |"
-                          " File Viewer, 32-bit Windows | File Viewer, 64-bit Windows |"
-                          " Demonstration, any Windows"},
-            {{"1w", {}},
-             compiledIn +
-                 " | older versions, then drivers, then the live product without a question"
-                 " | lacks flatten.exe | lacks CorvaneTavlinkDrivers.fzx | lacks Setup.Exe"
-                 " | without a question, any Windows"},
-            {{"0q", enciphered},
-             "1.2.3.4 | older versions, then \"Install Product\" | lacks Setup.Exe |"
-             " Live Product, any Windows"},
-            {{"1r", {}}, compiledIn + silently},
-            {{"1r", unreadable}, compiledIn + silently + " | ProductData.inx: Cannot l"},
-            {{"1r", {{"ProductData.ini", lineFeeds}}},
-             "1.2.3.4\nB=2" + silently + " | ProductData.ini: lines do"},
-            {{"1r", {{"ProductData.ini", "[Version]\r\nVersion Number=1\r\n"}}},
-             compiledIn + silently + " | ProductData.ini: no \"Vers"},
-            {{"1R", {}}, compiledIn + silently + " | No product with id \"1R\" i"},
-            {{"", {}}, " |  | The executable is not a s"},
-            {{"none", {}}, " |  | The executable is not a s"},
-        },
+        {{{"1Q", setupOnly},
+          compiledIn + " | older viewers are stopped and removed, then the viewer is installed |"
+                       " lacks UninstallQmx.exe | without a question, any Windows"},
+         {{"1m", {{"Setup.Exe", ""}, {"flatten.exe", ""}}},
+          compiledIn + " | drivers, then \"Install Product\" | lacks SerialTavlinkDrivers.fzx |"
+                       " Live Product, 32-bit Windows | Live Product, 64-bit Windows |"
+                       " File Viewer, 32-bit Windows | File Viewer, 64-bit Windows |"
+                       " Demonstration, any Windows"},
+         {{"1w", {}},
+          compiledIn + " | older versions, then drivers, then the live product without a question"
+                       " | lacks flatten.exe | lacks CorvaneTavlinkDrivers.fzx | lacks Setup.Exe"
+                       " | without a question, any Windows"},
+         {{"0q", enciphered},
+          "1.2.3.4 | older versions, then \"Install Product\" | lacks Setup.Exe |"
+          " Live Product, any Windows"},
+         {{"1r", {}}, compiledIn + silently},
+         {{"1r", unreadable}, compiledIn + silently + " | ProductData.inx: Cannot l"},
+         {{"1r", {{"ProductData.ini", lineFeeds}}},
+          "1.2.3.4\nB=2" + silently + " | ProductData.ini: lines do"},
+         {{"1r", {{"ProductData.ini", "[Version]\r\nVersion Number=1\r\n"}}},
+          compiledIn + silently + " | ProductData.ini: no \"Vers"},
+         {{"1R", {}}, compiledIn + silently + " | No product with id \"1R\" i"},
+         {{"", {}}, " |  | The executable is not a s"},
+         {{"none", {}}, " |  | The executable is not a s"}},
         outcome);
 }
 
@@ -122,14 +119,12 @@ TEST(MediaReport, TakesTheBuildFromWhereTheRunDoes) {
         bool installerIsOnMedia, dataBesideInstaller;
         std::string requiredBuild;
         std::string problem, warning;  ///< how it begins
-    } cases[] = {
-        {"on the media", true, true, "", "", ""},
-        {"the right build", true, true, "1.2.3.4", "", ""},
-        {"another build", true, true, "1.2.3.5", "The build is 1.2.3.4, not 1.2.3.5", ""},
-        {"data on the media alone", false, false, "", "ProductData.ini on the media is not read",
-         ""},
-        {"another folder", false, true, "", "", "The installer lies in another folder"},
-    };
+    } cases[] = {{"on the media", true, true, "", "", ""},
+                 {"the right build", true, true, "1.2.3.4", "", ""},
+                 {"another build", true, true, "1.2.3.5", "The build is 1.2.3.4, not 1.2.3.5", ""},
+                 {"data on the media alone", false, false, "",
+                  "ProductData.ini on the media is not read", ""},
+                 {"another folder", false, true, "", "", "The installer lies in another folder"}};
     for (const auto& row : cases) {
         SCOPED_TRACE(row.what);
         const MediaReport report = examine(stamped("0q", name), withData, row.installerIsOnMedia,
@@ -164,18 +159,16 @@ TEST(MediaFolder, CountsAFileOnlyWhenItIsWhole) {
     }
     const struct {
         const char *name, *seen;
-    } cases[] = {
-        {"Setup.Exe", "whole"},
-        {"cut.exe", "it is cut off"},
-        {"headers.exe", "it is cut off"},
-        {"changed.exe", "its checksum does not match"},
-        {"text.exe", "it is no Windows executable"},
-        {"empty.fzx", "it is empty"},
-        {"archive.fzx", "whole"},
-        {"folder.fzx", "it is a folder"},
-        {"link.fzx", "it is a link that leads nowhere"},
-        {"other.fzx", "missing"},
-    };
+    } cases[] = {{"Setup.Exe", "whole"},
+                 {"cut.exe", "it is cut off"},
+                 {"headers.exe", "it is cut off"},
+                 {"changed.exe", "its checksum does not match"},
+                 {"text.exe", "it is no Windows executable"},
+                 {"empty.fzx", "it is empty"},
+                 {"archive.fzx", "whole"},
+                 {"folder.fzx", "it is a folder"},
+                 {"link.fzx", "it is a link that leads nowhere"},
+                 {"other.fzx", "missing"}};
     for (const auto& row : cases) {
         const FileState state = fileState(folder, row.name);
         const std::string seen = !state.present         ? "missing"
