@@ -1,7 +1,7 @@
 #include "tools/desk/bill_of_materials.h"
-#include "tools/desk/western_text.h"
 
 #include "catalogue/build_number.h"
+#include "tools/desk/western_text.h"
 
 namespace {
 

@@ -1,8 +1,7 @@
 // Enciphers and deciphers the product-data file.
-#include "catalogue/cipher.h"
-
 #include <memory>
 
+#include "catalogue/cipher.h"
 #include "catalogue/product_data_file.h"
 #include "tools/desk/command.h"
 #include "tools/desk/product_data.h"
@@ -61,8 +60,8 @@ void decipherFile(const Files& files, const Session& session) {
 }  // namespace
 
 void addEncipherCommand(CLI::App& app, Session& session) {
-    CLI::App* const command = addCommand(app, session, "encipher",
-                                         "Makes \"ProductData.inx\" from \"ProductData.ini\"");
+    CLI::App* const command =
+        addCommand(app, session, "encipher", "Makes \"ProductData.inx\" from \"ProductData.ini\"");
     const auto files = addFiles(command);
     command->add_flag("--keep-line-ends", files->keepsLineEnds,
                       "Encipher lines as they end, not with CR LF");
@@ -70,8 +69,8 @@ void addEncipherCommand(CLI::App& app, Session& session) {
 }
 
 void addDecipherCommand(CLI::App& app, Session& session) {
-    CLI::App* const command = addCommand(app, session, "decipher",
-                                         "Makes \"ProductData.ini\" from \"ProductData.inx\"");
+    CLI::App* const command =
+        addCommand(app, session, "decipher", "Makes \"ProductData.ini\" from \"ProductData.inx\"");
     const auto files = addFiles(command);
     command->callback([files, &session] { decipherFile(*files, session); });
 }

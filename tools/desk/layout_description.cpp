@@ -20,7 +20,8 @@ constexpr const char* keys[] = {"installer", "installerName", "build",    "produ
 
 }  // namespace
 
-const char* const exampleLayoutDescription = R"(// What the media of the products are made of. Paths are relative to this file; "{code}" in a path
+const char* const exampleLayoutDescription =
+    R"(// What the media of the products are made of. Paths are relative to this file; "{code}" in a path
 // stands for the product's code in lower case.
 {
   // The built installer, which belongs to no product yet, and its name on the media.
@@ -79,7 +80,8 @@ LayoutDescription::LayoutDescription(const std::string& descriptionFile) : file(
         const CProductData catalogue;
         for (const auto& [code, entries] : document["products"].items()) {
             if (!catalogue.ProductNames.contains(lowerCase(code))) {
-                throw Refusal("\"" + file + "\": \"" + code + "\" in \"products\" is no product's "
+                throw Refusal("\"" + file + "\": \"" + code +
+                              "\" in \"products\" is no product's "
                               "code; \"installer-tool products\" shows them.");
             }
             requireKnown(entries, "product " + code);

@@ -23,13 +23,15 @@ std::string buildIn(std::string_view text, const std::string& file) {
     ValueParts values;
     std::string_view body;
     if (!extractSection(kept, versionSectionHeader, body)) {
-        throw Refusal("\"" + file + "\" has no section \"[Version Number]\", or nothing in it; add "
+        throw Refusal("\"" + file +
+                      "\" has no section \"[Version Number]\", or nothing in it; add "
                       "the section with a line \"Version Number=\" and the build.");
     }
     const bool read = readVersionSection(kept, values);
     const auto value = values.find("Version Number");
     if (!read || value == values.end() || value->second.empty()) {
-        throw Refusal("\"" + file + "\" gives no \"Version Number\" in its section \"[Version "
+        throw Refusal("\"" + file +
+                      "\" gives no \"Version Number\" in its section \"[Version "
                       "Number]\"; add a line \"Version Number=\" with the build.");
     }
     return std::string(value->second);

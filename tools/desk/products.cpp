@@ -17,17 +17,17 @@ std::string joined(const std::vector<std::string>& texts) {
 }
 
 Json asJson(const ProductFacts& facts) {
-    return {{"code", facts.code},
-            {"number", facts.number},
-            {"name", facts.name},
-            {"edition", facts.edition},
-            {"demonstrationOf",
-             facts.demonstrationOf.empty() ? Json() : Json(facts.demonstrationOf)},
-            {"route", facts.route},
-            {"endsSilently", facts.endsSilently},
-            {"choices", facts.choices},
-            {"files", facts.files},
-            {"setupsPerProcessor", facts.setupsPerProcessor}};
+    return {
+        {"code", facts.code},
+        {"number", facts.number},
+        {"name", facts.name},
+        {"edition", facts.edition},
+        {"demonstrationOf", facts.demonstrationOf.empty() ? Json() : Json(facts.demonstrationOf)},
+        {"route", facts.route},
+        {"endsSilently", facts.endsSilently},
+        {"choices", facts.choices},
+        {"files", facts.files},
+        {"setupsPerProcessor", facts.setupsPerProcessor}};
 }
 
 void products(const Session& session) {
@@ -43,8 +43,7 @@ void products(const Session& session) {
     std::vector<std::vector<std::string>> rows = {
         {"code", "no.", "name", "edition", "setups", "choices", "files on the media", "a run"}};
     for (const ProductFacts& facts : all) {
-        const std::string of =
-            facts.demonstrationOf.empty() ? "" : " of " + facts.demonstrationOf;
+        const std::string of = facts.demonstrationOf.empty() ? "" : " of " + facts.demonstrationOf;
         rows.push_back({facts.code, std::to_string(facts.number), facts.name, facts.edition + of,
                         facts.setupsPerProcessor ? "x86, x64" : "one", joined(facts.choices),
                         joined(facts.files), facts.route});

@@ -7,9 +7,13 @@
 
 namespace fs = std::filesystem;
 
-std::string folderOf(const std::string& code) { return lowerCase(code); }
+std::string folderOf(const std::string& code) {
+    return lowerCase(code);
+}
 
-std::string releasedPath(const std::string& code) { return folderOf(code) + '/' + installerFile; }
+std::string releasedPath(const std::string& code) {
+    return folderOf(code) + '/' + installerFile;
+}
 
 void requireReplaceable(const std::string& folder) {
     std::error_code failure;

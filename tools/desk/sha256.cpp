@@ -36,8 +36,8 @@ void addBlock(State& state, std::string_view block) {
     for (std::size_t index = 0; index < words.size(); ++index) {
         const std::uint32_t first = h + (std::rotr(e, 6) ^ std::rotr(e, 11) ^ std::rotr(e, 25)) +
                                     ((e & f) ^ (~e & g)) + constants[index] + words[index];
-        const std::uint32_t second = (std::rotr(a, 2) ^ std::rotr(a, 13) ^ std::rotr(a, 22)) +
-                                     ((a & b) ^ (a & c) ^ (b & c));
+        const std::uint32_t second =
+            (std::rotr(a, 2) ^ std::rotr(a, 13) ^ std::rotr(a, 22)) + ((a & b) ^ (a & c) ^ (b & c));
         h = g, g = f, f = e, e = d + first, d = c, c = b, b = a, a = first + second;
     }
     const State added = {a, b, c, d, e, f, g, h};

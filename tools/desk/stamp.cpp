@@ -33,8 +33,8 @@ void stamp(const Choices& choices, const Session& session) {
     if (named && choices.words[2].empty()) {
         throw Refusal("The name is empty; leave it out to stamp the catalogue's.");
     }
-    const ProductStamp product =
-        chooseStamp(catalogue, choices.words[1], named ? fromUtf8(choices.words[2]) : "", choices.build);
+    const ProductStamp product = chooseStamp(
+        catalogue, choices.words[1], named ? fromUtf8(choices.words[2]) : "", choices.build);
     refuseSameFile(input, output);
     writeOutput(output, stampedInstaller(readInput(input), input, product));
     for (const std::string& note : product.notes) {
@@ -51,8 +51,8 @@ void stamp(const Choices& choices, const Session& session) {
 }  // namespace
 
 void addStampCommand(CLI::App& app, Session& session) {
-    CLI::App* const command =
-        addCommand(app, session, "stamp", "Makes a product's installer: stamp INSTALLER CODE [NAME] OUT");
+    CLI::App* const command = addCommand(
+        app, session, "stamp", "Makes a product's installer: stamp INSTALLER CODE [NAME] OUT");
     const auto choices = std::make_shared<Choices>();
     command->add_option("WORDS", choices->words,
                         "INSTALLER: the built installer; CODE: the product's; NAME: for the title, "

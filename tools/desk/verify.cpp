@@ -77,8 +77,8 @@ void lookAtStamp(const std::string& path, const std::string& image, const Produc
         findings.add(path, "is stamped \"" + code + "\", not \"" + facts.code + "\"");
     }
     if (name != facts.name) {
-        findings.add(path, "is stamped with the name \"" + toUtf8(name) + "\", not \"" + facts.name +
-                               "\"");
+        findings.add(
+            path, "is stamped with the name \"" + toUtf8(name) + "\", not \"" + facts.name + "\"");
     }
     const std::optional<std::string> shown = versionText(image, "ProductName");
     if (shown != name) {
@@ -105,8 +105,8 @@ void lookAtInstaller(const fs::path& folder, const ProductFacts& facts, const Ch
         findings.add(path, "differs from its checksum in SHA256SUMS: it was damaged or changed");
     }
     if (billedDigest != actual) {
-        findings.add(path, std::string("differs from the bill of materials, ") +
-                               billOfMaterialsFile);
+        findings.add(path,
+                     std::string("differs from the bill of materials, ") + billOfMaterialsFile);
     }
     if (const std::string damage = executableDamage(image); !damage.empty()) {
         findings.add(path, damage);
@@ -144,7 +144,8 @@ Findings look(const Choices& choices) {
     } catch (const std::exception& error) {
         findings.add(billOfMaterialsFile, std::string("cannot be used: ") + error.what());
     }
-    const auto digestIn = [](const std::map<std::string, std::string>& all, const std::string& path) {
+    const auto digestIn = [](const std::map<std::string, std::string>& all,
+                             const std::string& path) {
         const auto found = all.find(path);
         return found == all.end() ? std::string() : found->second;
     };

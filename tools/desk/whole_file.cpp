@@ -18,7 +18,9 @@ struct Closing {
 };
 using File = std::unique_ptr<std::FILE, Closing>;
 
-std::string lastReason() { return std::generic_category().message(errno); }
+std::string lastReason() {
+    return std::generic_category().message(errno);
+}
 
 /// Why the file cannot be read; empty when `content` is filled.
 std::string tryToRead(const std::string& path, std::string& content) {
@@ -47,8 +49,8 @@ std::string tryToWrite(const std::string& path, std::string_view content) {
     if (!file) {
         return lastReason();
     }
-    const bool written = std::fwrite(content.data(), 1, content.size(), file.get()) ==
-                         content.size();
+    const bool written =
+        std::fwrite(content.data(), 1, content.size(), file.get()) == content.size();
     const std::string reason = written ? "" : lastReason();
     // A disk may be found full as late as here.
     return std::fclose(file.release()) != 0 && written ? lastReason() : reason;
@@ -118,7 +120,8 @@ bool isSameFile(const std::string& left, const std::string& right) {
 
 void refuseSameFile(const std::string& input, const std::string& output) {
     if (isSameFile(input, output)) {
-        throw Refusal("\"" + output + "\" is the input, which is not overwritten; name another "
+        throw Refusal("\"" + output +
+                      "\" is the input, which is not overwritten; name another "
                       "output.");
     }
 }
