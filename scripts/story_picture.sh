@@ -13,6 +13,6 @@ build/tools/installer-tool check --html "$work/page.html" \
     --installed tests/end_to_end/machines/server.json
 chromium --headless --no-sandbox --disable-gpu --disable-quic --no-first-run \
     --disable-background-networking --disable-component-update --disable-sync --hide-scrollbars \
-    --user-data-dir="$work/browser" --window-size=1280,1500 --screenshot="$work/page.png" \
-    "file://$work/page.html#p07" 2>/dev/null
+    --user-data-dir="$work/browser" --window-size=1280,1700 --screenshot="$work/page.png" \
+    "file://$work/page.html" 2>/dev/null
 convert "$work/page.png" -strip -colors 128 docs/images/runs.png

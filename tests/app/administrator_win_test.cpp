@@ -20,13 +20,11 @@ struct Id {
 TEST(Administrator, IsWhoseGroupsHoldTheGroup) {
     using Groups = std::vector<SID_AND_ATTRIBUTES>;
     expectRows<Groups, bool>(
-        {
-            {{}, false},
-            {{{users.bytes, SE_GROUP_ENABLED}, {everyone.bytes, SE_GROUP_ENABLED}}, false},
-            {{{users.bytes, 0}, {administrators.bytes, SE_GROUP_ENABLED}}, true},
-            {{{administrators.bytes, 0}, {users.bytes, SE_GROUP_ENABLED}}, true},
-            {{{everyone.bytes, 0}, {administrators.bytes, SE_GROUP_USE_FOR_DENY_ONLY}}, true},
-        },
+        {{{}, false},
+         {{{users.bytes, SE_GROUP_ENABLED}, {everyone.bytes, SE_GROUP_ENABLED}}, false},
+         {{{users.bytes, 0}, {administrators.bytes, SE_GROUP_ENABLED}}, true},
+         {{{administrators.bytes, 0}, {users.bytes, SE_GROUP_ENABLED}}, true},
+         {{{everyone.bytes, 0}, {administrators.bytes, SE_GROUP_USE_FOR_DENY_ONLY}}, true}},
         [](const Groups& groups) {
             // Behind the end stands the group that is looked for.
             std::vector<char> list(sizeof(TOKEN_GROUPS) +

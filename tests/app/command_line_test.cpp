@@ -25,24 +25,21 @@ std::string outcome(const std::string& options) {
 }
 
 TEST(CommandLine, GivesBothDirectoriesOrTheFirstError) {
-    expectRows<std::string, std::string>(
-        {
-            {"-dir|C:\\media", "C:\\media\\, "},
-            {"-dir|C:\\media\\", "C:\\media\\, "},
-            {"-INSTALLDIR|gone|-Dir|Y", "Y\\, gone"},
-            {"-dir|A|-dir|B|-installdir|C|-installdir|D", "B\\, D"},
-            {"-dir|-dir", "-dir\\, "},
-            {"", "line."},
-            {"-dir", "line."},
-            {"-dir|A|-installdir", "missing.\n"},
-            {"-installdir|A|-dir", "missing.\n"},
-            {"-dir|A|-dirs", "-dirs\n"},
-            {"-dire|gone", "-dire\n"},
-            {"-dir|gone|-x|y", "\"gone\"."},
-            {"-dir|file|-dir|gone", "directory."},
-            {"-installdir|A|-installdir|B", "argument."},
-        },
-        outcome);
+    expectRows<std::string, std::string>({{"-dir|C:\\media", "C:\\media\\, "},
+                                          {"-dir|C:\\media\\", "C:\\media\\, "},
+                                          {"-INSTALLDIR|gone|-Dir|Y", "Y\\, gone"},
+                                          {"-dir|A|-dir|B|-installdir|C|-installdir|D", "B\\, D"},
+                                          {"-dir|-dir", "-dir\\, "},
+                                          {"", "line."},
+                                          {"-dir", "line."},
+                                          {"-dir|A|-installdir", "missing.\n"},
+                                          {"-installdir|A|-dir", "missing.\n"},
+                                          {"-dir|A|-dirs", "-dirs\n"},
+                                          {"-dire|gone", "-dire\n"},
+                                          {"-dir|gone|-x|y", "\"gone\"."},
+                                          {"-dir|file|-dir|gone", "directory."},
+                                          {"-installdir|A|-installdir|B", "argument."}},
+                                         outcome);
 }
 
 }  // namespace

@@ -19,21 +19,19 @@ std::string inWords(const InstallPlan& plan) {
 // Install kind 0: no device family.
 TEST(InstallPlan, FollowsTheDeviceFamilyAndTheProduct) {
     expectRows<std::tuple<std::string, std::uint32_t, std::size_t>, std::string>(
-        {
-            {{"1Q", 0, 0}, "direct"},
-            {{"1q", 16, 1}, "direct"},
-            {{"04", 0, 0}, "ordinary, removes own, asks viewer demo"},
-            {{"04", 16, 1}, "hardware, drivers first, asks viewer demo"},
-            {{"04", 16, 0}, "hardware, asks viewer demo"},
-            {{"04", 8, 1}, "ordinary, removes own, drivers instead"},
-            {{"04", 8, 0}, "ordinary, removes own, asks viewer demo"},
-            {{"04", 2, 1}, "end silently"},
-            {{"04", 1, 1}, "end silently"},
-            {{"1w", 8, 1}, "ordinary, removes maker's, drivers instead"},
-            {{"0q", 0, 0}, "ordinary, removes own, asks"},
-            {{"1D", 16, 1}, "hardware, drivers first, asks"},  // editions go by the exact code
-            {{"", 0, 0}, "ordinary, removes own, asks"},
-        },
+        {{{"1Q", 0, 0}, "direct"},
+         {{"1q", 16, 1}, "direct"},
+         {{"04", 0, 0}, "ordinary, removes own, asks viewer demo"},
+         {{"04", 16, 1}, "hardware, drivers first, asks viewer demo"},
+         {{"04", 16, 0}, "hardware, asks viewer demo"},
+         {{"04", 8, 1}, "ordinary, removes own, drivers instead"},
+         {{"04", 8, 0}, "ordinary, removes own, asks viewer demo"},
+         {{"04", 2, 1}, "end silently"},
+         {{"04", 1, 1}, "end silently"},
+         {{"1w", 8, 1}, "ordinary, removes maker's, drivers instead"},
+         {{"0q", 0, 0}, "ordinary, removes own, asks"},
+         {{"1D", 16, 1}, "hardware, drivers first, asks"},  // editions go by the exact code
+         {{"", 0, 0}, "ordinary, removes own, asks"}},
         [](const std::string& code, std::uint32_t installKind, std::size_t packages) {
             DriverPackageTable drivers;
             if (installKind != 0) {

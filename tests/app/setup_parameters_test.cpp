@@ -12,19 +12,17 @@ using namespace product_type;
 TEST(SetupParameters, HoldEveryDecision) {
     const CProductData catalogue;
     expectRows<std::tuple<std::string, unsigned, std::string, bool>, std::string>(
-        {
-            {{"04", live, "", true}, "LIVE`-bitness=x86"},
-            {{"07", live, "", true}, "LIVE x64`-bitness=x64"},
-            {{"1m", live, "", false}, "LIVE x86`-bitness=x86"},
-            {{"07", live, "Pro", true}, "LIVE Pro x64`-bitness=x64"},
-            {{"1u", live, "Pro", true}, "LIVE Pro x86`-bitness=x86"},
-            {{"07", demonstration, "Pro", true}, "DEMO`-bitness=x64"},
-            {{"1m", viewer, "Pro", true}, "VIEW`-bitness=x64"},
-            {{"1w", viewer, "", true}, "VIEW x86`-bitness=x86"},
-            {{"1u", demonstration, "", true}, "DEMO x86`-bitness=x86"},
-            {{"04", 0, "Pro", true}, "LIVE Pro`-bitness=x86"},
-            {{"04", demonstration | viewer, "", true}, "DEMO`-bitness=x86"},
-        },
+        {{{"04", live, "", true}, "LIVE`-bitness=x86"},
+         {{"07", live, "", true}, "LIVE x64`-bitness=x64"},
+         {{"1m", live, "", false}, "LIVE x86`-bitness=x86"},
+         {{"07", live, "Pro", true}, "LIVE Pro x64`-bitness=x64"},
+         {{"1u", live, "Pro", true}, "LIVE Pro x86`-bitness=x86"},
+         {{"07", demonstration, "Pro", true}, "DEMO`-bitness=x64"},
+         {{"1m", viewer, "Pro", true}, "VIEW`-bitness=x64"},
+         {{"1w", viewer, "", true}, "VIEW x86`-bitness=x86"},
+         {{"1u", demonstration, "", true}, "DEMO x86`-bitness=x86"},
+         {{"04", 0, "Pro", true}, "LIVE Pro`-bitness=x86"},
+         {{"04", demonstration | viewer, "", true}, "DEMO`-bitness=x86"}},
         [&](const std::string& code, unsigned type, const std::string& suffix, bool x64) {
             std::string parameters = setupParameters(
                 catalogue, {code, numberFromCode(code), type, suffix, "C:\\a b`\\c", x64}, "A B");
@@ -57,16 +55,14 @@ TEST(SetupParameters, TheProgramFolderIsNumberedFromTwo) {
     const std::string longName(300, 'n'), longFolder = "Halvick " + longName;
     using Names = std::vector<std::string>;
     expectRows<std::tuple<int, std::string, Names>, std::string>(
-        {
-            {{4, "X", {}}, "Halvick X"},
-            {{4, "X", {"Halvick X", "Halvick X 2"}}, "Halvick X 3"},
-            {{4, "X", Names{"Halvick X 2"}}, "Halvick X"},
-            {{55, "X", {"X", "Halvick X"}}, "X 2"},
-            {{56, "X", {}}, "X"},
-            {{4, longName, {}}, longFolder},
-            // The number no longer fits: the search ends all the same.
-            {{4, longName, {longFolder, longFolder.substr(0, 260)}}, longFolder.substr(0, 260)},
-        },
+        {{{4, "X", {}}, "Halvick X"},
+         {{4, "X", {"Halvick X", "Halvick X 2"}}, "Halvick X 3"},
+         {{4, "X", Names{"Halvick X 2"}}, "Halvick X"},
+         {{55, "X", {"X", "Halvick X"}}, "X 2"},
+         {{56, "X", {}}, "X"},
+         {{4, longName, {}}, longFolder},
+         // The number no longer fits: the search ends all the same.
+         {{4, longName, {longFolder, longFolder.substr(0, 260)}}, longFolder.substr(0, 260)}},
         [](int product, const std::string& name, const Names& taken) {
             return uniqueProgramFolder(name, product, [&taken](const std::string& candidate) {
                 return std::find(taken.begin(), taken.end(), candidate) != taken.end();

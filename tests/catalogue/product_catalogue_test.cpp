@@ -95,17 +95,15 @@ TEST(ProductCatalogue, SetsNameEditionAndBuildIntoTheDisplayName) {
     };
     using Given = std::tuple<std::string, std::string, std::string>;
     expectRows<Given, std::string>(
-        {
-            {{"1k", "Viewer", "16.4.12000.0"}, serial + " Viewer 16.4.12000.0"},
-            {{"1k", "", ""}, serial + " 16.4.10002.0"},
-            {{"0g", "Demo", "1.2"}, demo + " 1.2"},
-            {{"0g", "demo", "1.2"}, demo + " demo 1.2"},
-            {{"1w", "Viewer", "1.2"}, "1.2"},
-            {{"0q", "Viewer", "1.2"}, data.ProductNames["0q"] + " Viewer"},
-            {{"19", "Demo", "1.2"}, "No product with id \"19\" is supported."},
-            {{"1M", "", "1.2"}, "No product with id \"1M\" is supported."},
-            {{"", "Demo", "1.2"}, ""},
-        },
+        {{{"1k", "Viewer", "16.4.12000.0"}, serial + " Viewer 16.4.12000.0"},
+         {{"1k", "", ""}, serial + " 16.4.10002.0"},
+         {{"0g", "Demo", "1.2"}, demo + " 1.2"},
+         {{"0g", "demo", "1.2"}, demo + " demo 1.2"},
+         {{"1w", "Viewer", "1.2"}, "1.2"},
+         {{"0q", "Viewer", "1.2"}, data.ProductNames["0q"] + " Viewer"},
+         {{"19", "Demo", "1.2"}, "No product with id \"19\" is supported."},
+         {{"1M", "", "1.2"}, "No product with id \"1M\" is supported."},
+         {{"", "Demo", "1.2"}, ""}},
         displayName);
     data.DisplayNameTemplates["1k"] = "<build>, <Product Name>, <BUILD>";
     EXPECT_EQ(displayName("1k", "", "1"), "1, " + serial + ", 1");

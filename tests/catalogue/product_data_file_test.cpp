@@ -18,18 +18,16 @@ std::string inWords(const ValueParts& values) {
 
 TEST(ProductDataFile, IsPlainOrEncipheredAndHasCommentLines) {
     expectRows<std::tuple<std::optional<std::string>, bool>, std::string>(
-        {
-            {{"a\r\n;b=1\r\nc;d\r\n", false}, "a\r\nc;d\r"},
-            {{" ;a\n;\n\nb", false}, " ;a\n\nb"},
-            {{";a", false}, ""},
-            {{"a\n;b", false}, "a"},
-            {{"\n", false}, ""},
-            {{"", false}, ""},
-            {{encipher(";c\r\na=1\r\n"), true}, "a=1\r"},
-            {{"a=1", true}, "Cannot load product data - The text is not enciphered."},
-            {{std::nullopt, true}, "Cannot load product data - The file cannot be read."},
-            {{std::nullopt, false}, "Cannot load product data - The file cannot be read."},
-        },
+        {{{"a\r\n;b=1\r\nc;d\r\n", false}, "a\r\nc;d\r"},
+         {{" ;a\n;\n\nb", false}, " ;a\n\nb"},
+         {{";a", false}, ""},
+         {{"a\n;b", false}, "a"},
+         {{"\n", false}, ""},
+         {{"", false}, ""},
+         {{encipher(";c\r\na=1\r\n"), true}, "a=1\r"},
+         {{"a=1", true}, "Cannot load product data - The text is not enciphered."},
+         {{std::nullopt, true}, "Cannot load product data - The file cannot be read."},
+         {{std::nullopt, false}, "Cannot load product data - The file cannot be read."}},
         [](const std::optional<std::string>& content, bool enciphered) {
             std::string text, error;
             const bool readable = productDataText(content, enciphered, text, error);
@@ -40,25 +38,23 @@ TEST(ProductDataFile, IsPlainOrEncipheredAndHasCommentLines) {
 
 TEST(ProductDataFile, HasItsVersionSectionRead) {
     expectRows<std::string, std::string>(
-        {
-            {"[Version Number]\r\nVersion Number=16.4.1\r\nOther=2\r",
-             "Other=2|Version Number=16.4.1|"},
-            {"x[version NUMBER]a = b=c \r\n\t\r\n;d=1\r\r\n", ";d=1|a = b=c |"},
-            {"[Version Number]\nVersion Number=16.4.1\nOther=2\n",
-             "16.4.1\nOther=2|Version Number=16.4.1\nOther=2|"},
-            {"[Version Number]\r\na=1\r\nb= 2\nc=3\n", " 2\nc=3|a=1|b= 2\nc=3|"},
-            {"[Version Number]\r\na=1\r\na=2\r\nA=3", "A=3|a=1|"},
-            {"[Version Number]\r\na=1[2\r\nb=3", "a=1|"},
-            {"[Version Number]\r\na=1\r\n[Other]\r\nb=2\r\n[Version Number]\r\nc=3", "a=1|"},
-            {"[Version Number]\r\na=\r\nb", "a=|"},
-            {"[Version Number]=", "=|"},
-            {"[Version Number]a=1\rb=2\rc=", "a=1|b=2|c=|"},
-            {"[Version Number]\r\nno value", ""},
-            {"[Version Number]\r\n \t\r\n", "left=alone|"},
-            {"[Version Number]\r\n[Other]\r\na=1", "left=alone|"},
-            {"[Version]\r\na=1", "left=alone|"},
-            {"", "left=alone|"},
-        },
+        {{"[Version Number]\r\nVersion Number=16.4.1\r\nOther=2\r",
+          "Other=2|Version Number=16.4.1|"},
+         {"x[version NUMBER]a = b=c \r\n\t\r\n;d=1\r\r\n", ";d=1|a = b=c |"},
+         {"[Version Number]\nVersion Number=16.4.1\nOther=2\n",
+          "16.4.1\nOther=2|Version Number=16.4.1\nOther=2|"},
+         {"[Version Number]\r\na=1\r\nb= 2\nc=3\n", " 2\nc=3|a=1|b= 2\nc=3|"},
+         {"[Version Number]\r\na=1\r\na=2\r\nA=3", "A=3|a=1|"},
+         {"[Version Number]\r\na=1[2\r\nb=3", "a=1|"},
+         {"[Version Number]\r\na=1\r\n[Other]\r\nb=2\r\n[Version Number]\r\nc=3", "a=1|"},
+         {"[Version Number]\r\na=\r\nb", "a=|"},
+         {"[Version Number]=", "=|"},
+         {"[Version Number]a=1\rb=2\rc=", "a=1|b=2|c=|"},
+         {"[Version Number]\r\nno value", ""},
+         {"[Version Number]\r\n \t\r\n", "left=alone|"},
+         {"[Version Number]\r\n[Other]\r\na=1", "left=alone|"},
+         {"[Version]\r\na=1", "left=alone|"},
+         {"", "left=alone|"}},
         [](const std::string& text) {
             ValueParts values{{"left", "alone"}};
             const bool found = readVersionSection(text, values);

@@ -5,31 +5,26 @@
 using namespace std::string_literals;
 
 TEST(DriverInstallation, TakesWholePackagesForTheSystem) {
-    expectRows<std::tuple<DriverPackage, int>, bool>(
-        {
-            {{{true, {9, 23}, "a", "t"}, 9}, true},
-            {{{false, {9, 23}, "a", "t"}, 23}, true},
-            {{{true, {0, 9}, "a", "t"}, 0}, true},
-            {{{true, {9, 23}, "a", "t"}, 10}, false},
-            {{{true, {}, "a", "t"}, 9}, false},
-            {{{true, {9}, "", "t"}, 9}, false},
-            {{{true, {9}, "a", ""}, 9}, false},
-            {{{true, {9, 24}, "a", "t"}, 24}, false},
-            {{{true, {9, -1}, "a", "t"}, -1}, false},
-        },
-        appliesTo);
+    expectRows<std::tuple<DriverPackage, int>, bool>({{{{true, {9, 23}, "a", "t"}, 9}, true},
+                                                      {{{false, {9, 23}, "a", "t"}, 23}, true},
+                                                      {{{true, {0, 9}, "a", "t"}, 0}, true},
+                                                      {{{true, {9, 23}, "a", "t"}, 10}, false},
+                                                      {{{true, {}, "a", "t"}, 9}, false},
+                                                      {{{true, {9}, "", "t"}, 9}, false},
+                                                      {{{true, {9}, "a", ""}, 9}, false},
+                                                      {{{true, {9, 24}, "a", "t"}, 24}, false},
+                                                      {{{true, {9, -1}, "a", "t"}, -1}, false}},
+                                                     appliesTo);
 }
 
 TEST(DriverInstallation, UnpacksIntoTheFolderWithTheKey) {
     expectRows<std::tuple<std::string, std::string>, std::string>(
-        {
-            {{"#PROGRAM_FILES#\\D\\", "C:\\Program Files (x86)"}, "C:\\Program Files (x86)\\D"},
-            {{"#program_Files#\\D\\\\", "C:\\P"}, "C:\\P\\D\\"},
-            {{"#PROGRAM_FILES#\\#PROGRAM_FILES#", "P"}, "P\\P"},
-            {{"#PROGRAM_FILES#\\D", ""}, "\\D"},
-            {{"#PROGRAM_FILES#", ""}, ""},
-            {{"#PROGRAM_FILES\\", "P"}, "#PROGRAM_FILES"},
-        },
+        {{{"#PROGRAM_FILES#\\D\\", "C:\\Program Files (x86)"}, "C:\\Program Files (x86)\\D"},
+         {{"#program_Files#\\D\\\\", "C:\\P"}, "C:\\P\\D\\"},
+         {{"#PROGRAM_FILES#\\#PROGRAM_FILES#", "P"}, "P\\P"},
+         {{"#PROGRAM_FILES#\\D", ""}, "\\D"},
+         {{"#PROGRAM_FILES#", ""}, ""},
+         {{"#PROGRAM_FILES\\", "P"}, "#PROGRAM_FILES"}},
         extractionFolder);
     const std::string key = "0123456789ABCDEFnot the key", longFolder(5000, 'f');
     ExtractionCommand command = extractionCommand("C:\\m m\\", "a.fzx", key.data(), "C:\\P");
@@ -46,25 +41,23 @@ TEST(DriverInstallation, RunsTheInstallerThatTheReportNames) {
     const std::string name = driverInstallerName(true), large(1'000'000, 'd');
     EXPECT_EQ(name, "dpinst_64.exe");
     expectRows<std::string, std::string>(
-        {
-            {"extracted \"sub\\dpinst_64.exe\"\r\n", "D\\sub\\dpinst_64.exe"},
-            {"\"dpinst_64.exe", "D\\dpinst_64.exe"},
-            {"\"a\" \"x32\\dpinst_32.exe\" \"x64\\dpinst_64.exe\"", "D\\x64\\dpinst_64.exe"},
-            // The path is taken as it stands.
-            {"\"..\\..\\dpinst_64.exe\"", "D\\..\\..\\dpinst_64.exe"},
-            {"\"a\\dpinst_64.exe.bak\"", "D\\a\\dpinst_64.exe"},
-            {"\0\"a\\dpinst_64.exe\""s, "D\\a\\dpinst_64.exe"},
-            {"\"a\0\\dpinst_64.exe\""s, "none"},
-            {"", "none"},
-            {"dpinst_64.exe\"", "none"},
-            {"sub\\dpinst_64.exe", "none"},
-            // Only the first occurrence counts.
-            {"\"one\\dpinst_64.exe\" \"two\\dpinst_64.exe\"", "D\\one\\dpinst_64.exe"},
-            {"dpinst_64.exe \"sub\\dpinst_64.exe\"", "none"},
-            {"\"sub\\DPINST_64.EXE\"", "none"},
-            {'"' + large + name, "D\\" + large.substr(0, 258)},
-            {large + "\"x\\" + name, "D\\x\\dpinst_64.exe"},
-        },
+        {{"extracted \"sub\\dpinst_64.exe\"\r\n", "D\\sub\\dpinst_64.exe"},
+         {"\"dpinst_64.exe", "D\\dpinst_64.exe"},
+         {"\"a\" \"x32\\dpinst_32.exe\" \"x64\\dpinst_64.exe\"", "D\\x64\\dpinst_64.exe"},
+         // The path is taken as it stands.
+         {"\"..\\..\\dpinst_64.exe\"", "D\\..\\..\\dpinst_64.exe"},
+         {"\"a\\dpinst_64.exe.bak\"", "D\\a\\dpinst_64.exe"},
+         {"\0\"a\\dpinst_64.exe\""s, "D\\a\\dpinst_64.exe"},
+         {"\"a\0\\dpinst_64.exe\""s, "none"},
+         {"", "none"},
+         {"dpinst_64.exe\"", "none"},
+         {"sub\\dpinst_64.exe", "none"},
+         // Only the first occurrence counts.
+         {"\"one\\dpinst_64.exe\" \"two\\dpinst_64.exe\"", "D\\one\\dpinst_64.exe"},
+         {"dpinst_64.exe \"sub\\dpinst_64.exe\"", "none"},
+         {"\"sub\\DPINST_64.EXE\"", "none"},
+         {'"' + large + name, "D\\" + large.substr(0, 258)},
+         {large + "\"x\\" + name, "D\\x\\dpinst_64.exe"}},
         [&name](const std::string& report) {
             return reportedInstaller(report, "D", name).value_or("none");
         });

@@ -46,23 +46,21 @@ Step viewerSetup(const std::string& build = defaultBuild) {
 
 TEST(DirectInstall, RemovesEveryViewerAndHandsOver) {
     const std::string other = scratch + "remove it.exe";
-    play({
-        {"1q: no viewer", {viewerSetup()}},
-        {"1q: no setup utility, after the removal",
-         {newUninstallerRan("a"),
-          box("Failed to locate program installation utility: \"" + media + "Setup.Exe\"",
-              "error")},
-         {newUninstaller, old("a", viewer), removed(media + "Setup.Exe")}},
-        {"1q: both editions, and nothing else",
-         {newUninstallerRan("b"), newUninstallerRan("a"), newUninstallerRan("c"), viewerSetup()},
-         {newUninstaller, old("a", viewer), old("b", suiteViewer), old("c", viewer),
-          old("d", "Bluetooth Protocol Viewer 2"), old("e", "My Test Suite Observer"),
-          old("f", "bluetooth protocol viewer"), old("g", "Tavlink Serial Analyzer")}},
-        {"1q: an uninstaller of another name, and one that is not there",
-         {ran(other), shellMessage, viewerSetup()},
-         {program(other), file(marker("a")), installed("a", viewer, other, location("a")),
-          installed("b", viewer, scratch + "absent.exe")}},
-    });
+    play({{"1q: no viewer", {viewerSetup()}},
+          {"1q: no setup utility, after the removal",
+           {newUninstallerRan("a"),
+            box("Failed to locate program installation utility: \"" + media + "Setup.Exe\"",
+                "error")},
+           {newUninstaller, old("a", viewer), removed(media + "Setup.Exe")}},
+          {"1q: both editions, and nothing else",
+           {newUninstallerRan("b"), newUninstallerRan("a"), newUninstallerRan("c"), viewerSetup()},
+           {newUninstaller, old("a", viewer), old("b", suiteViewer), old("c", viewer),
+            old("d", "Bluetooth Protocol Viewer 2"), old("e", "My Test Suite Observer"),
+            old("f", "bluetooth protocol viewer"), old("g", "Tavlink Serial Analyzer")}},
+          {"1q: an uninstaller of another name, and one that is not there",
+           {ran(other), shellMessage, viewerSetup()},
+           {program(other), file(marker("a")), installed("a", viewer, other, location("a")),
+            installed("b", viewer, scratch + "absent.exe")}}});
 }
 
 /// UTC, as the log tells it.

@@ -10,48 +10,46 @@ const Step multiprotocolSetup = setup("1w", "Halvick 16.4.10002.0", "LIVE x86");
 
 TEST(Drivers, AreInstalledInTheirPlaceOfTheRun) {
     const std::string uninstaller = scratch + "old.exe";
-    play({
-        {"1k: before the choice, older versions left alone",
-         {serial, ran(unpacked), chooseLive,
-          setup("1k", "Halvick Tavlink Serial Analyzer 16.4.10002.0")},
-         {extractionTool(), installed("a", "Tavlink Serial Analyzer", "x")}},
-        {"1k: before a cancelled choice",
-         {serial, ran(unpacked), choose("Live Product", "Cancel")},
-         {extractionTool()}},
-        {"1k: without an extraction tool",
-         {shellMessage, choose("Demonstration"),
-          setup("0g", "Halvick Tavlink Serial Demo 16.4.10002.0", "DEMO")}},
-        {"1w: in place of the choice, after the removal",
-         {{"* | No, Skip", {"Yes, Uninstall Selected Version(s)"}},
-          ran(uninstaller),
-          corvane,
-          ran(unpacked),
-          multiprotocolSetup},
-         {extractionTool(), program(uninstaller),
-          installed("a", "Halvick Anything 12", uninstaller)}},
-        {"1w: not on this release, and without a choice all the same",
-         {{"* | Yes | No", {"Yes"}}, multiprotocolSetup},
-         {extractionTool(), release("win2k")}},
-        // Further families end the run in silence.
-        {"16: Bluetooth", {}, {extractionTool()}},
-        {"1r: low energy", {}, {extractionTool()}},
-        {"1u: Corvane", {}, {extractionTool()}},
-    });
+    play({{"1k: before the choice, older versions left alone",
+           {serial, ran(unpacked), chooseLive,
+            setup("1k", "Halvick Tavlink Serial Analyzer 16.4.10002.0")},
+           {extractionTool(), installed("a", "Tavlink Serial Analyzer", "x")}},
+          {"1k: before a cancelled choice",
+           {serial, ran(unpacked), choose("Live Product", "Cancel")},
+           {extractionTool()}},
+          {"1k: without an extraction tool",
+           {shellMessage, choose("Demonstration"),
+            setup("0g", "Halvick Tavlink Serial Demo 16.4.10002.0", "DEMO")}},
+          {"1w: in place of the choice, after the removal",
+           {{"* | No, Skip", {"Yes, Uninstall Selected Version(s)"}},
+            ran(uninstaller),
+            corvane,
+            ran(unpacked),
+            multiprotocolSetup},
+           {extractionTool(), program(uninstaller),
+            installed("a", "Halvick Anything 12", uninstaller)}},
+          {"1w: not on this release, and without a choice all the same",
+           {{"* | Yes | No", {"Yes"}}, multiprotocolSetup},
+           {extractionTool(), release("win2k")}},
+          // Further families end the run in silence.
+          {"16: Bluetooth", {}, {extractionTool()}},
+          {"1r: low energy", {}, {extractionTool()}},
+          {"1u: Corvane", {}, {extractionTool()}}});
 }
 
 TEST(Drivers, AreInstalledAsFarAsTheReportTells) {
     const std::string other = on64BitWindows() ? "32" : "64", sub = "\"sub folder\\";
     const std::vector<Step> passedOver{corvane, multiprotocolSetup};
     const std::vector<Step> run{corvane, ran(unpacked), multiprotocolSetup};
-    play({
-        {"1w: an empty report", passedOver, {extractionTool("")}},
-        {"1w: the other bitness", passedOver, {extractionTool(sub + "dpinst_" + other + ".exe\"")}},
-        {"1w: a file that is not there", passedOver, {extractionTool("\"x\\" + driverInstaller)}},
-        {"1w: 1 MB", run, {extractionTool(std::string(1'000'000, '\0') + sub + driverInstaller)}},
-        {"1w: out of the folder",
-         run,
-         {extractionTool("\"..\\Drivers\\sub folder\\" + driverInstaller)}},
-    });
+    play({{"1w: an empty report", passedOver, {extractionTool("")}},
+          {"1w: the other bitness",
+           passedOver,
+           {extractionTool(sub + "dpinst_" + other + ".exe\"")}},
+          {"1w: a file that is not there", passedOver, {extractionTool("\"x\\" + driverInstaller)}},
+          {"1w: 1 MB", run, {extractionTool(std::string(1'000'000, '\0') + sub + driverInstaller)}},
+          {"1w: out of the folder",
+           run,
+           {extractionTool("\"..\\Drivers\\sub folder\\" + driverInstaller)}}});
 }
 
 }  // namespace

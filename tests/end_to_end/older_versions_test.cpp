@@ -35,18 +35,13 @@ const Step classicSetup = setup("04", "Halvick Tavlink Classic Analyzer 16.4.100
 TEST(OlderVersions, AreSortedAndTheTickedOnesRemovedOneAfterAnother) {
     const std::string beta = "beta Tavlink Classic Analyzer 2";
     const std::vector<Given> versions = {
-        version("a", beta),
-        version("b", "Alpha Tavlink Classic Analyzer 12"),
-        version("c", "Tavlink Classic Analyzer 13"),
-        version("d", beta),
+        version("a", beta), version("b", "Alpha Tavlink Classic Analyzer 12"),
+        version("c", "Tavlink Classic Analyzer 13"), version("d", beta),
         version("e", "Tavlink Classic Analyzer 10", "10.9.1.0"),
         version("f", "Tavlink Classic Analyzer 11", "11.0"),
-        version("g", "TAVLINK Classic Analyzer 12"),
-        version("h", "Tavlink Serial Analyzer 12"),
+        version("g", "TAVLINK Classic Analyzer 12"), version("h", "Tavlink Serial Analyzer 12"),
         // No uninstaller, and one that is no program.
-        removed(uninstaller("c")),
-        file(uninstaller("d"), "a text"),
-    };
+        removed(uninstaller("c")), file(uninstaller("d"), "a text")};
     const std::string rows = "[x] Alpha Tavlink Classic Analyzer 12 | [x] " + beta + " | [x] " +
                              beta + " | [x] Tavlink Classic Analyzer 13";
     const std::string end = "key 35", up = "key 38", down = "key 40", blank = "key 32";
@@ -55,39 +50,36 @@ TEST(OlderVersions, AreSortedAndTheTickedOnesRemovedOneAfterAnother) {
     const auto prompt = [&](const std::vector<std::string>& actions) {
         return asks(rows, actions, true);
     };
-    play({
-        // One ticked row removes every version of its name, and what fails is passed over.
-        {"04: unticked by keyboard",
-         {prompt({"columns 20,0 400,0 4", blank, down, down, blank, confirm}),
-          ran(uninstaller("a")), shellMessage, noProgram, shellMessage, chooseLive, classicSetup},
-         versions},
-        {"04: one by keyboard",
-         {prompt({end, blank, up, blank, up, blank, confirm}), ran(uninstaller("b")), chooseLive,
-          classicSetup},
-         versions},
-        {"04: none",
-         {prompt({selectAll, "sees | [ ] Alpha", selectAll, "sees " + rows, selectAll, confirm}),
-          chooseLive, classicSetup},
-         versions},
-        {"04: skipped", {prompt({skip}), chooseLive, classicSetup}, versions},
-        {"04: escape", {prompt({"key 27"}), chooseLive, classicSetup}, versions},
-        {"04: close box", {prompt({"close"}), chooseLive, classicSetup}, versions},
-    });
+    play({// One ticked row removes every version of its name, and what fails is passed over.
+          {"04: unticked by keyboard",
+           {prompt({"columns 20,0 400,0 4", blank, down, down, blank, confirm}),
+            ran(uninstaller("a")), shellMessage, noProgram, shellMessage, chooseLive, classicSetup},
+           versions},
+          {"04: one by keyboard",
+           {prompt({end, blank, up, blank, up, blank, confirm}), ran(uninstaller("b")), chooseLive,
+            classicSetup},
+           versions},
+          {"04: none",
+           {prompt({selectAll, "sees | [ ] Alpha", selectAll, "sees " + rows, selectAll, confirm}),
+            chooseLive, classicSetup},
+           versions},
+          {"04: skipped", {prompt({skip}), chooseLive, classicSetup}, versions},
+          {"04: escape", {prompt({"key 27"}), chooseLive, classicSetup}, versions},
+          {"04: close box", {prompt({"close"}), chooseLive, classicSetup}, versions}});
 }
 
 TEST(OlderVersions, AreThoseOfTheProductOrOfTheMaker) {
     // The longest name that is read.
     const std::string name = std::string(234, '\xE9') + " Tavlink Classic Analyzer";
-    play({
-        {"04: the longest name, and removal before a cancelled choice",
-         {asks("[x] " + name, {confirm}), ran(uninstaller("a")), choose("Live Product", "Cancel")},
-         {version("a", name), version("b", 'x' + name)}},
-        {"1w: the maker's",
-         {asks("[x] Halvick Anything 12", {skip}), shellMessage,
-          setup("1w", "Halvick 16.4.10002.0", "LIVE x86")},
-         {version("a", "Halvick Anything 12"), version("b", "HALVICK Anything 12"),
-          version("c", "Tavlink Multiprotocol Analyzer 12")}},
-    });
+    play(
+        {{"04: the longest name, and removal before a cancelled choice",
+          {asks("[x] " + name, {confirm}), ran(uninstaller("a")), choose("Live Product", "Cancel")},
+          {version("a", name), version("b", 'x' + name)}},
+         {"1w: the maker's",
+          {asks("[x] Halvick Anything 12", {skip}), shellMessage,
+           setup("1w", "Halvick 16.4.10002.0", "LIVE x86")},
+          {version("a", "Halvick Anything 12"), version("b", "HALVICK Anything 12"),
+           version("c", "Tavlink Multiprotocol Analyzer 12")}}});
     if (on64BitWindows()) {
         play({"04: listed for 64-bit programs",
               {chooseLive, classicSetup},

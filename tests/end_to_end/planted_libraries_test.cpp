@@ -17,8 +17,7 @@ const std::string names[] = {
     "propsys.dll",  "rsaenh.dll",      "secur32.dll",         "setupapi.dll", "shfolder.dll",
     "sspicli.dll",  "textshaping.dll", "urlmon.dll",          "userenv.dll",  "usp10.dll",
     "uxtheme.dll",  "version.dll",     "windows.storage.dll", "wininet.dll",  "winmm.dll",
-    "wtsapi32.dll",
-};
+    "wtsapi32.dll"};
 
 TEST(PlantedLibraries, AreNotLoaded) {
     const std::string folders[] = {scratch, media, elsewhere};

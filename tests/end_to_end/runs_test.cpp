@@ -24,8 +24,7 @@ TEST(CommandLine, EveryFailureIsShownAndEndsTheRun) {
         {"-dir \"" + scratch + "med*\"", "\n\nError accessing \"" + scratch + "med*\"."},
         {"-dir ..\\med?a", "\n\nError accessing \"..\\med?a\"."},
         {"-dir \"" + setupUtility + '"', "\n\n\"" + setupUtility + "\" is not a directory."},
-        {"-installdir X -INSTALLDIR Z", "\n\nMissing directory argument."},
-    };
+        {"-installdir X -INSTALLDIR Z", "\n\nMissing directory argument."}};
     for (const auto& row : table) {
         play({"04: " + row.arguments, {box(row.text, row.icon)}, {}, row.arguments});
     }
@@ -37,14 +36,12 @@ TEST(CommandLine, SourceDirectoriesAreHandedOverAsTheyAre) {
     const std::string umlauts = scratch + "\xC4hnlich \xDF`\\";
     const struct {
         std::string folder, arguments, handedOver;
-    } table[] = {
-        {media, "-installdir X -dir C:\\ -DIR \"" + media + "\\\"", media},
-        {umlauts, "-dir \"" + umlauts + "\\\"", umlauts},
-        {longest, "-dir \"" + longest + "\\\"", longest},
-        {media, "-dir ..\\media", "..\\media\\"},
-        {elsewhere, "-dir .", ".\\"},
-        {media, "-dir \"\\\\?\\" + media + "\\\"", "\\\\?\\" + media},
-    };
+    } table[] = {{media, "-installdir X -dir C:\\ -DIR \"" + media + "\\\"", media},
+                 {umlauts, "-dir \"" + umlauts + "\\\"", umlauts},
+                 {longest, "-dir \"" + longest + "\\\"", longest},
+                 {media, "-dir ..\\media", "..\\media\\"},
+                 {elsewhere, "-dir .", ".\\"},
+                 {media, "-dir \"\\\\?\\" + media + "\\\"", "\\\\?\\" + media}};
     for (const auto& row : table) {
         Step started = setup("0q", "Halvick Tavlink Universal Analyzer", "LIVE", "x86",
                              defaultBuild, row.handedOver);
@@ -59,17 +56,16 @@ TEST(CommandLine, SourceDirectoriesAreHandedOverAsTheyAre) {
 TEST(CommandLine, TooLongASourceDirectoryIsSaidToBeSo) {
     const std::string folder = scratch + std::string(250 - scratch.size(), 'b'),
                       longer = folder + "bbbbb";
-    play({
-        {"0q: a path of 260 characters",
-         {chooseLive, shellMessage, {"* | OK", {"OK"}, Step::Kind::DialogOfSomePlatforms}},
-         {setupIn(folder + '\\')},
-         "-dir \"" + folder + '"'},
-        {"0q: a path of 265 characters",
-         {chooseLive,
-          box("Failed to locate program installation utility: \"" + longer + "\\Setu\"", "error")},
-         {setupIn(longer + '\\')},
-         "-dir \"" + longer + '"'},
-    });
+    play(
+        {{"0q: a path of 260 characters",
+          {chooseLive, shellMessage, {"* | OK", {"OK"}, Step::Kind::DialogOfSomePlatforms}},
+          {setupIn(folder + '\\')},
+          "-dir \"" + folder + '"'},
+         {"0q: a path of 265 characters",
+          {chooseLive,
+           box("Failed to locate program installation utility: \"" + longer + "\\Setu\"", "error")},
+          {setupIn(longer + '\\')},
+          "-dir \"" + longer + '"'}});
 }
 
 /// A row of docs/release-matrix.md, from what was seen of a run.
@@ -98,28 +94,26 @@ TEST(OperatingSystem, EveryReportedReleaseMeetsItsPolicy) {
     const std::string version52 = on64BitWindows() ? passed : "Windows Server 2003 Service Pack 2";
     const struct {
         std::string release, asksAbout, reply = "Yes";
-    } table[] = {
-        {"win20", refused},
-        {"win30", refused},
-        {"win31", refused},
-        {"win95", refused},
-        {"win98", refused},
-        {"winme", refused},
-        {"nt351", refused},
-        {"nt40", refused},
-        {"win2k", "Windows 2000 Service Pack 4"},
-        {"winxp", passed},
-        {"winxp64", version52},
-        {"win2003", version52},
-        {"vista", passed},
-        {"win2008", "Windows Server 2008 Service Pack 2"},
-        {"win2008", "Windows Server 2008 Service Pack 2", "No"},
-        {"win7", "Windows Server 2008 R2 Service Pack 1"},
-        {"win2008r2", passed},
-        {"win8", passed},
-        {"win81", passed},
-        {"win10", passed},
-    };
+    } table[] = {{"win20", refused},
+                 {"win30", refused},
+                 {"win31", refused},
+                 {"win95", refused},
+                 {"win98", refused},
+                 {"winme", refused},
+                 {"nt351", refused},
+                 {"nt40", refused},
+                 {"win2k", "Windows 2000 Service Pack 4"},
+                 {"winxp", passed},
+                 {"winxp64", version52},
+                 {"win2003", version52},
+                 {"vista", passed},
+                 {"win2008", "Windows Server 2008 Service Pack 2"},
+                 {"win2008", "Windows Server 2008 Service Pack 2", "No"},
+                 {"win7", "Windows Server 2008 R2 Service Pack 1"},
+                 {"win2008r2", passed},
+                 {"win8", passed},
+                 {"win81", passed},
+                 {"win10", passed}};
     // Set by the script that writes the document.
     const char* matrix = std::getenv("RELEASE_MATRIX");
     for (const auto& [name, asksAbout, reply] : table) {
@@ -168,39 +162,37 @@ TEST(HandOver, FollowsTheChoice) {
                       all = live + " | File Viewer | Demonstration",
                       setupUtility = media + "Setup.Exe";
     const std::string enter = "key 13", escape = "key 27", help = "key 112";
-    play({
-        {"04: live at once",
-         {dialogOf("Tavlink Classic Analyzer", all, {"Install"}),
-          setup("04", classic + "Analyzer 16.4.10002.0")}},
-        {"04: viewer",
-         {choose("File Viewer"), setup("04", classic + "Analyzer Viewer 16.4.10002.0", "VIEW")}},
-        {"04: demonstration, after help",
-         {{"* | Help", {help, "File Viewer", "Demonstration", enter}},
-          setup("0h", classic + "Demo 16.4.10002.0", "DEMO")}},
-        {"1d: no demonstration",
-         {dialogOf("Tavlink ZigBee Analyzer", live + " | File Viewer", {"close"})}},
-        {"04: cancelled by keyboard", {{"* | Help", {"Demonstration", escape}}}},
-        // As a script of the field might.
-        {"0q: a choice that is not offered",
-         {{"* | Help", {"id 4008", "id 1"}},
-          box("This installer is invalid. Please contact Technical Support.\n\nHalvick Test "
-              "Equipment\nTechnical Support\n100 Instrument Way\nHalvick, VA 22999\nUSA\nWeb: "
-              "https://www.halvick.example/\nE-mail: support@halvick.example\nTelephone: +1 434 "
-              "555 0100\nFax: +1 434 555 0101\n",
-              "warning")}},
-        {"1s: without the maker's name in front",
-         {chooseLive, setup("1s", "Tavlink Near Field Analyzer 16.4.10002.0")}},
-        {": no stamp", {dialogOf("", live, {"Install"}), setup("", "Halvick ")}},
-        {"0q: no setup utility",
-         {chooseLive,
-          box("Failed to locate program installation utility: \"" + setupUtility + '"', "error")},
-         {removed(setupUtility)}},
-        {"0q: a setup utility that is no program",
-         {chooseLive,
-          shellMessage,
-          {"Error | warning | Unknown ShellExecute error ! | OK", {"OK"}}},
-         {file(setupUtility, "a text")}},
-    });
+    play({{"04: live at once",
+           {dialogOf("Tavlink Classic Analyzer", all, {"Install"}),
+            setup("04", classic + "Analyzer 16.4.10002.0")}},
+          {"04: viewer",
+           {choose("File Viewer"), setup("04", classic + "Analyzer Viewer 16.4.10002.0", "VIEW")}},
+          {"04: demonstration, after help",
+           {{"* | Help", {help, "File Viewer", "Demonstration", enter}},
+            setup("0h", classic + "Demo 16.4.10002.0", "DEMO")}},
+          {"1d: no demonstration",
+           {dialogOf("Tavlink ZigBee Analyzer", live + " | File Viewer", {"close"})}},
+          {"04: cancelled by keyboard", {{"* | Help", {"Demonstration", escape}}}},
+          // As a script of the field might.
+          {"0q: a choice that is not offered",
+           {{"* | Help", {"id 4008", "id 1"}},
+            box("This installer is invalid. Please contact Technical Support.\n\nHalvick Test "
+                "Equipment\nTechnical Support\n100 Instrument Way\nHalvick, VA 22999\nUSA\nWeb: "
+                "https://www.halvick.example/\nE-mail: support@halvick.example\nTelephone: +1 434 "
+                "555 0100\nFax: +1 434 555 0101\n",
+                "warning")}},
+          {"1s: without the maker's name in front",
+           {chooseLive, setup("1s", "Tavlink Near Field Analyzer 16.4.10002.0")}},
+          {": no stamp", {dialogOf("", live, {"Install"}), setup("", "Halvick ")}},
+          {"0q: no setup utility",
+           {chooseLive,
+            box("Failed to locate program installation utility: \"" + setupUtility + '"', "error")},
+           {removed(setupUtility)}},
+          {"0q: a setup utility that is no program",
+           {chooseLive,
+            shellMessage,
+            {"Error | warning | Unknown ShellExecute error ! | OK", {"OK"}}},
+           {file(setupUtility, "a text")}}});
 }
 
 TEST(HandOver, TakesTheBuildFromTheProductDataBesideTheProgram) {
@@ -213,17 +205,15 @@ TEST(HandOver, TakesTheBuildFromTheProductDataBesideTheProgram) {
             chooseLive,
             setup("04", "Halvick Tavlink Classic Analyzer " + build, "LIVE", "x86", build)};
     };
-    play({
-        {"04: plain",
-         handsOver("16.4.12000.0"),
-         {file(plain, std::string(1'000'000, '\n') + text)}},
-        {"04: enciphered before plain",
-         handsOver("16.4.12000.0"),
-         {file(plain), file(enciphered, encipher(text))}},
-        {"04: damaged before plain",
-         handsOver(defaultBuild),
-         {file(plain, text), file(enciphered, damaged)}},
-    });
+    play({{"04: plain",
+           handsOver("16.4.12000.0"),
+           {file(plain, std::string(1'000'000, '\n') + text)}},
+          {"04: enciphered before plain",
+           handsOver("16.4.12000.0"),
+           {file(plain), file(enciphered, encipher(text))}},
+          {"04: damaged before plain",
+           handsOver(defaultBuild),
+           {file(plain, text), file(enciphered, damaged)}}});
 }
 
 }  // namespace

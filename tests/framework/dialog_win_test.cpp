@@ -23,8 +23,7 @@ class MappedDialog : public CDialog {
     MessageMap GetMessageMap() const override {
         static constexpr MessageEntry messages[] = {
             onMessage<&MappedDialog::OnAnswered>(answered),
-            onMessage<&MappedDialog::OnLeftToDefault>(leftToDefault),
-        };
+            onMessage<&MappedDialog::OnLeftToDefault>(leftToDefault)};
         static constexpr CommandEntry commands[] = {onClicked<&MappedDialog::OnButton>(100)};
         return {messages, commands};
     }

@@ -47,22 +47,20 @@ TEST(InstallationIndex, FindsFromTheLastToTheFirst) {
     // In a double-byte page the last byte of the third path is half a character.
     using Positions = std::vector<std::size_t>;
     expectRows<std::tuple<std::string, int, bool>, Positions>(
-        {
-            {{"C:\\OLD\\\\", 0, false}, {1, 0}},
-            {{"C:\\", 0, false}, {}},
-            {{"C:\\Old\x95", 0, true}, {}},
-            {{"c:\\old\x95\\\\", 0, true}, Positions{2}},
-            {{"1K", 1, false}, Positions{0}},
-            {{"0b", 1, false}, {2, 1}},
-            {{"name", 2, false}, Positions{1}},
-            {{"HALVICK ANALYZER", 3, false}, {2, 1, 0}},
-            {{"Halvick", 3, false}, {}},
-            {{"", 3, false}, {}},
-            {{"1", 4, false}, {}},
-            {{"other", 5, false}, Positions{2}},
-            {{"1", 6, false}, {}},
-            {{"1", -1, false}, {}},
-        },
+        {{{"C:\\OLD\\\\", 0, false}, {1, 0}},
+         {{"C:\\", 0, false}, {}},
+         {{"C:\\Old\x95", 0, true}, {}},
+         {{"c:\\old\x95\\\\", 0, true}, Positions{2}},
+         {{"1K", 1, false}, Positions{0}},
+         {{"0b", 1, false}, {2, 1}},
+         {{"name", 2, false}, Positions{1}},
+         {{"HALVICK ANALYZER", 3, false}, {2, 1, 0}},
+         {{"Halvick", 3, false}, {}},
+         {{"", 3, false}, {}},
+         {{"1", 4, false}, {}},
+         {{"other", 5, false}, Positions{2}},
+         {{"1", 6, false}, {}},
+         {{"1", -1, false}, {}}},
         [&](const std::string& value, int selector, bool twoByte) {
             CodePage page = asciiCodePage;
             page.lead[0x95] = twoByte;

@@ -24,22 +24,20 @@ class KeyTreeWalk : public testing::Test {
 TEST_F(KeyTreeWalk, TakesDataOfAnyTypeUpToTheirFirstZero) {
     const std::string longest(1024, 'x');
     expectRows<std::tuple<DWORD, std::string>, std::string>(
-        {
-            {{REG_SZ, ""}, ""},
-            {{REG_SZ, "abc\0"s}, "abc"},
-            {{REG_EXPAND_SZ, "%a%\0"s}, "%a%"},
-            {{REG_SZ, "a\0b\0"s}, "a"},
-            {{REG_SZ, "\xE9\xFF\0"s}, "\xE9\xFF"},
-            {{REG_SZ, "abc"}, "abc"},
-            {{REG_BINARY, "abc\0"s}, "abc"},
-            {{REG_BINARY, ""}, ""},
-            {{REG_BINARY, longest}, longest},
-            {{REG_BINARY, longest + 'x'}, "broken off"},
-            {{REG_SZ, std::string(65535, 'x') + '\0'}, "broken off"},
-            {{REG_DWORD, "ABCD"}, "ABCD"},
-            {{REG_DWORD, "A\0\0\0"s}, "A"},
-            {{REG_MULTI_SZ, "a\0b\0\0"s}, "a"},
-        },
+        {{{REG_SZ, ""}, ""},
+         {{REG_SZ, "abc\0"s}, "abc"},
+         {{REG_EXPAND_SZ, "%a%\0"s}, "%a%"},
+         {{REG_SZ, "a\0b\0"s}, "a"},
+         {{REG_SZ, "\xE9\xFF\0"s}, "\xE9\xFF"},
+         {{REG_SZ, "abc"}, "abc"},
+         {{REG_BINARY, "abc\0"s}, "abc"},
+         {{REG_BINARY, ""}, ""},
+         {{REG_BINARY, longest}, longest},
+         {{REG_BINARY, longest + 'x'}, "broken off"},
+         {{REG_SZ, std::string(65535, 'x') + '\0'}, "broken off"},
+         {{REG_DWORD, "ABCD"}, "ABCD"},
+         {{REG_DWORD, "A\0\0\0"s}, "A"},
+         {{REG_MULTI_SZ, "a\0b\0\0"s}, "a"}},
         [this](DWORD type, const std::string& data) {
             machine.setRecord("A");
             machine.setText("A", "!", std::string(1023, '#'));  // a long one before it

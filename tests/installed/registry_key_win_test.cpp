@@ -51,21 +51,19 @@ TEST(RegistryKey, ReadsTerminatedStringsOnly) {
     const std::string longest(259, 'x');
     const std::string invalid = "error 13, size 0", more = "error 234, size 0";
     expectRows<std::tuple<DWORD, std::string>, std::string>(
-        {
-            {{REG_SZ, ""}, ""},
-            {{REG_SZ, "abc\0"s}, "abc"},
-            {{REG_EXPAND_SZ, "%a%\0"s}, "%a%"},
-            {{REG_SZ, "a\0b\0"s}, "a"},
-            {{REG_SZ, "\xE9\xFF\0"s}, "\xE9\xFF"},
-            {{REG_SZ, longest + '\0'}, longest},
-            {{REG_SZ, longest + "x\0"s}, more},
-            {{REG_SZ, longest + 'x'}, invalid},
-            {{REG_SZ, "abc"}, invalid},
-            {{REG_BINARY, "abc\0"s}, invalid},
-            {{REG_BINARY, ""}, invalid},
-            {{REG_DWORD, "ABC\0"s}, invalid},
-            {{REG_MULTI_SZ, "a\0b\0\0"s}, invalid},
-        },
+        {{{REG_SZ, ""}, ""},
+         {{REG_SZ, "abc\0"s}, "abc"},
+         {{REG_EXPAND_SZ, "%a%\0"s}, "%a%"},
+         {{REG_SZ, "a\0b\0"s}, "a"},
+         {{REG_SZ, "\xE9\xFF\0"s}, "\xE9\xFF"},
+         {{REG_SZ, longest + '\0'}, longest},
+         {{REG_SZ, longest + "x\0"s}, more},
+         {{REG_SZ, longest + 'x'}, invalid},
+         {{REG_SZ, "abc"}, invalid},
+         {{REG_BINARY, "abc\0"s}, invalid},
+         {{REG_BINARY, ""}, invalid},
+         {{REG_DWORD, "ABC\0"s}, invalid},
+         {{REG_MULTI_SZ, "a\0b\0\0"s}, invalid}},
         [&](DWORD type, const std::string& data) {
             machine.setValue("A", "name", type, data);
             DWORD size = 0;

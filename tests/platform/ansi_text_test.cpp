@@ -33,16 +33,14 @@ TEST(AnsiText, SecondBytesAreNoCharactersOfTheirOwn) {
 
 TEST(AnsiText, IsReplacedWithoutASearchOfWhatWasInserted) {
     expectRows<std::tuple<std::string, std::string, std::string, bool>, std::string>(
-        {
-            {{"<b> X <B>", "<B>", "1", true}, "1 X 1"},
-            {{"<b> X <B>", "<B>", "1", false}, "<b> X 1"},
-            {{"aXa", "x", "xx", true}, "axxa"},
-            {{"aaaa", "aa", "a", false}, "aa"},
-            {{"AbC", "", "z", true}, "AbC"},
-            {{"", "a", "z", true}, ""},
-            {{"ab", "abc", "z", true}, "ab"},
-            {{"#P##p#", "#p#", "", true}, ""},
-        },
+        {{{"<b> X <B>", "<B>", "1", true}, "1 X 1"},
+         {{"<b> X <B>", "<B>", "1", false}, "<b> X 1"},
+         {{"aXa", "x", "xx", true}, "axxa"},
+         {{"aaaa", "aa", "a", false}, "aa"},
+         {{"AbC", "", "z", true}, "AbC"},
+         {{"", "a", "z", true}, ""},
+         {{"ab", "abc", "z", true}, "ab"},
+         {{"#P##p#", "#p#", "", true}, ""}},
         replaceAll);
 }
 

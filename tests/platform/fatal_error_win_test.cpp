@@ -8,13 +8,11 @@
 namespace {
 
 TEST(FatalError, EndsTheProcessAtOnceWithItsCause) {
-    const std::pair<const char*, DWORD> table[] = {
-        {"", 0},
-        {"overflow", statusStackBufferOverrun},
-        {"range", statusAssertionFailure},
-        {"length", statusAssertionFailure},
-        {"memory", statusNoMemory},
-    };
+    const std::pair<const char*, DWORD> table[] = {{"", 0},
+                                                   {"overflow", statusStackBufferOverrun},
+                                                   {"range", statusAssertionFailure},
+                                                   {"length", statusAssertionFailure},
+                                                   {"memory", statusNoMemory}};
     const std::string own = _pgmptr;
     const std::string sample = own.substr(0, own.rfind('\\')) + "\\fatal_error_sample.exe";
     for (const auto& [way, exitCode] : table) {

@@ -9,15 +9,13 @@ TEST(FileVersion, TextStaysInsideTheBlock) {
     const std::vector<char> bytes(content.begin(), content.end());  // exact, for the sanitizer
     const std::string_view block(bytes.data(), bytes.size());
     expectRows<std::tuple<std::ptrdiff_t, std::size_t>, std::string>(
-        {
-            // The length is not looked at, but for 0.
-            {{0, 3}, "Version 12"},
-            {{0, 1}, "Version 12"},
-            {{2, 1}, "Version "},
-            {{3, 0xFFFFFFFF}, "Version 34567"},
-            {{0, 0}, ""},
-            {{8, 4}, ""},
-        },
+        {// The length is not looked at, but for 0.
+         {{0, 3}, "Version 12"},
+         {{0, 1}, "Version 12"},
+         {{2, 1}, "Version "},
+         {{3, 0xFFFFFFFF}, "Version 34567"},
+         {{0, 0}, ""},
+         {{8, 4}, ""}},
         [&](std::ptrdiff_t offset, std::size_t length) {
             return versionResourceText(block, bytes.data() + offset, length);
         });

@@ -49,12 +49,10 @@ TEST_F(FileVersion, IsThatOfTheUsEnglishUnicodeTable) {
     EXPECT_EQ(text, "");
     EXPECT_EQ(read("MZ"), "none");
     expectRows<std::tuple<std::string, std::string>, std::string>(
-        {
-            {{"040904b0", "040904B0"}, "Version Build 12.4.1"},
-            {{"040904b0", "040704b0"}, ""},
-            {{"040904b0", "040904e4"}, ""},
-            {{"FileVersion", "FileVersiox"}, ""},
-        },
+        {{{"040904b0", "040904B0"}, "Version Build 12.4.1"},
+         {{"040904b0", "040704b0"}, ""},
+         {{"040904b0", "040904e4"}, ""},
+         {{"FileVersion", "FileVersiox"}, ""}},
         [this](const std::string& from, const std::string& to) {
             std::string content = program;
             return read(content.replace(content.find(wide(from)), 2 * from.size(), wide(to)));

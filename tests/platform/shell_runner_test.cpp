@@ -12,8 +12,7 @@ char mark(std::uintptr_t instanceResult, std::uint32_t error) {
         {"path", 'P'},    {"denied", 'D'},      {"not enough", 'M'}, {"not have enough", 'm'},
         {"sharing", 'S'}, {"incomplete", 'I'},  {"timed out", 'T'},  {"other DDE", 'B'},
         {"DDE", 'F'},     {"application", 'A'}, {"library", 'L'},    {"cancelled", 'C'},
-        {"Unknown", '?'},
-    };
+        {"Unknown", '?'}};
     const char* const text = shellFailureMessage(instanceResult, error);
     if (text == nullptr) {
         return '.';

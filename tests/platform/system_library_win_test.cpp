@@ -51,11 +51,9 @@ TEST(SystemLibrary, SearchWithoutTheCurrentFolderIsNotInherited) {
     const struct {
         LibrarySearchCalls platform;
         const char* expected;
-    } table[] = {
-        {{recordDefaultDirectories, recordDirectory}, "default 2048;started;"},
-        {{nullptr, recordDirectory}, "\"\";given back;\"\";started;"},
-        {{nullptr, nullptr}, "started;"},
-    };
+    } table[] = {{{recordDefaultDirectories, recordDirectory}, "default 2048;started;"},
+                 {{nullptr, recordDirectory}, "\"\";given back;\"\";started;"},
+                 {{nullptr, nullptr}, "started;"}};
     for (const auto& row : table) {
         calls.clear();
         restrictLibrarySearch(row.platform);

@@ -96,8 +96,7 @@ TEST(Machine, ReadsWhatRegeditExports) {
          "F\nolder: G\n"},
         {"an installation without an id",
          header + tree + "1]\n" + record + "\"F\"\n\"Product Id\"=\"\"\n", ""},
-        {"other roots", header + "[HKEY_CURRENT_USER\\a]\n" + entry, ""},
-    };
+        {"other roots", header + "[HKEY_CURRENT_USER\\a]\n" + entry, ""}};
     for (const auto& row : cases) {
         Machine machine;
         EXPECT_EQ(read(row.content, machine), row.seen) << row.what;

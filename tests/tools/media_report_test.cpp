@@ -7,6 +7,7 @@
 
 #include "app/stamped_identity.h"
 #include "catalogue/cipher.h"
+#include "tests/rows.h"
 #include "tests/tools/sample_executable.h"
 #include "tools/desk/media_folder.h"
 
@@ -26,17 +27,6 @@ std::string damaged(std::string content) {
 }
 
 using Folder = std::map<std::string, std::string>;
-
-struct Case {
-    const char* what;
-    std::string installer;
-    Folder folder;
-    std::string build;
-    std::string path;                    ///< how it begins
-    std::vector<std::string> missing;    ///< files
-    std::vector<std::string> problems;   ///< how each begins
-    std::vector<std::string> handOvers;  ///< choice and Windows
-};
 
 const std::string compiledIn = "16.4.10002.0";
 const std::string section = "[Version Number]\r\nVersion Number=";
@@ -64,99 +54,60 @@ bool beginsWith(const std::vector<std::string>& texts, const std::string& start)
     return start.empty() ? texts.empty() : texts.size() == 1 && texts[0].starts_with(start);
 }
 
-const Case table[] = {
-    {"direct",
-     stamped("1Q", "V"),
-     setupOnly,
-     compiledIn,
-     "older viewers",
-     {"UninstallQmx.exe"},
-     {},
-     {"without a question|any Windows"}},
-    {"silent end", stamped("1r", "L"), {}, compiledIn, "ends silently", {}, {}, {}},
-    {"hardware",
-     stamped("1m", "I"),
-     {{"Setup.Exe", ""}, {"flatten.exe", ""}},
-     compiledIn,
-     "drivers, then \"Install Product\"",
-     {"SerialTavlinkDrivers.fzx"},
-     {},
-     {"Live Product|32-bit Windows", "Live Product|64-bit Windows", "File Viewer|32-bit Windows",
-      "File Viewer|64-bit Windows", "Demonstration|any Windows"}},
-    {"live only",
-     stamped("1w", "M"),
-     {},
-     compiledIn,
-     "older versions, then drivers, then the live product",
-     {"flatten.exe", "CorvaneTavlinkDrivers.fzx", "Setup.Exe"},
-     {},
-     {"without a question|any Windows"}},
-    {"ordinary, enciphered data first",
-     stamped("0q", "U"),
-     {{"Setup.Exe", ""},
-      {"ProductData.inx", encipher(section + "1.2.3.4")},
-      {"ProductData.ini", section + "5.6.7.8"}},
-     "1.2.3.4",
-     "older versions, then \"Install Product\"",
-     {},
-     {},
-     {"Live Product|any Windows"}},
-    {"damaged data",
-     stamped("1r", "L"),
-     {{"ProductData.inx", damaged(encipher(section + "1.2.3.4"))},
-      {"ProductData.ini", section + "5.6.7.8"}},
-     compiledIn,
-     "ends silently",
-     {},
-     {"ProductData.inx: "},
-     {}},
-    {"bare line feeds",
-     stamped("1r", "L"),
-     {{"ProductData.ini", "[Version Number]\nVersion Number=1.2.3.4\nB=2\n"}},
-     "1.2.3.4\nB=2",
-     "ends silently",
-     {},
-     {"ProductData.ini: lines do not end in CR LF"},
-     {}},
-    {"no version",
-     stamped("1r", "L"),
-     {{"ProductData.ini", "[Version]\r\nVersion Number=1.2.3.4\r\n"}},
-     compiledIn,
-     "ends silently",
-     {},
-     {"ProductData.ini: no \"Version Number\""},
-     {}},
-    {"not stamped", stamped("", ""), {}, "", "", {}, {"The executable is not a stamped"}, {}},
-    {"no installer", executable(""), {}, "", "", {}, {"The executable is not a stamped"}, {}},
-    {"another letter case", stamped("1R", "L"), {}, compiledIn, "ends silently", {}, {""}, {}},
-};
+/// "build | route | lacks FILE | the start of a problem | choice, Windows".
+std::string outcome(const std::string& code, const Folder& folder) {
+    const MediaReport report =
+        examine(code == "none" ? executable("") : stamped(code, code), folder, true);
+    std::string text = report.build + " | " + report.path;
+    bool complete = report.problems.empty();
+    for (const MediaFile& file : report.files) {
+        text += file.present ? "" : " | lacks " + file.name;
+        complete = complete && file.present;
+    }
+    EXPECT_EQ(report.isComplete(), complete);
+    for (const std::string& problem : report.problems) {
+        text += " | " + problem.substr(0, 25);
+    }
+    for (const HandOver& handOver : report.handOvers) {
+        text += " | " + handOver.choice + ", " + handOver.windows;
+        EXPECT_TRUE(handOver.parameters.ends_with("`-tmp=E:\\m\\`")) << handOver.parameters;
+    }
+    return text;
+}
 
 TEST(MediaReport, TellsWhatTheInstallerWillDo) {
-    for (const Case& row : table) {
-        SCOPED_TRACE(row.what);
-        const MediaReport report = examine(row.installer, row.folder, true);
-        EXPECT_EQ(report.build, row.build);
-        EXPECT_TRUE(report.path.starts_with(row.path)) << report.path;
-        std::vector<std::string> missing;
-        for (const MediaFile& file : report.files) {
-            if (!file.present) {
-                missing.push_back(file.name);
-            }
-        }
-        EXPECT_EQ(missing, row.missing);
-        ASSERT_EQ(report.problems.size(), row.problems.size());
-        for (std::size_t index = 0; index < row.problems.size(); ++index) {
-            EXPECT_TRUE(report.problems[index].starts_with(row.problems[index]))
-                << report.problems[index];
-        }
-        EXPECT_EQ(report.isComplete(), missing.empty() && row.problems.empty());
-        std::vector<std::string> handOvers;
-        for (const HandOver& handOver : report.handOvers) {
-            handOvers.push_back(handOver.choice + '|' + handOver.windows);
-            EXPECT_TRUE(handOver.parameters.ends_with("`-tmp=E:\\m\\`")) << handOver.parameters;
-        }
-        EXPECT_EQ(handOvers, row.handOvers);
-    }
+    const Folder enciphered = {{"ProductData.inx", encipher(section + "1.2.3.4")},
+                               {"ProductData.ini", section + "5.6.7.8"}};
+    const Folder unreadable = {{"ProductData.inx", damaged(enciphered.at("ProductData.inx"))},
+                               {"ProductData.ini", section + "5.6.7.8"}};
+    const std::string lineFeeds = "[Version Number]\nVersion Number=1.2.3.4\nB=2\n",
+                      silently = " | ends silently, nothing is installed";
+    expectRows<std::tuple<std::string, Folder>, std::string>(
+        {{{"1Q", setupOnly},
+          compiledIn + " | older viewers are stopped and removed, then the viewer is installed |"
+                       " lacks UninstallQmx.exe | without a question, any Windows"},
+         {{"1m", {{"Setup.Exe", ""}, {"flatten.exe", ""}}},
+          compiledIn + " | drivers, then \"Install Product\" | lacks SerialTavlinkDrivers.fzx |"
+                       " Live Product, 32-bit Windows | Live Product, 64-bit Windows |"
+                       " File Viewer, 32-bit Windows | File Viewer, 64-bit Windows |"
+                       " Demonstration, any Windows"},
+         {{"1w", {}},
+          compiledIn + " | older versions, then drivers, then the live product without a question"
+                       " | lacks flatten.exe | lacks CorvaneTavlinkDrivers.fzx | lacks Setup.Exe"
+                       " | without a question, any Windows"},
+         {{"0q", enciphered},
+          "1.2.3.4 | older versions, then \"Install Product\" | lacks Setup.Exe |"
+          " Live Product, any Windows"},
+         {{"1r", {}}, compiledIn + silently},
+         {{"1r", unreadable}, compiledIn + silently + " | ProductData.inx: Cannot l"},
+         {{"1r", {{"ProductData.ini", lineFeeds}}},
+          "1.2.3.4\nB=2" + silently + " | ProductData.ini: lines do"},
+         {{"1r", {{"ProductData.ini", "[Version]\r\nVersion Number=1\r\n"}}},
+          compiledIn + silently + " | ProductData.ini: no \"Vers"},
+         {{"1R", {}}, compiledIn + silently + " | No product with id \"1R\" i"},
+         {{"", {}}, " |  | The executable is not a s"},
+         {{"none", {}}, " |  | The executable is not a s"}},
+        outcome);
 }
 
 // The guide's own check once looked at the media folder alone, and reassured with the wrong build.
@@ -168,14 +119,12 @@ TEST(MediaReport, TakesTheBuildFromWhereTheRunDoes) {
         bool installerIsOnMedia, dataBesideInstaller;
         std::string requiredBuild;
         std::string problem, warning;  ///< how it begins
-    } cases[] = {
-        {"on the media", true, true, "", "", ""},
-        {"the right build", true, true, "1.2.3.4", "", ""},
-        {"another build", true, true, "1.2.3.5", "The build is 1.2.3.4, not 1.2.3.5", ""},
-        {"data on the media alone", false, false, "", "ProductData.ini on the media is not read",
-         ""},
-        {"another folder", false, true, "", "", "The installer lies in another folder"},
-    };
+    } cases[] = {{"on the media", true, true, "", "", ""},
+                 {"the right build", true, true, "1.2.3.4", "", ""},
+                 {"another build", true, true, "1.2.3.5", "The build is 1.2.3.4, not 1.2.3.5", ""},
+                 {"data on the media alone", false, false, "",
+                  "ProductData.ini on the media is not read", ""},
+                 {"another folder", false, true, "", "", "The installer lies in another folder"}};
     for (const auto& row : cases) {
         SCOPED_TRACE(row.what);
         const MediaReport report = examine(stamped("0q", name), withData, row.installerIsOnMedia,
@@ -210,18 +159,16 @@ TEST(MediaFolder, CountsAFileOnlyWhenItIsWhole) {
     }
     const struct {
         const char *name, *seen;
-    } cases[] = {
-        {"Setup.Exe", "whole"},
-        {"cut.exe", "it is cut off"},
-        {"headers.exe", "it is cut off"},
-        {"changed.exe", "its checksum does not match"},
-        {"text.exe", "it is no Windows executable"},
-        {"empty.fzx", "it is empty"},
-        {"archive.fzx", "whole"},
-        {"folder.fzx", "it is a folder"},
-        {"link.fzx", "it is a link that leads nowhere"},
-        {"other.fzx", "missing"},
-    };
+    } cases[] = {{"Setup.Exe", "whole"},
+                 {"cut.exe", "it is cut off"},
+                 {"headers.exe", "it is cut off"},
+                 {"changed.exe", "its checksum does not match"},
+                 {"text.exe", "it is no Windows executable"},
+                 {"empty.fzx", "it is empty"},
+                 {"archive.fzx", "whole"},
+                 {"folder.fzx", "it is a folder"},
+                 {"link.fzx", "it is a link that leads nowhere"},
+                 {"other.fzx", "missing"}};
     for (const auto& row : cases) {
         const FileState state = fileState(folder, row.name);
         const std::string seen = !state.present         ? "missing"

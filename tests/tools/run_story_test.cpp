@@ -81,8 +81,7 @@ TEST(RunStory, TellsEachWay) {
          "{}",
          "Setup.Exe",
          {"Live Product", "error icon",
-          "Failed to locate program installation utility: \"D:\\Setup.Exe\""}},
-    };
+          "Failed to locate program installation utility: \"D:\\Setup.Exe\""}}};
     for (const auto& row : cases) {
         const std::string text = storyAsText(story(row.code, machineOf(row.machine), row.missing));
         std::size_t at = 0;

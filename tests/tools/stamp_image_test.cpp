@@ -54,22 +54,20 @@ TEST(StampImage, Refuses) {
     struct {
         const char* reason;
         std::string image, code, name;
-    } const cases[] = {
-        {"no code", whole, "", "X"},
-        {"long code", whole, "12345678", "X"},
-        {"no name", whole, "1k", ""},
-        {"long name", whole, "1k", std::string(104, 'n')},
-        {"empty file", "", "1k", "X"},
-        {"no MZ", changed(0, "ZM"), "1k", "X"},
-        {"no PE", changed(64, "NE"), "1k", "X"},
-        {"64-bit", changed(optionalHeader, "\x0B\x02"), "1k", "X"},
-        {"header outside", changed(60, "\xFF\xFF\xFF\xFF"), "1k", "X"},
-        {"header cut off", whole.substr(0, 100), "1k", "X"},
-        {"signed", changed(optionalHeader + 128, "\x01"), "1k", "X"},
-        {"no block", changed(blockOffset, "?"), "1k", "X"},
-        {"block cut off", whole.substr(0, blockOffset + 100), "1k", "X"},
-        {"two blocks", whole + marker, "1k", "X"},
-    };
+    } const cases[] = {{"no code", whole, "", "X"},
+                       {"long code", whole, "12345678", "X"},
+                       {"no name", whole, "1k", ""},
+                       {"long name", whole, "1k", std::string(104, 'n')},
+                       {"empty file", "", "1k", "X"},
+                       {"no MZ", changed(0, "ZM"), "1k", "X"},
+                       {"no PE", changed(64, "NE"), "1k", "X"},
+                       {"64-bit", changed(optionalHeader, "\x0B\x02"), "1k", "X"},
+                       {"header outside", changed(60, "\xFF\xFF\xFF\xFF"), "1k", "X"},
+                       {"header cut off", whole.substr(0, 100), "1k", "X"},
+                       {"signed", changed(optionalHeader + 128, "\x01"), "1k", "X"},
+                       {"no block", changed(blockOffset, "?"), "1k", "X"},
+                       {"block cut off", whole.substr(0, blockOffset + 100), "1k", "X"},
+                       {"two blocks", whole + marker, "1k", "X"}};
     for (const auto& row : cases) {
         std::string image = row.image;
         std::string error;
@@ -84,10 +82,9 @@ TEST(StampImage, ChoosesTheCode) {
     struct {
         const char *given, *stamped;
         bool noted;
-    } const cases[] = {
-        {"1k", "1k", false}, {"1K", "1k", true}, {"1q", "1Q", false}, {"1Q", "1Q", false},
-        {"19", "", false},   {"**", "", false},  {"", "", false},     {"1kk", "", false},
-    };
+    } const cases[] = {{"1k", "1k", false}, {"1K", "1k", true}, {"1q", "1Q", false},
+                       {"1Q", "1Q", false}, {"19", "", false},  {"**", "", false},
+                       {"", "", false},     {"1kk", "", false}};
     for (const auto& row : cases) {
         std::string stamped, note, error;
         EXPECT_EQ(chooseStampedCode(catalogue, row.given, stamped, note, error), *row.stamped != 0);

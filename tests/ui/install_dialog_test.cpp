@@ -4,20 +4,18 @@
 
 TEST(InstallDialog, SplitsThePromptAtBreaks) {
     expectRows<std::string, std::string>(
-        {
-            {"", "[]"},
-            {"one", "[one]"},
-            {"a\nb\rc", "[a][b][c]"},
-            {"a\r\nb\n\rc", "[a][b][c]"},
-            {"a\n\nb", "[a][][b]"},
-            {"a\r\n\r\nb", "[a][][b]"},
-            {"\na", "[][a]"},
-            {"a\n", "[a\n]"},
-            {"a\r", "[a\r]"},
-            {"a\n\n", "[a][\n]"},
-            {"a\r\n", "[a][]"},
-            {"a\n\r\n", "[a][\n]"},
-        },
+        {{"", "[]"},
+         {"one", "[one]"},
+         {"a\nb\rc", "[a][b][c]"},
+         {"a\r\nb\n\rc", "[a][b][c]"},
+         {"a\n\nb", "[a][][b]"},
+         {"a\r\n\r\nb", "[a][][b]"},
+         {"\na", "[][a]"},
+         {"a\n", "[a\n]"},
+         {"a\r", "[a\r]"},
+         {"a\n\n", "[a][\n]"},
+         {"a\r\n", "[a][]"},
+         {"a\n\r\n", "[a][\n]"}},
         [](const std::string& prompt) { return inBrackets(promptLines(prompt)); });
 }
 

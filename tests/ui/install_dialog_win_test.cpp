@@ -50,15 +50,13 @@ TEST(InstallDialog, WorksByKeyboard) {
         std::vector<WPARAM> keys;
         INT_PTR result;
         unsigned productType;
-    } table[] = {
-        {{VK_RETURN}, IDOK, 2},
-        {{VK_ESCAPE}, IDCANCEL, 2},
-        {{VK_DOWN, VK_RETURN}, IDOK, 8},           // past the hidden choice
-        {{VK_DOWN, VK_DOWN, VK_RETURN}, IDOK, 2},  // and around, within the choices
-        {{VK_UP, VK_UP, VK_RETURN}, IDOK, 2},
-        {{VK_DOWN, VK_TAB, VK_RETURN}, IDOK, 8},
-        {{VK_TAB, VK_TAB, VK_RETURN}, IDCANCEL, 2},
-    };
+    } table[] = {{{VK_RETURN}, IDOK, 2},
+                 {{VK_ESCAPE}, IDCANCEL, 2},
+                 {{VK_DOWN, VK_RETURN}, IDOK, 8},           // past the hidden choice
+                 {{VK_DOWN, VK_DOWN, VK_RETURN}, IDOK, 2},  // and around, within the choices
+                 {{VK_UP, VK_UP, VK_RETURN}, IDOK, 2},
+                 {{VK_DOWN, VK_TAB, VK_RETURN}, IDOK, 8},
+                 {{VK_TAB, VK_TAB, VK_RETURN}, IDCANCEL, 2}};
     for (const auto& row : table) {
         SCOPED_TRACE(testing::PrintToString(row.keys));
         CInstallDlg dialog("Sample");
@@ -81,15 +79,13 @@ TEST(InstallDialog, HasItsPlacesAndGrowsForItsPrompt) {
     const struct {
         int id;
         RECT place;  // left, top, width, height in dialog units
-    } controls[] = {
-        {IDC_LIVE_PRODUCT, {88, 25, 59, 10}},
-        {IDC_FILE_VIEWER, {88, 41, 59, 10}},
-        {IDC_DEMONSTRATION, {88, 57, 59, 10}},
-        {IDOK, {34, 73, 50, 14}},
-        {IDCANCEL, {93, 73, 50, 14}},
-        {57670, {152, 73, 50, 14}},
-        {4001, {6, 5, 223, 14}},
-    };
+    } controls[] = {{IDC_LIVE_PRODUCT, {88, 25, 59, 10}},
+                    {IDC_FILE_VIEWER, {88, 41, 59, 10}},
+                    {IDC_DEMONSTRATION, {88, 57, 59, 10}},
+                    {IDOK, {34, 73, 50, 14}},
+                    {IDCANCEL, {93, 73, 50, 14}},
+                    {57670, {152, 73, 50, 14}},
+                    {4001, {6, 5, 223, 14}}};
     CInstallDlg dialog("Sample");
     dialog.SetPrompt("Short");
     driveModal([&] { return dialog.DoModal(); },

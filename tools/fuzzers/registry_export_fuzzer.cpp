@@ -1,0 +1,17 @@
+#include "tools/desk/registry_export.h"
+#include "tools/fuzzers/fuzz_input.h"
+
+int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
+    RegistryKeys keys;
+    std::vector<std::string> problems;
+    readRegistryExport(asText(data, size), keys, problems);
+    require(problems.size() <= 20);
+    const std::string* before = nullptr;
+    for (const auto& [path, values] : keys) {
+        require(!path.empty() && path.find('\n') == std::string::npos);
+        // A key stands in front of those below it, and no two are one.
+        require(before == nullptr || (KeyPathOrder()(*before, path) && !isBelow(*before, path)));
+        before = &path;
+    }
+    return 0;
+}
