@@ -15,4 +15,4 @@ chromium --headless --no-sandbox --disable-gpu --disable-quic --no-first-run \
     --disable-background-networking --disable-component-update --disable-sync --hide-scrollbars \
     --user-data-dir="$work/browser" --window-size=1280,1700 --screenshot="$work/page.png" \
     "file://$work/page.html" 2>/dev/null
-convert "$work/page.png" -strip -colors 128 docs/images/runs.png
+convert "$work/page.png" -strip +dither -colors 128 docs/images/runs.png

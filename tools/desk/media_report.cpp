@@ -18,6 +18,7 @@
 #include "tools/desk/run_story.h"
 #include "tools/desk/stamp_image.h"
 #include "tools/desk/western_text.h"
+#include "ui/dialog_texts.h"
 
 namespace {
 
@@ -100,8 +101,9 @@ void tellHandOvers(const Media& media, CProductData& catalogue, MediaReport& rep
     };
     const std::vector<StoryEnding> on32 = endingsOn(32), on64 = endingsOn(64);
     for (std::size_t index = 0; index < on32.size(); ++index) {
-        const std::string choice =
-            !on32[index].choice.empty() ? on32[index].choice : "without a question";
+        const std::string choice = !on32[index].choice.empty()               ? on32[index].choice
+                                   : traitsOf(report.productCode).freeViewer ? "without a question"
+                                                                             : TEXT_LIVE_PRODUCT;
         const std::string &parameters32 = on32[index].setup.arguments,
                           &parameters64 = on64[index].setup.arguments;
         if (parameters32 == parameters64) {
