@@ -94,7 +94,7 @@ TEST(MediaReport, TellsWhatTheInstallerWillDo) {
          {{"1w", {}},
           compiledIn + " | older versions, then drivers, then the live product without a question"
                        " | lacks flatten.exe | lacks CorvaneTavlinkDrivers.fzx | lacks Setup.Exe"
-                       " | without a question, any Windows"},
+                       " | Live Product, any Windows"},
          {{"0q", enciphered},
           "1.2.3.4 | older versions, then \"Install Product\" | lacks Setup.Exe |"
           " Live Product, any Windows"},

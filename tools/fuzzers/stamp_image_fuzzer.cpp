@@ -1,6 +1,6 @@
 #include "app/stamped_identity.h"
-#include "tools/fuzzers/fuzz_input.h"
 #include "tools/desk/stamp_image.h"
+#include "tools/fuzzers/fuzz_input.h"
 
 namespace {
 
