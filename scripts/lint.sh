@@ -2,7 +2,8 @@
 # Holds the sources against the project's habits: what touches Windows says so in its name, the format
 # (.clang-format), what shellcheck finds in the scripts, and clang-tidy in the sources (.clang-tidy).
 #
-#   lint.sh [--all]    --all has clang-tidy look again at what it has passed before
+#   lint.sh [--all]    --all has clang-tidy look at everything, also at what it has passed before, and at the
+#                      desk, whose libraries take minutes to read
 #
 # Formats and findings differ between releases of clang's tools: those of release 14 count. Another
 # release's are shown as a note and fail nothing.

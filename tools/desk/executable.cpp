@@ -31,7 +31,8 @@ class Image {
     explicit Image(std::string_view bytes) : bytes(bytes) {}
 
     /// Little-endian; nothing behind the end.
-    std::optional<std::uint32_t> number(std::uint64_t offset, std::uint64_t size) const {
+    [[nodiscard]] std::optional<std::uint32_t> number(std::uint64_t offset,
+                                                      std::uint64_t size) const {
         if (!holds(offset, size)) {
             return std::nullopt;
         }
@@ -41,12 +42,12 @@ class Image {
         }
         return value;
     }
-    bool holds(std::uint64_t offset, std::uint64_t size) const {
+    [[nodiscard]] bool holds(std::uint64_t offset, std::uint64_t size) const {
         return offset <= bytes.size() && size <= bytes.size() - offset;
     }
 
     /// As CheckSumMappedFile (imagehlp.h) computes it, the field itself taken as zero.
-    std::uint32_t checksum(std::uint64_t field) const {
+    [[nodiscard]] std::uint32_t checksum(std::uint64_t field) const {
         std::uint32_t sum = 0;
         for (std::uint64_t offset = 0; offset < bytes.size(); offset += 2) {
             if (offset != field && offset != field + 2) {

@@ -8,11 +8,11 @@
 /// What is wrong with the executable, for people: it is none, was cut off, or was changed after
 /// its checksum was set. Empty when it is whole as far as the headers tell; a checksum of 0 is one
 /// that was never set.
-[[nodiscard]] std::string executableDamage(std::string_view image);
+[[nodiscard]] std::string executableDamage(std::string_view bytes);
 
 /// Whether the executable, which is whole, carries a signature.
-[[nodiscard]] bool isSigned(std::string_view image);
+[[nodiscard]] bool isSigned(std::string_view bytes);
 
 /// The protections that the executable, which is whole, lacks, for people: random placement, data
 /// that cannot be run, code that cannot be written.
-[[nodiscard]] std::vector<std::string> missingProtections(std::string_view image);
+[[nodiscard]] std::vector<std::string> missingProtections(std::string_view bytes);

@@ -18,21 +18,23 @@ class LayoutDescription {
   public:
     explicit LayoutDescription(const std::string& file);
 
-    std::filesystem::path installer(const std::string& code) const;
-    std::string installerName(const std::string& code) const;
-    std::string build(const std::string& code) const;
-    bool isEnciphered(const std::string& code) const;
+    [[nodiscard]] std::filesystem::path installer(const std::string& code) const;
+    [[nodiscard]] std::string installerName(const std::string& code) const;
+    [[nodiscard]] std::string build(const std::string& code) const;
+    [[nodiscard]] bool isEnciphered(const std::string& code) const;
     /// Empty: the catalogue's.
-    std::string name(const std::string& code) const;
+    [[nodiscard]] std::string name(const std::string& code) const;
     /// Where a file that the run needs lies.
-    std::filesystem::path source(const std::string& code, const std::string& mediaFile) const;
+    [[nodiscard]] std::filesystem::path source(const std::string& code,
+                                               const std::string& mediaFile) const;
     /// A folder whose files go to the media, too.
-    std::optional<std::filesystem::path> contents(const std::string& code) const;
+    [[nodiscard]] std::optional<std::filesystem::path> contents(const std::string& code) const;
 
   private:
-    std::optional<std::string> find(const std::string& code, const std::string& key) const;
-    std::string require(const std::string& code, const std::string& key) const;
-    std::filesystem::path path(const std::string& code, std::string text) const;
+    [[nodiscard]] std::optional<std::string> find(const std::string& code,
+                                                  const std::string& key) const;
+    [[nodiscard]] std::string require(const std::string& code, const std::string& key) const;
+    [[nodiscard]] std::filesystem::path path(const std::string& code, std::string text) const;
 
     std::string file;
     Json document;

@@ -176,7 +176,8 @@ class Reader {
         return false;
     }
 
-    std::optional<RegistryValue> valueOf(std::string name, std::string_view data) const {
+    [[nodiscard]] std::optional<RegistryValue> valueOf(std::string name,
+                                                       std::string_view data) const {
         RegistryValue value{std::move(name), typeBinary, ""};
         if (data.starts_with("dword:")) {
             std::uint32_t number = 0;

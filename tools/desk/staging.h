@@ -16,7 +16,7 @@ class StagingFolder {
     /// Throws Refusal, with an existing `target` as it was, when that fails.
     void put(const std::filesystem::path& made, const std::filesystem::path& target);
 
-    const std::filesystem::path& path() const { return folder; }
+    [[nodiscard]] const std::filesystem::path& path() const { return folder; }
 
   private:
     std::filesystem::path folder;
