@@ -95,8 +95,6 @@ TEST(OperatingSystem, EveryReportedReleaseMeetsItsPolicy) {
     const struct {
         std::string release, asksAbout, reply = "Yes";
     } table[] = {{"win20", refused},
-                 {"win30", refused},
-                 {"win31", refused},
                  {"win95", refused},
                  {"win98", refused},
                  {"winme", refused},
@@ -165,8 +163,6 @@ TEST(HandOver, FollowsTheChoice) {
     play({{"04: live at once",
            {dialogOf("Tavlink Classic Analyzer", all, {"Install"}),
             setup("04", classic + "Analyzer 16.4.10002.0")}},
-          {"04: viewer",
-           {choose("File Viewer"), setup("04", classic + "Analyzer Viewer 16.4.10002.0", "VIEW")}},
           {"04: demonstration, after help",
            {{"* | Help", {help, "File Viewer", "Demonstration", enter}},
             setup("0h", classic + "Demo 16.4.10002.0", "DEMO")}},

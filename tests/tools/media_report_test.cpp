@@ -56,8 +56,7 @@ bool beginsWith(const std::vector<std::string>& texts, const std::string& start)
 
 /// "build | route | lacks FILE | the start of a problem | choice, Windows".
 std::string outcome(const std::string& code, const Folder& folder) {
-    const MediaReport report =
-        examine(code == "none" ? executable("") : stamped(code, code), folder, true);
+    const MediaReport report = examine(stamped(code, code), folder, true);
     std::string text = report.build + " | " + report.path;
     bool complete = report.problems.empty();
     for (const MediaFile& file : report.files) {
@@ -105,8 +104,7 @@ TEST(MediaReport, TellsWhatTheInstallerWillDo) {
          {{"1r", {{"ProductData.ini", "[Version]\r\nVersion Number=1\r\n"}}},
           compiledIn + silently + " | ProductData.ini: no \"Vers"},
          {{"1R", {}}, compiledIn + silently + " | No product with id \"1R\" i"},
-         {{"", {}}, " |  | The executable is not a s"},
-         {{"none", {}}, " |  | The executable is not a s"}},
+         {{"", {}}, " |  | The executable is not a s"}},
         outcome);
 }
 
