@@ -31,8 +31,13 @@ mkdir -p "$folder/programs"
 scripts/release.sh "$folder/installers" build/release/installer.exe >/dev/null
 tests/end_to_end/tell_stories.sh "$folder/installers"
 cp -r tests/end_to_end/machines "$folder"
-find build/checked/tests build/checked/dialog_driver build/checked/tools/windows_kit -maxdepth 1 \
-    -type f \( -name '*.exe' -o -name '*.dll' \) -exec cp -t "$folder/programs" {} +
+mkdir -p "$folder/release"
+cp build/release/installer.exe "$folder/release"  # of no product: a run of it is tested too
+for programs in tests dialog_driver tools/windows_kit; do
+    mkdir -p "$folder/programs/$programs"
+    find "build/checked/$programs" -maxdepth 1 -type f \( -name '*.exe' -o -name '*.dll' \) \
+        -exec cp -t "$folder/programs/$programs" {} +
+done
 cp tools/windows_kit/run.cmd tools/windows_kit/README.txt "$folder"
 {
     echo "commit $(git rev-parse --short HEAD)$(git diff --quiet HEAD || echo ', with changes')"

@@ -17,15 +17,15 @@ echo processor %PROCESSOR_ARCHITECTURE% %PROCESSOR_ARCHITEW6432% >> "%REPORT%"
 if exist ..\build.txt type ..\build.txt >> "%REPORT%"
 
 echo == kit_guard before >> "%REPORT%"
-kit_guard.exe before >> "%REPORT%" 2>&1
+tools\windows_kit\kit_guard.exe before >> "%REPORT%" 2>&1
 if errorlevel 1 goto refused
 
-call :suite decision_tests
-call :suite windows_tests
-call :suite end_to_end_tests
+call :suite tests decision_tests
+call :suite tests windows_tests
+call :suite dialog_driver end_to_end_tests
 
 echo == kit_guard after >> "%REPORT%"
-kit_guard.exe after >> "%REPORT%" 2>&1
+tools\windows_kit\kit_guard.exe after >> "%REPORT%" 2>&1
 if errorlevel 1 set FAILED=%FAILED% kit_guard
 
 if "%FAILED%"=="" goto passed
@@ -48,8 +48,8 @@ popd
 exit /b 2
 
 :suite
-echo %1...
-echo == %1 >> "%REPORT%"
-%1.exe >> "%REPORT%" 2>&1
-if errorlevel 1 set FAILED=%FAILED% %1
+echo %2...
+echo == %2 >> "%REPORT%"
+%1\%2.exe >> "%REPORT%" 2>&1
+if errorlevel 1 set FAILED=%FAILED% %2
 exit /b 0
