@@ -7,7 +7,6 @@ pushd "%~dp0programs"
 set REPORT=%~dp0report.txt
 set STAMPED_INSTALLERS=%~dp0installers
 set MACHINES=%~dp0machines
-set TZ=EST+5
 set FAILED=
 
 echo Report of the installer's tests > "%REPORT%"
