@@ -12,6 +12,7 @@
 #include <cstdlib>
 #include <new>
 #include <string>
+#include <tuple>
 #include <utility>
 #include <vector>
 
@@ -184,7 +185,7 @@ std::size_t discoveryMemory(std::size_t expectedCount) {
     const std::size_t heldBefore = heldMemory;
     mostHeldMemory = heldMemory;
     std::vector<InstalledProduct> products;
-    findInstalledMakerProducts(products);
+    std::ignore = findInstalledMakerProducts(products);
     if (products.size() != expectedCount) {
         fail("discovery");
     }
@@ -199,7 +200,7 @@ void run() {
     compare(
         [] {
             std::vector<InstalledProduct> products;
-            findInstalledMakerProducts(products);
+            std::ignore = findInstalledMakerProducts(products);
         },
         readEntriesBarely);
     fillMakerTree();
