@@ -74,6 +74,6 @@ std::string copyFailedLogLine(const SystemTime& time, const std::string& source,
     FormatTimestamp(time, line, true, '#');
     // Kept: the compiled-in build, whatever the product-data file says; it tells which installer
     // wrote the line.
-    return line + " Version " + compiledInBuild + " CopyFile from \"" + source + "\" to \"" +
-           target + "\" failed - " + std::to_string(error);
+    return formatText("%s Version %s CopyFile from \"%s\" to \"%s\" failed - %u", line.c_str(),
+                      compiledInBuild, source.c_str(), target.c_str(), error);
 }

@@ -10,10 +10,9 @@ OperatingSystemPolicy operatingSystemPolicy(int systemCode, const std::string& n
     switch (systemCode) {
         case code::nameTooLong:
             return {false, Message{"Memory allocation failure during operating system detection.",
-                                   MessageIcon::Error, MessageButtons::Ok}};
+                                   MessageIcon::Error}};
         case code::notRecognised:
-            return {false, Message{"Invalid operating system detected.", MessageIcon::Error,
-                                   MessageButtons::Ok}};
+            return {false, Message{"Invalid operating system detected.", MessageIcon::Error}};
         case code::win32s:
         case code::windows95:
         case code::windows95Osr2:
@@ -23,8 +22,7 @@ OperatingSystemPolicy operatingSystemPolicy(int systemCode, const std::string& n
         case code::windowsNt351:
         case code::windowsNt4:
             return {false, Message{"This product is only supported on Windows 7 and Windows 8 "
-                                   "operating systems.",
-                                   MessageIcon::Warning, MessageButtons::Ok}};
+                                   "operating systems."}};
         case code::windows2000:
         case code::server2003:
         case code::homeServer:
@@ -45,6 +43,5 @@ Message administratorRequiredMessage() {
         "You must be logged in as the Administrator, or be a member of the Administrator Group "
         "in order to install this product.\n\nPlease log in as an Administrator and retry "
         "this installation.\n\nYou do not need to be "
-        "an Administrator to run the product.",
-        MessageIcon::Warning, MessageButtons::Ok};
+        "an Administrator to run the product."};
 }

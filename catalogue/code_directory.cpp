@@ -1,6 +1,7 @@
 #include "catalogue/code_directory.h"
 
-#include "catalogue/product_catalogue.h"
+#include <span>
+
 #include "catalogue/product_code.h"
 #include "catalogue/product_names.h"
 
@@ -40,28 +41,19 @@ constexpr TextRow furtherNames[] = {
     {"1n", "Partner Async Plus"},
 };
 
-CProductData::TextMap buildDirectory() {
-    CProductData::TextMap directory;
-    for (const TextRow& row : productNames) {
-        directory.emplace(row.key, row.value);
-    }
-    for (const TextRow& row : furtherNames) {
-        directory.emplace(row.key, row.value);
-    }
-    return directory;
-}
-
 }  // namespace
 
 bool findDirectoryName(std::string_view code, std::string& name) {
-    static const CProductData::TextMap directory = buildDirectory();
     name.clear();
-    const auto found = directory.find(code);
-    if (found == directory.end()) {
-        return false;
+    for (const auto rows : {std::span<const TextRow>(productNames), {furtherNames}}) {
+        for (const TextRow& row : rows) {
+            if (code == row.key) {
+                name = row.value;
+                return true;
+            }
+        }
     }
-    name = found->second;
-    return true;
+    return false;
 }
 
 bool findDirectoryName(int productNumber, std::string& name) {

@@ -1,5 +1,6 @@
 #include "catalogue/product_catalogue.h"
 
+#include <span>
 #include <utility>
 
 #include "catalogue/product_names.h"
@@ -72,7 +73,7 @@ constexpr const char* viewerProducts[] = {
     "04", "07", "16", "17", "1c", "1d", "1h", "1k", "1m", "1p", "1r", "1s", "1u", "1v", "1w",
 };
 
-/// Decoder codes of the categories; "su" belongs to two.
+/// Decoder codes of the categories.
 constexpr const char* industrialDecoders[] = {
     "3*", "3e", "3s", "ae", "be", "bm", "bp", "bs", "b*", "cb", "cl", "cp", "d1",
     "d4", "dn", "dp", "ei", "ep", "fa", "gs", "i*", "ip", "i1", "i3", "i4", "ia",
@@ -82,6 +83,7 @@ constexpr const char* wirelessDecoders[] = {
     "bc", "bt", "b5", "cs", "eb", "sb", "zt", "z*", "zb", "zp",
 };
 constexpr const char* otherDecoders[] = {"cf", "DD", "fd"};
+constexpr const char* commonDecoders[] = {"su"};
 
 constexpr TextRow productGroups[] = {
     {"Async", "01;1k;02;0d;0p;1e"},
@@ -203,6 +205,8 @@ constexpr const char* ordinarilyDisplayed[] = {
     "04", "07", "0g", "0h", "0u", "1b", "1c", "1m", "16", "17", "19",
     "1d", "1e", "1h", "1k", "1p", "1r", "1s", "1t", "1u", "1v",
 };
+// Kept: this product's folders in the field bear the build alone.
+constexpr const char* displayedAsBuild[] = {"1w"};
 
 constexpr TextRow productConfigurations[] = {
     {"04", "TavlinkClassic"}, {"0h", "TavlinkDemo"}, {"0g", "AsyncDemo"},    {"1f", "AsyncDemo"},
@@ -211,8 +215,7 @@ constexpr TextRow productConfigurations[] = {
     {"1h", "Generic"},        {"1p", "Generic"},     {"07", "EtherTavlink"},
 };
 
-template <std::size_t Count>
-CProductData::TextMap textMap(const TextRow (&rows)[Count]) {
+CProductData::TextMap textMap(std::span<const TextRow> rows) {
     CProductData::TextMap map;
     for (const TextRow& row : rows) {
         map.emplace(row.key, row.value);
@@ -220,17 +223,16 @@ CProductData::TextMap textMap(const TextRow (&rows)[Count]) {
     return map;
 }
 
-template <std::size_t Count>
-void assignAll(const char* const (&keys)[Count], const char* value, CProductData::TextMap& map) {
+void assignAll(std::span<const char* const> keys, const char* value, CProductData::TextMap& map) {
     for (const char* const key : keys) {
         map.emplace(key, value);
     }
 }
 
-CProductData::TextMap inverse(const CProductData::TextMap& forward) {
+CProductData::TextMap inverse(std::span<const TextRow> rows) {
     CProductData::TextMap map;
-    for (const auto& [key, value] : forward) {
-        map.emplace(value, key);
+    for (const TextRow& row : rows) {
+        map.emplace(row.value, row.key);
     }
     return map;
 }
@@ -240,10 +242,10 @@ CProductData::TextMap inverse(const CProductData::TextMap& forward) {
 CProductData::CProductData()
     : DecoderDescriptions(textMap(decoderDescriptions)),
       ProductNames(textMap(productNames)),
-      ProductIds(inverse(ProductNames)),
+      ProductIds(inverse(productNames)),
       DemoOf(textMap(demoOf)),
       ViewerProducts(std::begin(viewerProducts), std::end(viewerProducts)),
-      FullProductOf(inverse(DemoOf)),
+      FullProductOf(inverse(demoOf)),
       ProductGroups(textMap(productGroups)),
       RelatedProducts(textMap(relatedProducts)),
       ImportFormatNames(textMap(importFormatNames)),
@@ -260,10 +262,9 @@ CProductData::CProductData()
     assignAll(industrialDecoders, "Vostrel", DecoderCategories);
     assignAll(wirelessDecoders, "Wireless", DecoderCategories);
     assignAll(otherDecoders, "Other", DecoderCategories);
-    DecoderCategories.emplace("su", "Vostrel;Wireless");
+    assignAll(commonDecoders, "Vostrel;Wireless", DecoderCategories);
     assignAll(ordinarilyDisplayed, "<PRODUCT NAME> <BUILD>", DisplayNameTemplates);
-    // Kept: this product's folders in the field bear the build alone.
-    DisplayNameTemplates.emplace("1w", "<BUILD>");
+    assignAll(displayedAsBuild, "<BUILD>", DisplayNameTemplates);
 }
 
 CProductData::~CProductData() = default;

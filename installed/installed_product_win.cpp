@@ -18,12 +18,6 @@ bool readText(const RegistryKey& entry, const char* name, std::string& text) {
     return true;
 }
 
-bool readEntry(const RegistryKey& entry, const std::string& filter, InstalledProduct& product) {
-    return readInstalledProduct(
-        [&entry](const char* name, std::string& text) { return readText(entry, name, text); },
-        filter, product);
-}
-
 }  // namespace
 
 bool findInstalledProducts(const std::string& filter, std::vector<InstalledProduct>& products) {
@@ -41,8 +35,11 @@ bool findInstalledProducts(const std::string& filter, std::vector<InstalledProdu
         }
         RegistryKey entry;
         InstalledProduct product;
+        const auto read = [&entry](const char* valueName, std::string& text) {
+            return readText(entry, valueName, text);
+        };
         if (entry.open(uninstallList.handle.get(), name, KEY_READ) == ERROR_SUCCESS &&
-            readEntry(entry, filter, product)) {
+            readInstalledProduct(read, filter, product)) {
             products.push_back(std::move(product));
         }
     }

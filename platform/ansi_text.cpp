@@ -55,17 +55,14 @@ bool equalIgnoringCase(std::string_view left, std::string_view right) {
     return left.size() == right.size() && lowerCase(left) == lowerCase(right);
 }
 
-std::size_t findIgnoringCase(std::string_view text, std::string_view pattern, std::size_t from) {
+std::size_t findIgnoringCase(std::string_view text, std::string_view pattern) {
     const std::string lowerText = lowerCase(text);
     const std::string lowerPattern = lowerCase(pattern);
-    for (std::size_t offset = from; offset + lowerPattern.size() <= lowerText.size();) {
+    for (std::size_t offset = 0; offset + lowerPattern.size() <= lowerText.size();
+         offset += characterLength(lowerText, offset)) {
         if (lowerText.compare(offset, lowerPattern.size(), lowerPattern) == 0) {
             return offset;
         }
-        if (offset == lowerText.size()) {
-            break;
-        }
-        offset += characterLength(lowerText, offset);
     }
     return std::string::npos;
 }

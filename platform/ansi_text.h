@@ -41,10 +41,8 @@ void useCodePage(const CodePage& page);
 
 [[nodiscard]] bool equalIgnoringCase(std::string_view left, std::string_view right);
 
-/// Offset of the first occurrence at or behind `from`, never inside a two-byte character;
-/// npos when there is none. `from` must be a character boundary.
-[[nodiscard]] std::size_t findIgnoringCase(std::string_view text, std::string_view pattern,
-                                           std::size_t from = 0);
+/// Offset of the first occurrence, never inside a two-byte character; npos when there is none.
+[[nodiscard]] std::size_t findIgnoringCase(std::string_view text, std::string_view pattern);
 
 /// Offset of the last backslash character (not of a second byte 0x5C); npos when there is none.
 [[nodiscard]] std::size_t findLastBackslash(std::string_view text);

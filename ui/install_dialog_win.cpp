@@ -90,9 +90,9 @@ MessageMap CInstallDlg::GetMessageMap() const {
     };
     static constexpr CommandEntry commands[] = {
         onClicked<&CInstallDlg::OnHelp>(IDC_HELP_BUTTON),
-        onClicked<&CInstallDlg::OnLiveProduct>(IDC_LIVE_PRODUCT),
-        onClicked<&CInstallDlg::OnFileViewer>(IDC_FILE_VIEWER),
-        onClicked<&CInstallDlg::OnDemonstration>(IDC_DEMONSTRATION),
+        onClicked<&CInstallDlg::OnChoice<0>>(IDC_LIVE_PRODUCT),
+        onClicked<&CInstallDlg::OnChoice<1>>(IDC_FILE_VIEWER),
+        onClicked<&CInstallDlg::OnChoice<2>>(IDC_DEMONSTRATION),
     };
     return {messages, commands};
 }
@@ -121,17 +121,9 @@ bool CInstallDlg::OnInitDialog() {
 }
 
 void CInstallDlg::OnOK() {
-    switch (choice) {
-        case 0:
-            productType = product_type::live;
-            break;
-        case 1:
-            productType = product_type::viewer;
-            break;
-        case 2:
-            productType = product_type::demonstration;
-            break;
-    }
+    constexpr unsigned types[] = {product_type::live, product_type::viewer,
+                                  product_type::demonstration};
+    productType = types[choice];
     CDialog::OnOK();
 }
 
@@ -163,18 +155,6 @@ LRESULT CInstallDlg::OnHelpInfo(WPARAM, LPARAM) {
 
 void CInstallDlg::OnHelp() {
     help.displayTopic(m_hWnd, helpFilePath(runningProgramPath()));
-}
-
-void CInstallDlg::OnLiveProduct() {
-    choice = 0;
-}
-
-void CInstallDlg::OnFileViewer() {
-    choice = 1;
-}
-
-void CInstallDlg::OnDemonstration() {
-    choice = 2;
 }
 
 void CInstallDlg::LayOutPrompt() {

@@ -33,9 +33,10 @@ class CInstallDlg : public CDialog {
     LRESULT OnQueryDragIcon(WPARAM, LPARAM);
     LRESULT OnHelpInfo(WPARAM, LPARAM);
     void OnHelp();
-    void OnLiveProduct();
-    void OnFileViewer();
-    void OnDemonstration();
+    template <unsigned index>
+    void OnChoice() {
+        choice = index;
+    }
 
     /// Makes room for the prompt, from the sizes that the windows have now.
     void LayOutPrompt();
