@@ -3,6 +3,8 @@
 # "Setup.Exe" is a stand-in, clicks through its dialog, and prints what "Setup.Exe" was handed.
 #
 #   demo.sh [--by-hand]    --by-hand leaves the clicking to you; takes a display
+#
+# Exits with 3 when all is built, but 32-bit Wine could not be installed and nothing was run.
 set -eu
 . "$(dirname "$0")/usage.sh"
 cd "$(dirname "$0")/.."
@@ -13,6 +15,15 @@ if [ "${1-}" = --by-hand ]; then
 fi
 no_more "$@"
 
-scripts/setup.sh
+wine=1
+scripts/setup.sh || {
+    [ $? -eq 3 ] || exit 1
+    wine=
+}
 scripts/build.sh release tools checked/recorder checked/click_through
+if [ -z "$wine" ]; then
+    echo "demo: INCOMPLETE: all is built, but there is no 32-bit Wine to run it in" \
+        "(scripts/setup.sh tries again to install it)" >&2
+    exit 3
+fi
 exec scripts/on_screen.py demo "${by_hand[@]}"

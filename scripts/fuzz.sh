@@ -17,7 +17,7 @@ seconds=${1-60}
 for name in "${@:2}"; do
     [ -f "tools/fuzzers/${name}_fuzzer.cpp" ] || wrong_usage "there is no fuzzer \"$name\""
 done
-"$scripts/setup.sh" || [ $? -eq 3 ] || exit 1  # Wine is not needed
+"$scripts/setup.sh" --without-wine || exit 1
 "$scripts/build.sh" fuzz || exit 1
 
 shift $(($# > 0))

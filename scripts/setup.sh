@@ -2,13 +2,18 @@
 # Installs what building, testing and demonstrating need on a Debian machine. Quick and quiet when
 # nothing is missing; safe to run again at once, as root or with sudo.
 #
-#   setup.sh [PACKAGE...]    further packages, for scripts that need more
+#   setup.sh [--without-wine] [PACKAGE...]    further packages, for scripts that need more
 #
 # Exits with 3 when everything is installed but 32-bit Wine, which the archive can lack for a while:
 # then all can be built, and the native tests run.
 set -u
 export LC_ALL=C.UTF-8
 
+wine=(wine wine64 wine32:i386)
+if [ "${1-}" = --without-wine ]; then
+    wine=()
+    shift
+fi
 packages=(
     cmake ninja-build ccache googletest
     libcli11-dev nlohmann-json3-dev
@@ -19,7 +24,6 @@ packages=(
     fonts-wine xvfb imagemagick x11-utils
     "$@"
 )
-wine=(wine wine64 wine32:i386)
 
 missing() {
     local package
