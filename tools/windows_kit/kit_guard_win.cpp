@@ -111,7 +111,7 @@ bool mayWriteMachineKeys() {
 std::vector<std::string> objections(const std::vector<std::string>& programs) {
     std::vector<std::string> found;
     if (!mayWriteMachineKeys()) {
-        found.push_back("these tests need an administrator: start run.cmd as one");
+        found.emplace_back("these tests need an administrator: start run.cmd as one");
     }
     for (const std::string& line : programs) {
         for (const char* word : makerWords) {
