@@ -2,9 +2,14 @@
 # Fails when a program imports anything that allowed_imports.txt does not list, so that nothing
 # newer than Windows XP, and no further library, comes in unnoticed.
 #
-#   check_imports.sh PROGRAM...
+#   check_imports.sh [--kit] PROGRAM...    --kit also allows what kit_imports.txt lists
 set -eu
-allowed=$(dirname "$0")/allowed_imports.txt
+scripts=$(dirname "$0")
+kit=/dev/null
+if [ "${1-}" = --kit ]; then
+    kit=$scripts/kit_imports.txt
+    shift
+fi
 objdump=${OBJDUMP:-i686-w64-mingw32-objdump}
 
 failed=0
@@ -15,7 +20,7 @@ for program; do
             print program ": " message
             failed = 1
         }
-        NR == FNR {
+        !table {
             if ($1 != "" && $1 !~ /^#/) allowed[$1 " " $2]
             next
         }
@@ -34,6 +39,6 @@ for program; do
             for (library in rows)
                 if (rows[library] == 0) fail("no import of " library " was read")
             exit failed
-        }' "$allowed" - || failed=1
+        }' "$scripts/allowed_imports.txt" "$kit" table=1 - || failed=1
 done
 exit $failed

@@ -43,16 +43,14 @@ check_with_clang() {
 # what it tests.
 # shellcheck disable=SC2317  # reached through check
 windows_in_names() {
-    local folder patterns=()
-    for folder in app catalogue installed drivers platform ui framework tools; do
-        patterns+=("$folder/*.cpp" "$folder/*.h")
-    done
-    ! git grep -lE '^#include (<windows\.h>|"[^"]*_win\.h")' -- "${patterns[@]}" |
-        grep -vE '_win(_test)?\.(cpp|h)$|^app/install_app\.(cpp|h)$'
+    ! grep -rlE --include='*.cpp' --include='*.h' '^#include (<windows\.h>|"[^"]*_win\.h")' \
+        "${product[@]}" | grep -vE '_win(_test)?\.(cpp|h)$|^app/install_app\.(cpp|h)$'
 }
 
-mapfile -t sources < <(git ls-files '*.cpp' '*.h' '*.c')
-mapfile -t shell < <(git ls-files '*.sh' .ci)
+# Not by asking git: the sources may be an unpacked archive, or another user's checkout.
+product=(app catalogue drivers framework installed platform tools ui)
+mapfile -t sources < <(find "${product[@]}" tests -name '*.cpp' -o -name '*.h' -o -name '*.c')
+mapfile -t shell < <(find .ci scripts tests tools -name '*.sh' -o -path '.ci/*' -type f)
 
 check "these touch Windows, and their names do not end in _win" windows_in_names
 check_with_clang clang-format clang-format --dry-run -Werror "${sources[@]}"

@@ -4,11 +4,9 @@
 
 extern "C" BOOL WINAPI DllMain(HINSTANCE library, DWORD reason, void*) {
     if (reason == DLL_PROCESS_ATTACH) {
-        char mark[2 * MAX_PATH];
-        char program[MAX_PATH];
+        char mark[2 * MAX_PATH], program[MAX_PATH];
         GetModuleFileNameA(library, mark, MAX_PATH);
-        const DWORD length = GetModuleFileNameA(nullptr, program, MAX_PATH);
-        DWORD name = length;
+        DWORD name = GetModuleFileNameA(nullptr, program, MAX_PATH);
         while (name > 0 && program[name - 1] != '\\') {
             --name;
         }

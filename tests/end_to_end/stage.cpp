@@ -10,6 +10,7 @@
 #include <fstream>
 #include <iterator>
 
+#include "platform/system_library_win.h"
 #include "tools/dialog_driver/installer_run_win.h"
 
 namespace {
@@ -122,17 +123,19 @@ void clear() {
     SHDeleteKeyA(HKEY_CURRENT_USER, "Software\\Wine\\AppDefaults\\Install.exe");
     SHDeleteKeyA(HKEY_LOCAL_MACHINE, "Software\\Halvick Test Equipment");
     SHDeleteKeyA(HKEY_LOCAL_MACHINE, "Software\\HVQ");
-    for (std::string key = "a"; key <= "h"; ++key[0]) {
-        for (const REGSAM view : {KEY_WOW64_32KEY, KEY_WOW64_64KEY}) {
-            RegDeleteKeyExA(HKEY_LOCAL_MACHINE, (uninstallList + key).c_str(), view, 0);
+    // 32-bit Windows XP lacks it, and a second view of the list.
+    const auto deleteInView = procedureAddress<decltype(&RegDeleteKeyExA)>(
+        GetModuleHandleA("advapi32.dll"), "RegDeleteKeyExA");
+    for (std::string key = uninstallList + 'a'; key.back() <= 'h'; ++key.back()) {
+        RegDeleteKeyA(HKEY_LOCAL_MACHINE, key.c_str());
+        if (deleteInView != nullptr) {
+            deleteInView(HKEY_LOCAL_MACHINE, key.c_str(), KEY_WOW64_64KEY, 0);
         }
     }
 }
 
 /// After the last run.
-const struct Cleaner {
-    ~Cleaner() { clear(); }
-} cleaner;
+[[maybe_unused]] const int cleaner = std::atexit(clear);
 
 }  // namespace
 
@@ -256,8 +259,7 @@ Given installed(const std::string& key, const std::string& name, const std::stri
 
 Given indexed(const std::string& key, const std::string& programFolder) {
     return [=] {
-        for (const char* name :
-             {"Path", "Product Id", "Product Name", "Seinda", "Temp Reference"}) {
+        for (auto* name : {"Path", "Product Id", "Product Name", "Seinda", "Temp Reference"}) {
             registered(HKEY_LOCAL_MACHINE, key, name, scratch)();
         }
         registered(HKEY_LOCAL_MACHINE, key, "Program Folder", programFolder)();
