@@ -2,6 +2,9 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
+#include <iterator>
+
 #include "app/stamped_identity.h"
 
 namespace {
@@ -44,6 +47,16 @@ TEST(StampImage, FillsTheBlockAndTheChecksum) {
     std::string code, name;
     EXPECT_TRUE(stampImage(image, "1234567", longest, error) && readStamp(image, code, name));
     EXPECT_EQ(code + name, "1234567" + longest);
+}
+
+// The program's own block, without a terminator, as another tool might fill it.
+TEST(StampImage, EndsItsTextsWithTheirFields) {
+    std::fill(std::begin(stampedIdentity.productCode), std::end(stampedIdentity.productCode), 'c');
+    std::fill(std::begin(stampedIdentity.productName), std::end(stampedIdentity.productName), 'n');
+    const ProductIdentity identity = readStampedIdentity();
+    EXPECT_EQ(identity.code + identity.name, std::string(8, 'c') + std::string(104, 'n'));
+    stampedIdentity.productCode[0] = stampedIdentity.productName[0] = '\0';
+    EXPECT_EQ(readStampedIdentity().code + readStampedIdentity().name, "");
 }
 
 TEST(StampImage, Refuses) {
