@@ -42,19 +42,14 @@ void waitWhileExists(const std::string& path) {
 }
 
 void uninstall(const InstalledProduct& product, const std::string& sourceDirectory) {
-    ViewerRemoval removal = planViewerRemoval(product, sourceDirectory);
-    UninstallCommand& command = removal.command;
-    bool waitForMarker = false;
-    if (command.runsSetup) {
-        if (copyUninstaller(removal.copyFrom, removal.copyTo)) {
-            command = {removal.copyTo, ""};
-        } else {
-            waitForMarker = true;
-        }
+    const ViewerRemoval removal = planViewerRemoval(product, sourceDirectory);
+    UninstallCommand command = removal.command;
+    if (command.runsSetup && copyUninstaller(removal.copyFrom, removal.copyTo)) {
+        command = {removal.copyTo, ""};
     }
     ShellRunner().runAndWait(command.program.c_str(), command.arguments.c_str(), "open");
     // The product's own setup program leaves its work to a process that nobody can wait for.
-    if (waitForMarker) {
+    if (command.runsSetup) {
         waitWhileExists(importMarkerPath(product));
     }
 }

@@ -120,32 +120,32 @@ OperatingSystemIdentity windows6OrLater(const OperatingSystemFacts& facts) {
         facts);
 }
 
-OperatingSystemIdentity windowsNt(const OperatingSystemFacts& facts) {
-    if (needsExtendedQuery(facts) && facts.extendedQueryFailed) {
-        return queryFailure(facts.extendedQueryError);
-    }
-    Release release;
+Release olderOrUnknownRelease(const OperatingSystemFacts& facts) {
     switch (facts.majorVersion) {
         case 0:
         case 1:
         case 2:
-            break;
+            return {};
         case 3:
-            release = {code::windowsNt351, "Windows NT 3.51"};
-            break;
+            return {code::windowsNt351, "Windows NT 3.51"};
         case 4:
-            release = {code::windowsNt4, "Windows NT 4.0"};
-            break;
+            return {code::windowsNt4, "Windows NT 4.0"};
         case 5:
-            release = windows5(facts);
-            break;
-        case 6:
-            return windows6OrLater(facts);
+            return windows5(facts);
         default:
             // Kept: a release this new has no name of its own, only its service pack.
-            release = {code::unknownNewer, ""};
-            break;
+            return {code::unknownNewer, ""};
     }
+}
+
+OperatingSystemIdentity windowsNt(const OperatingSystemFacts& facts) {
+    if (needsExtendedQuery(facts) && facts.extendedQueryFailed) {
+        return queryFailure(facts.extendedQueryError);
+    }
+    if (facts.majorVersion == 6) {
+        return windows6OrLater(facts);
+    }
+    const Release release = olderOrUnknownRelease(facts);
     return withServicePack(release.code, release.name, facts);
 }
 

@@ -75,14 +75,11 @@ bool ShellRunner::runAndWait(const char* file, const char* parameters, const cha
     if (process == nullptr) {
         return false;
     }
-    exitCode = 0;
-    bool active = false;
     do {
         GetExitCodeProcess(process, &exitCode);
-        active = exitCode == STILL_ACTIVE;
         // Kept: also after the last query, so that every run lasts at least one interval.
         Sleep(pollInterval);
-    } while (active);
+    } while (exitCode == STILL_ACTIVE);
     execution.fMask = SEE_MASK_NOCLOSEPROCESS;
     return true;
 }
