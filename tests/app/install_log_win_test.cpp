@@ -39,8 +39,10 @@ TEST(InstallLog, IsAppendedToWhereItIsOneOfOurOwn) {
     EXPECT_EQ(read(theirs), "theirs") << "written through a hard link";
 
     fs::remove_all(folder);
-    std::system(("mklink /J \"" + folder.string() + "\" \"" + elsewhere.string() + '"').c_str());
-    appendToInstallLog("a");  // not every platform has junctions
+    // Not every platform has junctions.
+    const std::string paths = '"' + folder.string() + "\" \"" + elsewhere.string() + '"';
+    std::system(("mklink /J " + paths + " >nul 2>nul").c_str());
+    appendToInstallLog("a");
     EXPECT_EQ(read(theirs), "theirs") << "written into another folder";
     RemoveDirectoryA(folder.string().c_str());  // a junction, not what it leads to
     fs::remove_all(elsewhere);
