@@ -28,7 +28,7 @@ END
         printf '\n## %s-bit Windows\n\n' "$([ $processor = x86 ] && echo 32 || echo 64)"
         echo '| Wine'\''s "Version" | policy | bitness | driver installer |'
         echo '|---|---|---|---|'
-        awk -f - "$rows.$processor" <<'END' || failed=1
+        awk -f - "$rows.$processor" <<'ROWS' || failed=1
 function row() { print "| " release " | " policy " | " bitness " | " driver " |" }
 function found(before, field) {
     return match($0, before field) ? substr($0, RSTART + length(before), RLENGTH - length(before)) : ""
@@ -39,7 +39,7 @@ function found(before, field) {
 /-bitness=/ { bitness = found("-bitness=", "[^`]*") }
 /dpinst_/ { driver = "dpinst_" found("dpinst_", "[^\"]*") }
 END { row() }
-END
+ROWS
     done
     cat <<'END'
 
