@@ -55,7 +55,8 @@ TEST(StampImage, EndsItsTextsWithTheirFields) {
     std::fill(std::begin(stampedIdentity.productName), std::end(stampedIdentity.productName), 'n');
     const ProductIdentity identity = readStampedIdentity();
     EXPECT_EQ(identity.code + identity.name, std::string(8, 'c') + std::string(104, 'n'));
-    stampedIdentity.productCode[0] = stampedIdentity.productName[0] = '\0';
+    stampedIdentity.productCode[0] = '\0';
+    stampedIdentity.productName[0] = '\0';
     EXPECT_EQ(readStampedIdentity().code + readStampedIdentity().name, "");
 }
 
