@@ -43,7 +43,7 @@ class CDialog : public CWnd {
     virtual void OnOK();
     virtual void OnCancel();
     /// Messages and commands that are handled here; anything else is left to the dialog manager.
-    virtual MessageMap GetMessageMap() const;
+    [[nodiscard]] virtual MessageMap GetMessageMap() const;
 
     void EndDialog(INT_PTR result);
     /// Gives `control` the handle of the child window with this id. In OnInitDialog.

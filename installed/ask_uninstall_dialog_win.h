@@ -15,7 +15,7 @@ class CAskUninstallDlg : public CDialog {
 
   protected:
     bool OnInitDialog() override;
-    MessageMap GetMessageMap() const override;
+    [[nodiscard]] MessageMap GetMessageMap() const override;
 
   private:
     void OnSkip();

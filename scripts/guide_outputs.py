@@ -23,7 +23,7 @@ SHOWN = re.compile(r"(<!-- shown: ([^\n]*) -->\n```\n)(.*?)(```\n)", re.DOTALL)
 
 
 def prepare(folder, tools):
-    for place, source in (("build/tools", tools), ("scripts", ROOT / "scripts")):
+    for place, source in (("build/tools", tools), ("scripts", ROOT / "scripts"), ("tests", ROOT / "tests")):
         (folder / place).parent.mkdir(parents=True, exist_ok=True)
         (folder / place).symlink_to(source)
     (folder / "build/release").mkdir()

@@ -57,6 +57,7 @@ check_with_clang clang-format clang-format --dry-run -Werror "${sources[@]}"
 check shellcheck shellcheck --external-sources --source-path=SCRIPTDIR "${shell[@]}"
 # Says how each source is compiled.
 check cmake cmake --preset host --log-level=WARNING
+check cmake cmake --preset clang-windows --log-level=WARNING
 check_with_clang clang-tidy scripts/tidy.py "${again[@]}"
 [ "$failed" -ne 0 ] || echo "lint: nothing found"
 exit "$failed"

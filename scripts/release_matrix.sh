@@ -28,7 +28,18 @@ END
         printf '\n## %s-bit Windows\n\n' "$([ $processor = x86 ] && echo 32 || echo 64)"
         echo '| Wine'\''s "Version" | policy | bitness | driver installer |'
         echo '|---|---|---|---|'
-        cat "$rows.$processor" || failed=1
+        awk -f - "$rows.$processor" <<'ROWS' || failed=1
+function row() { print "| " release " | " policy " | " bitness " | " driver " |" }
+function found(before, field) {
+    return match($0, before field) ? substr($0, RSTART + length(before), RLENGTH - length(before)) : ""
+}
+/^release / { if (release) row(); release = $2; policy = "refuses"; bitness = driver = "" }
+/not been tested on / { policy = "asks about \"" found("not been tested on ", "[^.]*") "\"" }
+/Setup\.Exe/ && policy == "refuses" { policy = "passes" }
+/-bitness=/ { bitness = found("-bitness=", "[^`]*") }
+/dpinst_/ { driver = "dpinst_" found("dpinst_", "[^\"]*") }
+END { row() }
+ROWS
     done
     cat <<'END'
 

@@ -1,5 +1,6 @@
 #include "ui/install_dialog_win.h"
 
+#include <utility>
 #include <vector>
 
 #include "platform/files_win.h"
@@ -13,7 +14,7 @@ namespace {
 class TextMeasure {
   public:
     explicit TextMeasure(HWND window) : window(window), context(GetDC(window)) {
-        const auto font = reinterpret_cast<HFONT>(SendMessageA(window, WM_GETFONT, 0, 0));
+        auto* const font = reinterpret_cast<HFONT>(SendMessageA(window, WM_GETFONT, 0, 0));
         previousFont = SelectObject(context, font);
     }
     ~TextMeasure() {
@@ -23,9 +24,9 @@ class TextMeasure {
     TextMeasure(const TextMeasure&) = delete;
     TextMeasure& operator=(const TextMeasure&) = delete;
 
-    bool isValid() const { return context != nullptr; }
+    [[nodiscard]] bool isValid() const { return context != nullptr; }
 
-    TextExtent extent(std::string_view text) const {
+    [[nodiscard]] TextExtent extent(std::string_view text) const {
         SIZE size{};
         GetTextExtentPoint32A(context, text.data(), static_cast<int>(text.size()), &size);
         return {static_cast<int>(size.cx), static_cast<int>(size.cy)};
@@ -54,9 +55,9 @@ void moveDown(HWND control, int growth) {
 
 }  // namespace
 
-CInstallDlg::CInstallDlg(const std::string& productText, CWnd* parent)
+CInstallDlg::CInstallDlg(std::string productText, CWnd* parent)
     : CDialog(IDD_INSTALL_PRODUCT, parent),
-      productText(productText),
+      productText(std::move(productText)),
       icon(LoadIconA(GetModuleHandleA(nullptr), MAKEINTRESOURCEA(IDI_INSTALLER))) {}
 
 void CInstallDlg::SetCaption(const std::string& text) {

@@ -11,7 +11,7 @@
 class CInstallDlg : public CDialog {
   public:
     /// `productText` is kept, not shown.
-    explicit CInstallDlg(const std::string& productText, CWnd* parent = nullptr);
+    explicit CInstallDlg(std::string productText, CWnd* parent = nullptr);
 
     void SetCaption(const std::string& text);
     /// Of any length and number of lines; the dialog grows to fit it, and never shrinks.
@@ -26,7 +26,7 @@ class CInstallDlg : public CDialog {
   protected:
     bool OnInitDialog() override;
     void OnOK() override;
-    MessageMap GetMessageMap() const override;
+    [[nodiscard]] MessageMap GetMessageMap() const override;
 
   private:
     LRESULT OnPaint(WPARAM, LPARAM);

@@ -17,4 +17,6 @@ TEST(Environment, HasAnAnswerForEveryOperatingSystem) {
     }
     EXPECT_EQ(answers, "EERRRRRRRR?..???.??.......?.");
     EXPECT_TRUE(operatingSystemPolicy(-2, "").message->text.starts_with("Memory"));
+    EXPECT_EQ(administratorRequiredMessage().icon, MessageIcon::Warning);
+    EXPECT_EQ(administratorRequiredMessage().buttons, MessageButtons::Ok);
 }

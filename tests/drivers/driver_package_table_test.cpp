@@ -4,7 +4,7 @@
 
 #include "tests/rows.h"
 
-// Code, install kind and number of packages; the archives' names are seen end to end.
+// Code, word, install kind and number of packages; the archives' names are seen end to end.
 TEST(DriverPackageTable, HoldsTheFamilies) {
     DriverPackageTable table;
     EXPECT_TRUE(buildDriverPackageTable(table));
@@ -13,10 +13,9 @@ TEST(DriverPackageTable, HoldsTheFamilies) {
     std::string families;
     std::map<std::string, std::string> users;
     for (const auto& [code, family] : table) {
-        families += code + ':' + std::to_string(family.installKind) + ':' +
-                    std::to_string(family.packages.size()) + ' ';
+        families += code + ' ' + family.familyWord + ':' + std::to_string(family.installKind) +
+                    ':' + std::to_string(family.packages.size()) + ' ';
         EXPECT_EQ(std::string(family.dataKey).size(), 16u);
-        EXPECT_FALSE(family.familyWord.empty());
         for (const DriverPackage& package : family.packages) {
             EXPECT_TRUE(package.runInstaller && package.archive.ends_with(".fzx"));
             EXPECT_EQ(package.operatingSystemCodes, systems);
@@ -24,7 +23,9 @@ TEST(DriverPackageTable, HoldsTheFamilies) {
             users[package.archive] += code;
         }
     }
-    EXPECT_EQ(families, "16:2:1 1k:16:1 1m:16:1 1r:2:2 1u:2:2 1w:8:1 ");
+    EXPECT_EQ(families,
+              "16 Bluetooth:2:1 1k Serial:16:1 1m Serial:16:1 1r low energy:2:2 1u Corvane:2:2 "
+              "1w Multiple Tavlinks:8:1 ");
     std::string sharing;
     for (const auto& [archive, codes] : users) {
         sharing += codes + ' ';

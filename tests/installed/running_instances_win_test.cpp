@@ -6,6 +6,8 @@
 
 #include <filesystem>
 
+#include "platform/shell_runner_win.h"
+
 namespace {
 
 constexpr char running[] = "installer test: running";
@@ -22,14 +24,10 @@ TEST(RunningInstances, AreThoseOfTheWholeNameAndPath) {
     const std::string path = (std::filesystem::temp_directory_path() / name).string();
     ASSERT_TRUE(CopyFileA(own.c_str(), path.c_str(), FALSE));
     const HANDLE ready = CreateEventA(nullptr, FALSE, FALSE, running);
-    std::string command =
-        "child --gtest_filter=RunningInstancesChild.* --gtest_also_run_disabled_tests";
-    STARTUPINFOA startup{};
-    startup.cb = sizeof startup;
-    PROCESS_INFORMATION process{};
-    ASSERT_TRUE(CreateProcessA(path.c_str(), command.data(), nullptr, nullptr, FALSE, 0, nullptr,
-                               nullptr, &startup, &process));
-    EXPECT_EQ(WaitForSingleObject(ready, 30000), WAIT_OBJECT_0);
+    const HANDLE process = ShellRunner().start(
+        path.c_str(), "--gtest_filter=RunningInstancesChild.* --gtest_also_run_disabled_tests",
+        "open");
+    ASSERT_EQ(WaitForSingleObject(ready, 30000), WAIT_OBJECT_0);
 
     const std::string ownName = own.substr(own.rfind('\\') + 1);
     for (const auto& [otherName, otherPath] : {std::pair{std::string(), path},
@@ -39,16 +37,15 @@ TEST(RunningInstances, AreThoseOfTheWholeNameAndPath) {
                                                {ownName, path},
                                                {std::string("explorer.exe"), own}}) {
         EXPECT_EQ(terminateProcessesByPath(otherName, otherPath), 0u);
-        EXPECT_EQ(WaitForSingleObject(process.hProcess, 0), DWORD{WAIT_TIMEOUT}) << otherName;
+        EXPECT_EQ(WaitForSingleObject(process, 0), DWORD{WAIT_TIMEOUT}) << otherName;
     }
     EXPECT_EQ(terminateProcessesByPath("STOPPED instance.exe", path), DWORD{WAIT_OBJECT_0});
     DWORD exitCode = 99;
-    EXPECT_EQ(WaitForSingleObject(process.hProcess, 0), WAIT_OBJECT_0) << "its end was not awaited";
-    EXPECT_TRUE(GetExitCodeProcess(process.hProcess, &exitCode));
+    EXPECT_EQ(WaitForSingleObject(process, 0), WAIT_OBJECT_0) << "its end was not awaited";
+    EXPECT_TRUE(GetExitCodeProcess(process, &exitCode));
     EXPECT_EQ(exitCode, 0u);
-    for (const HANDLE handle : {process.hProcess, process.hThread, ready}) {
-        CloseHandle(handle);
-    }
+    CloseHandle(process);
+    CloseHandle(ready);
     DeleteFileA(path.c_str());
 }
 

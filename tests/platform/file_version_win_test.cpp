@@ -6,6 +6,7 @@
 #include <iterator>
 
 #include "installed/installation_index_win.h"
+#include "tests/installed/scratch_machine_win.h"
 #include "tests/rows.h"
 
 namespace {
@@ -58,8 +59,13 @@ TEST_F(FileVersion, IsThatOfTheUsEnglishUnicodeTable) {
             return read(content.replace(content.find(wide(from)), 2 * from.size(), wide(to)));
         });
     read(program);
-    EXPECT_TRUE(InstallationIndex::readExecutableVersion(record, text));
-    EXPECT_EQ(text, "12.4.1");
+    const ScratchMachine machine;
+    const std::string key = std::string(makerTree) + "A";
+    machine.setRecord(key);
+    machine.setText(key, "Installation Path", installation.string());
+    InstallationIndex index;
+    ASSERT_TRUE(index.load(true));
+    EXPECT_EQ(index.records[0].fields["Version"], "12.4.1");
 }
 
 TEST_F(FileVersion, SurvivesDamage) {

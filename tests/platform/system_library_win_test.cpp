@@ -19,22 +19,6 @@ TEST(SystemLibrary, LoadsFromTheSystemFolderOnly) {
     EXPECT_EQ(procedureAddress<void (*)()>(nullptr, "VerQueryValueA"), nullptr);
 }
 
-TEST(SystemLibrary, RestrictedSearchLeavesTheCurrentFolderOut) {
-    char folder[MAX_PATH] = "", before[MAX_PATH] = "";
-    GetTempPathA(sizeof folder, folder);
-    GetCurrentDirectoryA(sizeof before, before);
-    SetCurrentDirectoryA(folder);
-    CopyFileA(_pgmptr, "planted_library.dll", FALSE);
-    const HMODULE found = LoadLibraryA("planted_library.dll");
-    EXPECT_NE(found, nullptr);
-    FreeLibrary(found);
-    restrictLibrarySearch();
-    EXPECT_EQ(LoadLibraryA("planted_library.dll"), nullptr);
-    EXPECT_NE(LoadLibraryA("version.dll"), nullptr);
-    DeleteFileA("planted_library.dll");
-    SetCurrentDirectoryA(before);
-}
-
 std::string calls;
 
 BOOL WINAPI recordDefaultDirectories(DWORD flags) {

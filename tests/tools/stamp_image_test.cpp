@@ -2,6 +2,9 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
+#include <iterator>
+
 #include "app/stamped_identity.h"
 
 namespace {
@@ -12,7 +15,7 @@ const std::string marker(stampMarker, sizeof stampMarker);
 
 /// The headers of an executable, as far as stamping looks at them, and an empty block.
 std::string executable() {
-    std::string image(blockOffset + sizeof(StampedIdentity) + 100, '\0');
+    std::string image(blockOffset + sizeof(StampedIdentity) + 101, '\0');
     image.replace(0, 2, "MZ");
     image[60] = 64;
     image.replace(64, 2, "PE");
@@ -31,8 +34,8 @@ TEST(StampImage, FillsTheBlockAndTheChecksum) {
     expected.replace(blockOffset + 24, 7, "Model X");
     // The words that are not zero: 5A4D 0040 4550 010B, the marker's 233C 5250 444F 4355 2D54 5453
     // 4D41 3E50, the texts' 5131 6F4D 6564 206C 0058. Their sum 3F1F6, folded to F1F9, and the
-    // size of the file, 2E4.
-    expected.replace(optionalHeader + 64, 2, "\xDD\xF4");
+    // size of the file, 2E5.
+    expected.replace(optionalHeader + 64, 2, "\xDE\xF4");
     EXPECT_EQ(image, expected);
 
     // A checksum that was there before does not count.
@@ -44,6 +47,18 @@ TEST(StampImage, FillsTheBlockAndTheChecksum) {
     std::string code, name;
     EXPECT_TRUE(stampImage(image, "1234567", longest, error) && readStamp(image, code, name));
     EXPECT_EQ(code + name, "1234567" + longest);
+}
+
+// The program's own block, without a terminator, as another tool might fill it.
+TEST(StampImage, EndsItsTextsWithTheirFields) {
+    EXPECT_TRUE(std::equal(marker.begin(), marker.end(), stampedIdentity.marker));
+    std::fill(std::begin(stampedIdentity.productCode), std::end(stampedIdentity.productCode), 'c');
+    std::fill(std::begin(stampedIdentity.productName), std::end(stampedIdentity.productName), 'n');
+    const ProductIdentity identity = readStampedIdentity();
+    EXPECT_EQ(identity.code + identity.name, std::string(8, 'c') + std::string(104, 'n'));
+    stampedIdentity.productCode[0] = '\0';
+    stampedIdentity.productName[0] = '\0';
+    EXPECT_EQ(readStampedIdentity().code + readStampedIdentity().name, "");
 }
 
 TEST(StampImage, Refuses) {
@@ -63,7 +78,7 @@ TEST(StampImage, Refuses) {
                        {"no PE", changed(64, "NE"), "1k", "X"},
                        {"64-bit", changed(optionalHeader, "\x0B\x02"), "1k", "X"},
                        {"header outside", changed(60, "\xFF\xFF\xFF\xFF"), "1k", "X"},
-                       {"header cut off", whole.substr(0, 100), "1k", "X"},
+                       {"header cut off", whole.substr(0, optionalHeader + 121), "1k", "X"},
                        {"signed", changed(optionalHeader + 128, "\x01"), "1k", "X"},
                        {"no block", changed(blockOffset, "?"), "1k", "X"},
                        {"block cut off", whole.substr(0, blockOffset + 100), "1k", "X"},

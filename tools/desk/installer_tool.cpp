@@ -30,7 +30,8 @@ int fail(const Session& session, const std::string& command, const std::string& 
 
 int run(std::vector<std::string> arguments, const std::string& program) {
     Session session;
-    CLI::App app("Makes and checks the installers and media of the Tavlink products.", program);
+    CLI::App app("Makes and checks the installers and media of the Tavlink products.",
+                 "installer-tool");
     app.set_version_flag("--version", "installer-tool " INSTALLER_BUILD_TEXT);
     app.require_subcommand(0, 1);  // with 1 at least, a wrong word would not be named
     app.footer(

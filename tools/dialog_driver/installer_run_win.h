@@ -17,7 +17,8 @@ struct Encounter {
 
 class InstallerRun {
   public:
-    static constexpr DWORD defaultDeadline = 30000;  // milliseconds
+    /// Milliseconds: long enough for the first start of a program on a busy machine.
+    static constexpr DWORD defaultDeadline = 60000;
 
     /// Starts `program` with these arguments as they are; the current folder is its own, where
     /// none is given. When it cannot be started, every call says so.

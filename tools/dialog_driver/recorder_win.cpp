@@ -24,8 +24,9 @@ void record(const std::string& lines) {
     const HANDLE file = CreateFileA(std::getenv("RECORD_FILE"), FILE_APPEND_DATA,
                                     FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE, nullptr,
                                     OPEN_ALWAYS, FILE_ATTRIBUTE_NORMAL, nullptr);
+    const std::string text = lines + '\n';
     DWORD written = 0;
-    WriteFile(file, (lines + '\n').data(), static_cast<DWORD>(lines.size() + 1), &written, nullptr);
+    WriteFile(file, text.data(), static_cast<DWORD>(text.size()), &written, nullptr);
     CloseHandle(file);
 }
 

@@ -1,11 +1,9 @@
 // Stands between the tests and the machine of whoever runs them.
 //
-//   kit_guard before    refuses a machine on which the tests could touch what they did not make,
-//   and
-//                       remembers its list of installed programs in before.txt
+//   kit_guard before    refuses a machine on which the tests could touch what they did not
+//                       make, and remembers its list of installed programs in before.txt
 //   kit_guard after     removes what the tests can leave behind, and fails when the list of
-//   installed
-//                       programs is not what it was
+//                       installed programs is not what it was
 //
 // The tests make installed versions, confirm their removal and run what their entries name. So
 // there must be no product of the maker's on the machine, nor any place that the tests make and
@@ -25,19 +23,25 @@
 #include <vector>
 
 #include "catalogue/product_names.h"
+#include "installed/installation_index.h"
+#include "installed/installed_product.h"
 #include "platform/files_win.h"
 #include "platform/handle_win.h"
 
 namespace {
 
-constexpr const char* uninstallList = "SOFTWARE\\Microsoft\\Windows\\CurrentVersion\\Uninstall";
 constexpr const char* rememberedFile = "before.txt";
 
+/// The key directly below "Software" that a tree stands in.
+std::string topKey(const std::string& tree) {
+    return tree.substr(0, tree.find('\\', sizeof "Software"));
+}
+
 /// What the tests make, and take away again, below HKEY_LOCAL_MACHINE.
-constexpr const char* madeKeys[] = {"Software\\Halvick Test Equipment", "Software\\HVQ"};
+const std::string madeKeys[] = {topKey(makerTree), topKey(olderMakerTree)};
 
 /// Words of the display names that the installer looks for.
-constexpr const char* makerWords[] = {"Halvick", "Tavlink", testSuiteViewerName,
+constexpr const char* makerWords[] = {makerFilter, "Tavlink", testSuiteViewerName,
                                       protocolViewerName};
 
 /// The tests see the 32-bit view, a machine may have another one beside it.
@@ -89,7 +93,7 @@ void describe(HKEY parent, const std::string& name, REGSAM view, const std::stri
 std::vector<std::string> installedPrograms() {
     std::vector<std::string> lines;
     for (const REGSAM view : views) {
-        describe(HKEY_LOCAL_MACHINE, uninstallList, view,
+        describe(HKEY_LOCAL_MACHINE, uninstallListKey, view,
                  view == KEY_WOW64_32KEY ? "32-bit list" : "64-bit list", lines);
     }
     std::sort(lines.begin(), lines.end());
@@ -107,7 +111,7 @@ bool mayWriteMachineKeys() {
 std::vector<std::string> objections(const std::vector<std::string>& programs) {
     std::vector<std::string> found;
     if (!mayWriteMachineKeys()) {
-        found.push_back("these tests need an administrator: start run.cmd as one");
+        found.emplace_back("these tests need an administrator: start run.cmd as one");
     }
     for (const std::string& line : programs) {
         for (const char* word : makerWords) {
@@ -117,12 +121,12 @@ std::vector<std::string> objections(const std::vector<std::string>& programs) {
             }
         }
     }
-    for (const char* name : madeKeys) {
+    for (const std::string& name : madeKeys) {
         for (const REGSAM view : views) {
             RegistryHandle key;
-            if (RegOpenKeyExA(HKEY_LOCAL_MACHINE, name, 0, KEY_READ | view, key.receive()) ==
-                ERROR_SUCCESS) {
-                found.push_back(std::string("the key exists: HKEY_LOCAL_MACHINE\\") + name);
+            if (RegOpenKeyExA(HKEY_LOCAL_MACHINE, name.c_str(), 0, KEY_READ | view,
+                              key.receive()) == ERROR_SUCCESS) {
+                found.push_back("the key exists: HKEY_LOCAL_MACHINE\\" + name);
                 break;
             }
         }
@@ -175,8 +179,8 @@ int after() {
         return 1;
     }
     // Safe: there were none before.
-    for (const char* name : madeKeys) {
-        SHDeleteKeyA(HKEY_LOCAL_MACHINE, name);
+    for (const std::string& name : madeKeys) {
+        SHDeleteKeyA(HKEY_LOCAL_MACHINE, name.c_str());
     }
     for (const std::string& folder : madeFolders()) {
         if (pathExists(folder)) {
