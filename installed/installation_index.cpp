@@ -14,11 +14,20 @@ constexpr std::string_view answeredFields[] = {
 };
 
 std::string_view selectedField(int selector) {
-    // By installation_selector.
-    constexpr std::string_view fields[] = {"Path",           "Product Id", "Product Name",
-                                           "Program Folder", "",           "Temp Reference"};
-    const auto index = static_cast<std::size_t>(selector);
-    return index < std::size(fields) ? fields[index] : "";
+    switch (selector) {
+        case installation_selector::path:
+            return "Path";
+        case installation_selector::productId:
+            return "Product Id";
+        case installation_selector::productName:
+            return "Product Name";
+        case installation_selector::programFolder:
+            return "Program Folder";
+        case installation_selector::temporaryReference:
+            return "Temp Reference";
+        default:
+            return {};
+    }
 }
 
 std::string_view withoutOuterBackslashes(std::string_view path) {
