@@ -69,6 +69,15 @@ template <class Find>
     return viewers;
 }
 
+/// Waits until an uninstaller that leaves its work to a process of its own is done: as long as
+/// `exists` says that its marker is there, but not longer than 180 pauses. `pause` takes a second.
+template <class Exists, class Pause>
+void awaitMarkerGone(Exists exists, Pause pause) {
+    for (int pauses = 0; pauses < 180 && exists(); ++pauses) {
+        pause();
+    }
+}
+
 /// `code` is the result of stopping the product's running copies.
 [[nodiscard]] Message couldNotStopMessage(const InstalledProduct& product, std::uint32_t code);
 
