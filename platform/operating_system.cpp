@@ -139,8 +139,8 @@ Release olderOrUnknownRelease(const OperatingSystemFacts& facts) {
 }
 
 OperatingSystemIdentity windowsNt(const OperatingSystemFacts& facts) {
-    if (needsExtendedQuery(facts) && facts.extendedQueryFailed) {
-        return queryFailure(facts.extendedQueryError);
+    if (needsExtendedQuery(facts) && facts.extendedQueryError) {
+        return queryFailure(*facts.extendedQueryError);
     }
     if (facts.majorVersion == 6) {
         return windows6OrLater(facts);
@@ -152,13 +152,13 @@ OperatingSystemIdentity windowsNt(const OperatingSystemFacts& facts) {
 }  // namespace
 
 bool needsExtendedQuery(const OperatingSystemFacts& facts) {
-    return !facts.queryFailed && facts.platformId == platformNt &&
+    return facts.platformId == platformNt &&
            (facts.majorVersion == 6 || (facts.majorVersion == 5 && facts.minorVersion == 2));
 }
 
 OperatingSystemIdentity identifyOperatingSystem(const OperatingSystemFacts& facts) {
-    if (facts.queryFailed) {
-        return queryFailure(facts.queryError);
+    if (facts.queryError) {
+        return queryFailure(*facts.queryError);
     }
     switch (facts.platformId) {
         case platformWin32s:

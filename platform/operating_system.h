@@ -3,6 +3,7 @@
 
 #include <cstddef>
 #include <cstdint>
+#include <optional>
 #include <string>
 
 /// What a run knows the running release by. Later releases than those that the manifest declares
@@ -43,15 +44,13 @@ inline constexpr int newestKnown = server10;
 /// Everything the identification looks at. The first group mirrors OSVERSIONINFOA, the second
 /// OSVERSIONINFOEXA, GetNativeSystemInfo and GetSystemMetrics(SM_SERVERR2).
 struct OperatingSystemFacts {
-    std::uint32_t queryError = 0;  ///< GetLastError of a failed first query; see queryFailed
-    bool queryFailed = false;
+    std::optional<std::uint32_t> queryError;  ///< GetLastError of a first query that failed
     std::uint32_t platformId = 0;
     std::uint32_t majorVersion = 0;
     std::uint32_t minorVersion = 0;
     std::string servicePack;
 
-    std::uint32_t extendedQueryError = 0;
-    bool extendedQueryFailed = false;
+    std::optional<std::uint32_t> extendedQueryError;
     std::uint32_t extendedMajorVersion = 0;
     std::uint32_t extendedMinorVersion = 0;
     std::uint8_t productType = 0;          ///< 1 is VER_NT_WORKSTATION

@@ -11,7 +11,6 @@ void queryExtended(OperatingSystemFacts& facts) {
     version.dwOSVersionInfoSize = sizeof version;
     if (!GetVersionExA(reinterpret_cast<OSVERSIONINFOA*>(&version))) {
         facts.extendedQueryError = GetLastError();
-        facts.extendedQueryFailed = true;
         return;
     }
     SYSTEM_INFO system{};
@@ -32,7 +31,6 @@ OperatingSystemFacts queryOperatingSystem() {
     version.dwOSVersionInfoSize = sizeof version;
     if (!GetVersionExA(&version)) {
         facts.queryError = GetLastError();
-        facts.queryFailed = true;
         return facts;
     }
     facts.platformId = version.dwPlatformId;

@@ -82,12 +82,10 @@ TEST(OperatingSystem, HasACodeAndANameForEveryRelease) {
 
 TEST(OperatingSystem, FailuresReachTheBufferOrLeaveIt) {
     OperatingSystemFacts first;
-    first.queryFailed = true;
     first.queryError = 122;
     const OperatingSystemIdentity failed = identifyOperatingSystem(first);
     EXPECT_EQ(failed.name, "GetVersionEx failed with 122.");
     for (OperatingSystemFacts second : {factsOf("2 5 2"), factsOf("2 6 1")}) {
-        second.extendedQueryFailed = true;
         second.extendedQueryError = 87;
         EXPECT_EQ(identifyOperatingSystem(second).name, "GetVersionEx failed with 87.");
         EXPECT_EQ(identifyOperatingSystem(second).code, -1);

@@ -21,11 +21,14 @@ int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
     std::uint8_t flags = 0, bufferSize = 0;
     take(flags, data, size);
     take(bufferSize, data, size);
-    facts.queryFailed = (flags & 1) != 0;
-    facts.extendedQueryFailed = (flags & 2) != 0;
-    for (std::uint32_t* number :
-         {&facts.queryError, &facts.platformId, &facts.majorVersion, &facts.minorVersion,
-          &facts.extendedQueryError, &facts.extendedMajorVersion, &facts.extendedMinorVersion}) {
+    if ((flags & 1) != 0) {
+        facts.queryError = flags;
+    }
+    if ((flags & 2) != 0) {
+        facts.extendedQueryError = 0xFFFFFFFF;
+    }
+    for (std::uint32_t* number : {&facts.platformId, &facts.majorVersion, &facts.minorVersion,
+                                  &facts.extendedMajorVersion, &facts.extendedMinorVersion}) {
         std::uint8_t small = 0;
         take(small, data, size);
         *number = small == 255 ? 0xFFFFFFFF : small;
