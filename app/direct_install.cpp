@@ -1,17 +1,12 @@
 #include "app/direct_install.h"
 
+#include <algorithm>
 #include <string_view>
 
 #include "catalogue/product_catalogue.h"
 #include "installed/analyser_path.h"
 #include "platform/ansi_text.h"
 #include "platform/format_text.h"
-
-namespace {
-
-constexpr std::string_view setupProgram = "setup.exe";
-
-}  // namespace
 
 std::string analyserPath(const InstalledProduct& product) {
     return formatCut("%s\\%s", product.installLocation.c_str(), analyser::path);
@@ -21,31 +16,22 @@ std::string importMarkerPath(const InstalledProduct& product) {
     return formatCut("%s\\liveimport.ini", product.installLocation.c_str());
 }
 
-UninstallCommand cutUninstallCommand(const std::string& command) {
-    const std::size_t setup = findIgnoringCase(command, setupProgram);
+ViewerRemoval planViewerRemoval(const std::string& uninstallCommand,
+                                const std::string& sourceDirectory) {
+    constexpr std::string_view setupProgram = "setup.exe";
+    const std::size_t setup = findIgnoringCase(uninstallCommand, setupProgram);
     if (setup == std::string::npos) {
-        return {command, "", false};
+        return {uninstallCommand, "", false, "", ""};
     }
     const std::size_t programEnd = setup + setupProgram.size() + 1;
-    const std::size_t argumentsStart = programEnd + 1;
-    return {command.substr(0, programEnd),
-            argumentsStart < command.size() ? command.substr(argumentsStart) : "", true};
-}
-
-std::string uninstallerTarget(const UninstallCommand& command) {
-    const std::string target =
-        replaceAll(command.program, setupProgram, replacementUninstallerFile, true);
-    return replaceAll(target, "\"", "", false);
-}
-
-ViewerRemoval planViewerRemoval(const InstalledProduct& product,
-                                const std::string& sourceDirectory) {
-    ViewerRemoval removal{cutUninstallCommand(product.uninstallString), "", ""};
-    if (removal.command.runsSetup) {
-        removal.copyFrom = formatCut("%s%s", sourceDirectory.c_str(), replacementUninstallerFile);
-        removal.copyTo = uninstallerTarget(removal.command);
-    }
-    return removal;
+    const std::size_t argumentsStart = std::min(programEnd + 1, uninstallCommand.size());
+    const std::string program = uninstallCommand.substr(0, programEnd);
+    const std::string target = replaceAll(program, setupProgram, replacementUninstallerFile, true);
+    return {.program = program,
+            .arguments = uninstallCommand.substr(argumentsStart),
+            .runsSetup = true,
+            .copyFrom = formatCut("%s%s", sourceDirectory.c_str(), replacementUninstallerFile),
+            .copyTo = replaceAll(target, "\"", "", false)};
 }
 
 Message couldNotStopMessage(const InstalledProduct& product, std::uint32_t code) {

@@ -21,34 +21,22 @@ inline constexpr const char* replacementUninstallerFile = "UninstallQmx.exe";
 /// characters.
 [[nodiscard]] std::string importMarkerPath(const InstalledProduct& product);
 
-/// The command line with which an installed viewer is removed.
-struct UninstallCommand {
+/// What removes an installed viewer: its uninstall command, or in its place the uninstaller of the
+/// media, copied.
+struct ViewerRemoval {
     std::string program;
     std::string arguments;   ///< may be empty
     bool runsSetup = false;  ///< the product's own setup program, cut from its arguments
+    // Empty unless the command runs the setup program. Where the copy fails the command stands.
+    std::string copyFrom;  ///< at most 260 characters
+    std::string copyTo;    ///< beside the setup program, without quotes
 };
 
 /// Cuts a command that runs "setup.exe" (of any letter case) behind the name and the character
 /// after it, a closing quote, and leaves out the next one, a blank. Kept: neither is looked at,
 /// the uninstall lists in the field hold what installers of many years wrote. Any other command
-/// is the program as a whole.
-[[nodiscard]] UninstallCommand cutUninstallCommand(const std::string& command);
-
-/// Where the uninstaller that replaces the setup program of `command` (runsSetup) is copied:
-/// beside it, without quotes.
-[[nodiscard]] std::string uninstallerTarget(const UninstallCommand& command);
-
-/// What removes an installed viewer: the command, or in its place the uninstaller of the media,
-/// copied.
-struct ViewerRemoval {
-    UninstallCommand command;
-    // Empty unless the command runs the setup program. Where the copy fails the command stands.
-    std::string copyFrom;  ///< at most 260 characters
-    std::string copyTo;
-};
-
-/// `sourceDirectory` ends in a backslash.
-[[nodiscard]] ViewerRemoval planViewerRemoval(const InstalledProduct& product,
+/// is the program as a whole. `sourceDirectory` ends in a backslash.
+[[nodiscard]] ViewerRemoval planViewerRemoval(const std::string& uninstallCommand,
                                               const std::string& sourceDirectory);
 
 /// The viewers to remove, in order. `find` appends the installed products whose names contain a

@@ -31,14 +31,12 @@ bool copyUninstaller(const std::string& source, const std::string& target) {
 }
 
 void uninstall(const InstalledProduct& product, const std::string& sourceDirectory) {
-    const ViewerRemoval removal = planViewerRemoval(product, sourceDirectory);
-    UninstallCommand command = removal.command;
-    if (command.runsSetup && copyUninstaller(removal.copyFrom, removal.copyTo)) {
-        command = {removal.copyTo, ""};
-    }
-    ShellRunner().runAndWait(command.program.c_str(), command.arguments.c_str(), "open");
+    const ViewerRemoval removal = planViewerRemoval(product.uninstallString, sourceDirectory);
+    const bool copied = removal.runsSetup && copyUninstaller(removal.copyFrom, removal.copyTo);
+    const std::string& program = copied ? removal.copyTo : removal.program;
+    ShellRunner().runAndWait(program.c_str(), copied ? "" : removal.arguments.c_str(), "open");
     // The product's own setup program leaves its work to a process that nobody can wait for.
-    if (command.runsSetup) {
+    if (removal.runsSetup && !copied) {
         const std::string marker = importMarkerPath(product);
         awaitMarkerGone([&] { return pathExists(marker); }, [] { Sleep(1000); });
     }

@@ -21,7 +21,7 @@ constexpr std::uint16_t architectureAmd64 = 9;
 /// A release before the service pack is appended to its name.
 struct Release {
     int code = code::notRecognised;
-    const char* name = "";
+    std::string name;
 };
 
 OperatingSystemIdentity queryFailure(std::uint32_t error) {
@@ -30,9 +30,8 @@ OperatingSystemIdentity queryFailure(std::uint32_t error) {
             NameDelivery::Direct};
 }
 
-OperatingSystemIdentity withServicePack(int code, std::string baseName,
-                                        const OperatingSystemFacts& facts) {
-    return {code, std::move(baseName) + ' ' + facts.servicePack, NameDelivery::Checked};
+OperatingSystemIdentity withServicePack(Release release, const OperatingSystemFacts& facts) {
+    return {release.code, std::move(release.name) + ' ' + facts.servicePack, NameDelivery::Checked};
 }
 
 OperatingSystemIdentity windows9x(const OperatingSystemFacts& facts) {
@@ -49,17 +48,17 @@ OperatingSystemIdentity windows9x(const OperatingSystemFacts& facts) {
             if (equalIgnoringCase(facts.servicePack, " C")) {
                 return {code::windows95Osr2, "Windows 95 OSR2", NameDelivery::Checked};
             }
-            return withServicePack(code::windows95, "Windows 95", facts);
+            return withServicePack({code::windows95, "Windows 95"}, facts);
         case 10:
             if (equalIgnoringCase(facts.servicePack, " A")) {
                 return {code::windows98SecondEdition, "Windows 98 Second Edition",
                         NameDelivery::Checked};
             }
-            return withServicePack(code::windows98, "Windows 98", facts);
+            return withServicePack({code::windows98, "Windows 98"}, facts);
         case 90:
-            return withServicePack(code::windowsMe, "Windows Me", facts);
+            return withServicePack({code::windowsMe, "Windows Me"}, facts);
         default:
-            return withServicePack(code::notRecognised, "", facts);
+            return withServicePack({}, facts);
     }
 }
 
@@ -86,67 +85,51 @@ Release windows5(const OperatingSystemFacts& facts) {
     }
 }
 
-OperatingSystemIdentity windows6OrLater(const OperatingSystemFacts& facts) {
+Release windows6OrLater(const OperatingSystemFacts& facts) {
     struct Row {
-        std::uint32_t majorVersion;
-        std::uint32_t minorVersion;
-        Release workstation;
-        Release server;
+        std::uint32_t majorVersion, minorVersion;
+        int workstationCode;
+        const char* workstationName;
+        int serverCode;
+        const char* serverName;
     };
     // Kept: 6.1 alone gives the server the lower code; the driver packages name these codes.
     static constexpr Row rows[] = {
-        {6, 0, {code::windowsVista, "Windows Vista"}, {code::server2008, "Windows Server 2008"}},
-        {6, 1, {code::windows7, "Windows 7"}, {code::server2008R2, "Windows Server 2008 R2"}},
-        {6, 2, {code::windows8, "Windows 8"}, {code::server2012, "Windows Server 2012"}},
-        {6, 3, {code::windows81, "Windows 8.1"}, {code::server2012R2, "Windows Server 2012 R2"}},
-        {10,
-         0,
-         {code::windows10, "Windows 10 Insider Preview"},
-         {code::server10, "Windows Server 10 Technical Preview"}},
+        {6, 0, code::windowsVista, "Windows Vista", code::server2008, "Windows Server 2008"},
+        {6, 1, code::windows7, "Windows 7", code::server2008R2, "Windows Server 2008 R2"},
+        {6, 2, code::windows8, "Windows 8", code::server2012, "Windows Server 2012"},
+        {6, 3, code::windows81, "Windows 8.1", code::server2012R2, "Windows Server 2012 R2"},
+        {10, 0, code::windows10, "Windows 10 Insider Preview", code::server10,
+         "Windows Server 10 Technical Preview"},
     };
     for (const Row& row : rows) {
         if (row.majorVersion == facts.extendedMajorVersion &&
             row.minorVersion == facts.extendedMinorVersion) {
-            const Release& release =
-                facts.productType == productTypeWorkstation ? row.workstation : row.server;
-            return withServicePack(release.code, release.name, facts);
+            return facts.productType == productTypeWorkstation
+                       ? Release{row.workstationCode, row.workstationName}
+                       : Release{row.serverCode, row.serverName};
         }
     }
     // Kept: the parenthesis stays open.
-    return withServicePack(
-        code::unknownNewer,
-        formatText("unknown or new (%d.%d", static_cast<int>(facts.extendedMajorVersion),
-                   static_cast<int>(facts.extendedMinorVersion)),
-        facts);
+    return {code::unknownNewer,
+            formatText("unknown or new (%d.%d", static_cast<int>(facts.extendedMajorVersion),
+                       static_cast<int>(facts.extendedMinorVersion))};
 }
 
-Release olderOrUnknownRelease(const OperatingSystemFacts& facts) {
+Release windowsNt(const OperatingSystemFacts& facts) {
     switch (facts.majorVersion) {
-        case 0:
-        case 1:
-        case 2:
-            return {};
         case 3:
             return {code::windowsNt351, "Windows NT 3.51"};
         case 4:
             return {code::windowsNt4, "Windows NT 4.0"};
         case 5:
             return windows5(facts);
+        case 6:
+            return windows6OrLater(facts);
         default:
-            // Kept: a release this new has no name of its own, only its service pack.
-            return {code::unknownNewer, ""};
+            // Kept: a release newer than these has no name of its own, only its service pack.
+            return {facts.majorVersion < 3 ? code::notRecognised : code::unknownNewer, ""};
     }
-}
-
-OperatingSystemIdentity windowsNt(const OperatingSystemFacts& facts) {
-    if (needsExtendedQuery(facts) && facts.extendedQueryError) {
-        return queryFailure(*facts.extendedQueryError);
-    }
-    if (facts.majorVersion == 6) {
-        return windows6OrLater(facts);
-    }
-    const Release release = olderOrUnknownRelease(facts);
-    return withServicePack(release.code, release.name, facts);
 }
 
 }  // namespace
@@ -160,15 +143,18 @@ OperatingSystemIdentity identifyOperatingSystem(const OperatingSystemFacts& fact
     if (facts.queryError) {
         return queryFailure(*facts.queryError);
     }
+    if (needsExtendedQuery(facts) && facts.extendedQueryError) {
+        return queryFailure(*facts.extendedQueryError);
+    }
     switch (facts.platformId) {
         case platformWin32s:
-            return withServicePack(code::win32s, "Win32s", facts);
+            return withServicePack({code::win32s, "Win32s"}, facts);
         case platformWindows:
             return windows9x(facts);
         case platformNt:
-            return windowsNt(facts);
+            return withServicePack(windowsNt(facts), facts);
         default:
-            return withServicePack(code::notRecognised, "", facts);
+            return withServicePack({}, facts);
     }
 }
 

@@ -44,7 +44,7 @@ inline constexpr int newestKnown = server10;
 /// Everything the identification looks at. The first group mirrors OSVERSIONINFOA, the second
 /// OSVERSIONINFOEXA, GetNativeSystemInfo and GetSystemMetrics(SM_SERVERR2).
 struct OperatingSystemFacts {
-    std::optional<std::uint32_t> queryError;  ///< GetLastError of a first query that failed
+    std::optional<std::uint32_t> queryError;  ///< GetLastError, where the first query failed
     std::uint32_t platformId = 0;
     std::uint32_t majorVersion = 0;
     std::uint32_t minorVersion = 0;

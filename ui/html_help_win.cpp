@@ -69,11 +69,10 @@ HtmlHelpControl::EntryPoint HtmlHelpControl::load() {
 }
 
 void HtmlHelpControl::displayTopic(HWND owner, const std::string& file) {
-    if (!tried) {
-        tried = true;
+    if (!entryPoint) {
         entryPoint = load();
     }
-    if (entryPoint != nullptr) {
-        entryPoint(owner, file.c_str(), HH_DISPLAY_TOPIC, 0);
+    if (*entryPoint != nullptr) {
+        (*entryPoint)(owner, file.c_str(), HH_DISPLAY_TOPIC, 0);
     }
 }

@@ -2,6 +2,7 @@
 
 #include <windows.h>
 
+#include <optional>
 #include <string>
 
 /// HTML Help, loaded from its registered control when it is first asked for. Where it cannot be
@@ -16,6 +17,5 @@ class HtmlHelpControl {
     using EntryPoint = HWND(WINAPI*)(HWND, const char*, UINT, DWORD_PTR);
     static EntryPoint load();
 
-    bool tried = false;
-    EntryPoint entryPoint = nullptr;
+    std::optional<EntryPoint> entryPoint;  ///< null within, where loading failed
 };

@@ -12,24 +12,15 @@ void* allocate(std::size_t size) {
     return std::malloc(size != 0 ? size : 1);
 }
 
-void* allocateOrEnd(std::size_t size) {
+}  // namespace
+
+// The library's other forms end in these.
+void* operator new(std::size_t size) {
     void* memory = allocate(size);
     if (memory == nullptr) {
         endProcess(statusNoMemory);
     }
     return memory;
-}
-
-}  // namespace
-
-void* operator new(std::size_t size) {
-    return allocateOrEnd(size);
-}
-void* operator new[](std::size_t size) {
-    return allocateOrEnd(size);
-}
-void* operator new(std::size_t size, const std::nothrow_t&) noexcept {
-    return allocate(size);
 }
 void* operator new[](std::size_t size, const std::nothrow_t&) noexcept {
     return allocate(size);
@@ -37,13 +28,7 @@ void* operator new[](std::size_t size, const std::nothrow_t&) noexcept {
 void operator delete(void* memory) noexcept {
     std::free(memory);
 }
-void operator delete[](void* memory) noexcept {
-    std::free(memory);
-}
 void operator delete(void* memory, std::size_t) noexcept {
-    std::free(memory);
-}
-void operator delete[](void* memory, std::size_t) noexcept {
     std::free(memory);
 }
 

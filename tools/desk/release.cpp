@@ -79,6 +79,7 @@ std::string sign(const fs::path& file, const ProductStamp& stamp, const Choices&
         runCommand(choices.signCommand, {{"in", file.string()},
                                          {"out", signedFile.string()},
                                          {"name", stamp.name + " Installation"}});
+    stopWhenAsked();  // Control-C ended the command too
     if (!result.good) {
         refuse(file, "cannot be signed; the sign command says", result.output);
     }

@@ -176,11 +176,11 @@ class Teller {
             findInstalledProducts(machine, filter, products);
         };
         for (const InstalledProduct& product : installedViewers(find)) {
-            const ViewerRemoval removal = planViewerRemoval(product, media.sourceDirectory);
+            const ViewerRemoval removal =
+                planViewerRemoval(product.uninstallString, media.sourceDirectory);
             addStep(StoryStep::Kind::Stop, {analyserPath(product), ""},
                     "running copies are ended; the run ends with a message when one cannot be");
-            const bool replaced =
-                removal.command.runsSetup && media.holds(replacementUninstallerFile);
+            const bool replaced = removal.runsSetup && media.holds(replacementUninstallerFile);
             if (replaced) {
                 addStep(StoryStep::Kind::Copy, {removal.copyFrom, removal.copyTo},
                         "where that fails, the install log says so and the viewer's own command "
@@ -188,7 +188,7 @@ class Teller {
             }
             addStep(StoryStep::Kind::Run,
                     replaced ? StoryCommand{removal.copyTo, ""}
-                             : StoryCommand{removal.command.program, removal.command.arguments},
+                             : StoryCommand{removal.program, removal.arguments},
                     "removes " + product.displayName);
         }
         StoryEnding ending;

@@ -21,17 +21,19 @@ int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
     std::uint8_t flags = 0, bufferSize = 0;
     take(flags, data, size);
     take(bufferSize, data, size);
-    if ((flags & 1) != 0) {
-        facts.queryError = flags;
-    }
-    if ((flags & 2) != 0) {
-        facts.extendedQueryError = 0xFFFFFFFF;
-    }
-    for (std::uint32_t* number : {&facts.platformId, &facts.majorVersion, &facts.minorVersion,
-                                  &facts.extendedMajorVersion, &facts.extendedMinorVersion}) {
+    std::uint32_t queryError = 0, extendedQueryError = 0;
+    for (std::uint32_t* number :
+         {&queryError, &facts.platformId, &facts.majorVersion, &facts.minorVersion,
+          &extendedQueryError, &facts.extendedMajorVersion, &facts.extendedMinorVersion}) {
         std::uint8_t small = 0;
         take(small, data, size);
         *number = small == 255 ? 0xFFFFFFFF : small;
+    }
+    if ((flags & 1) != 0) {
+        facts.queryError = queryError;
+    }
+    if ((flags & 2) != 0) {
+        facts.extendedQueryError = extendedQueryError;
     }
     take(facts.productType, data, size);
     take(facts.suiteMask, data, size);

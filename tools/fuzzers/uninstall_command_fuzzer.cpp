@@ -4,19 +4,18 @@
 
 int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
     const std::string text(asText(data, size));
-    const UninstallCommand command = cutUninstallCommand(text);
-    require(text.starts_with(command.program) && text.ends_with(command.arguments));
-    if (!command.runsSetup) {
-        require(command.program == text && command.arguments.empty());
+    const ViewerRemoval removal = planViewerRemoval(text, "E:\\");
+    require(text.starts_with(removal.program) && text.ends_with(removal.arguments));
+    if (!removal.runsSetup) {
+        require(removal.program == text && removal.arguments.empty());
         require(findIgnoringCase(text, "setup.exe") == std::string::npos);
         return 0;
     }
     // What is left out is one character, and only when there was one.
-    const std::size_t kept = command.program.size() + command.arguments.size();
+    const std::size_t kept = removal.program.size() + removal.arguments.size();
     require(kept == size || kept + 1 == size);
-    require(findIgnoringCase(command.program, "setup.exe") + 10 >= command.program.size());
-    const std::string target = uninstallerTarget(command);
-    require(target.find('"') == std::string::npos);
-    require(target.find("UninstallQmx.exe") != std::string::npos);
+    require(findIgnoringCase(removal.program, "setup.exe") + 10 >= removal.program.size());
+    require(removal.copyTo.find('"') == std::string::npos);
+    require(removal.copyTo.find("UninstallQmx.exe") != std::string::npos);
     return 0;
 }
