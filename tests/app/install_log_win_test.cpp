@@ -47,6 +47,7 @@ class InstallLog : public testing::Test {
 
 TEST_F(InstallLog, IsAppendedTo) {
     appendToInstallLog("a");
+    const std::fstream open(log);  // somebody else's, who reads and writes
     appendToInstallLog("b");
     EXPECT_EQ(read(log), "a\r\nb\r\n");
 }
