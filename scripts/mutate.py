@@ -4,9 +4,9 @@
 Each break is made in a private copy of the project below build/mutation, built there as the
 project is always built, and tried by the tests that run the broken file, until one fails. The
 decisions and the release engineer's tools are tried natively, the tools by the tests of whole
-programs too; the files that touch Windows with Wine. Not counted are breaks that do not compile, that compile to the same code, and
-those that are known to change nothing: scripts/mutations_without_effect.txt names them, with the
-reason.
+programs too; the files that touch Windows with Wine. Not counted are breaks that do not compile,
+that compile to the same code, and those that are known to change nothing:
+scripts/mutations_without_effect.txt names them, with the reason.
 
     scripts/mutate.py --sample 200                            some of all breaks of the decisions
     scripts/mutate.py --side windows --sample 100             ... of what touches Windows: half an hour
