@@ -67,19 +67,18 @@ as_administrator() {
         PATH="$PATH:/usr/sbin:/sbin" "$@" 2>>"$log"
 }
 
-# Condenses what apt reports about itself to a line for every fifth of the way.
+# Condenses what apt reports about itself to a line every 20 seconds.
 progress() {
-    local kind percent doing shown=
+    local kind percent doing shown='' due=0
     while IFS=: read -r kind _ percent _; do
         case $kind in
         dlstatus) doing=downloading ;;
         pmstatus) doing=installing ;;
         *) continue ;;
         esac
-        percent=${percent%%.*}
-        doing="$doing, $((percent / 20 * 20)) %"
-        [ "$doing" = "$shown" ] || echo "setup: $doing"
-        shown=$doing
+        [ "$doing" != "$shown" ] || [ "$SECONDS" -ge "$due" ] || continue
+        echo "setup: $doing, ${percent%%.*} %"
+        shown=$doing due=$((SECONDS + 20))
     done
 }
 
