@@ -57,11 +57,13 @@ template <class Find>
     return viewers;
 }
 
+inline constexpr int longestMarkerWait = 180;  // seconds
+
 /// Waits until an uninstaller that leaves its work to a process of its own is done: as long as
-/// `exists` says that its marker is there, but not longer than 180 pauses. `pause` takes a second.
+/// `exists` says that its marker is there, but not too long. `pause` takes a second.
 template <class Exists, class Pause>
 void awaitMarkerGone(Exists exists, Pause pause) {
-    for (int pauses = 0; pauses < 180 && exists(); ++pauses) {
+    for (int pauses = 0; pauses < longestMarkerWait && exists(); ++pauses) {
         pause();
     }
 }

@@ -30,8 +30,10 @@ bool isListed(const std::string& path) {
 }
 
 std::string runningProgramPath() {
-    char path[1024];
-    return {path, GetModuleFileNameA(nullptr, path, sizeof path)};
+    char path[1024] = {};
+    // XP leaves a path that was cut without its terminator.
+    GetModuleFileNameA(nullptr, path, sizeof path - 1);
+    return path;
 }
 
 std::optional<std::string> readFileContent(const std::string& path) {

@@ -15,7 +15,7 @@
 /// it is found, and then reported as unreadable.
 [[nodiscard]] bool isListed(const std::string& path);
 
-/// Full path of the running program, cut after 1024 characters; empty when Windows does not say.
+/// Full path of the running program, at most 1023 characters; empty when Windows does not say.
 [[nodiscard]] std::string runningProgramPath();
 
 /// All bytes of a file of at most 32 MB, opened without denying others any access; nothing when
