@@ -57,6 +57,17 @@ template <class Find>
     return viewers;
 }
 
+inline constexpr int longestMarkerWait = 180;  // seconds
+
+/// Waits until an uninstaller that leaves its work to a process of its own is done: as long as
+/// `exists` says that its marker is there, but not too long. `pause` takes a second.
+template <class Exists, class Pause>
+void awaitMarkerGone(Exists exists, Pause pause) {
+    for (int pauses = 0; pauses < longestMarkerWait && exists(); ++pauses) {
+        pause();
+    }
+}
+
 /// `code` is the result of stopping the product's running copies.
 [[nodiscard]] Message couldNotStopMessage(const InstalledProduct& product, std::uint32_t code);
 

@@ -15,10 +15,6 @@
 
 namespace {
 
-/// For an uninstaller that leaves its work to a process of its own.
-constexpr int longestMarkerWait = 180;       // checks
-constexpr DWORD markerCheckInterval = 1000;  // milliseconds
-
 SystemTime currentTime() {
     SYSTEMTIME now;
     GetSystemTime(&now);
@@ -34,13 +30,6 @@ bool copyUninstaller(const std::string& source, const std::string& target) {
     return false;
 }
 
-/// At most three minutes.
-void waitWhileExists(const std::string& path) {
-    for (int check = 0; check < longestMarkerWait && pathExists(path); ++check) {
-        Sleep(markerCheckInterval);
-    }
-}
-
 void uninstall(const InstalledProduct& product, const std::string& sourceDirectory) {
     const ViewerRemoval removal = planViewerRemoval(product.uninstallString, sourceDirectory);
     const bool copied = removal.runsSetup && copyUninstaller(removal.copyFrom, removal.copyTo);
@@ -48,7 +37,8 @@ void uninstall(const InstalledProduct& product, const std::string& sourceDirecto
     ShellRunner().runAndWait(program.c_str(), copied ? "" : removal.arguments.c_str(), "open");
     // The product's own setup program leaves its work to a process that nobody can wait for.
     if (removal.runsSetup && !copied) {
-        waitWhileExists(importMarkerPath(product));
+        const std::string marker = importMarkerPath(product);
+        awaitMarkerGone([&] { return pathExists(marker); }, [] { Sleep(1000); });
     }
 }
 

@@ -27,13 +27,16 @@ HANDLE openItself(const std::string& path, DWORD access, DWORD disposition, DWOR
                        flags | FILE_FLAG_OPEN_REPARSE_POINT, nullptr);
 }
 
+/// Empty before Vista. Where the question fails, none that a file or folder has.
 std::string finalPath(HANDLE file) {
     using GetFinalPathNameByHandle = DWORD(WINAPI*)(HANDLE, char*, DWORD, DWORD);
     const auto getPath = procedureAddress<GetFinalPathNameByHandle>(
         GetModuleHandleA("kernel32.dll"), "GetFinalPathNameByHandleA");
-    char path[2 * MAX_PATH];
-    const DWORD length = getPath == nullptr ? 0 : getPath(file, path, sizeof path, 0);
-    return {path, length < sizeof path ? length : 0};
+    if (getPath == nullptr) {
+        return "";
+    }
+    char path[2 * MAX_PATH] = "?";
+    return getPath(file, path, sizeof path, 0) < sizeof path ? path : "?";
 }
 
 }  // namespace

@@ -62,22 +62,17 @@ INT_PTR CALLBACK CDialog::DialogProcedure(HWND window, UINT message, WPARAM wPar
 INT_PTR CDialog::HandleMessage(UINT message, WPARAM wParam, LPARAM lParam) {
     const MessageMap map = GetMessageMap();
     if (message == WM_COMMAND) {
-        for (const CommandEntry& entry : map.commands) {
-            if (entry.id == LOWORD(wParam) && entry.notification == HIWORD(wParam)) {
-                entry.handler(*this);
-                return TRUE;
+        // The dialog manager sends these for Enter, Escape and the close box too.
+        static constexpr CommandEntry ownCommands[] = {onClicked<&CDialog::OnOK>(IDOK),
+                                                       onClicked<&CDialog::OnCancel>(IDCANCEL)};
+        for (const auto commands : {map.commands, std::span<const CommandEntry>(ownCommands)}) {
+            for (const CommandEntry& entry : commands) {
+                if (entry.id == LOWORD(wParam) && entry.notification == HIWORD(wParam)) {
+                    entry.handler(*this);
+                    return TRUE;
+                }
             }
         }
-        // The dialog manager sends these for Enter, Escape and the close box too.
-        if (HIWORD(wParam) == BN_CLICKED && LOWORD(wParam) == IDOK) {
-            OnOK();
-            return TRUE;
-        }
-        if (HIWORD(wParam) == BN_CLICKED && LOWORD(wParam) == IDCANCEL) {
-            OnCancel();
-            return TRUE;
-        }
-        return FALSE;
     }
     for (const MessageEntry& entry : map.messages) {
         if (entry.message == message) {

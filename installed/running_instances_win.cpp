@@ -32,9 +32,6 @@ void stopProcessWithModule(DWORD processId, const std::string& path, DWORD& resu
     KernelHandle modules;
     for (int attempt = 0; attempt < snapshotAttempts && !modules; ++attempt) {
         modules.reset(CreateToolhelp32Snapshot(TH32CS_SNAPMODULE, processId));
-        if (!modules && GetLastError() != ERROR_BAD_LENGTH) {
-            break;
-        }
     }
     // Kept: not checked; without a snapshot the walk has no first module.
     MODULEENTRY32 module;

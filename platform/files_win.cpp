@@ -32,8 +32,8 @@ bool isListed(const std::string& path) {
 std::string runningProgramPath() {
     char path[1024] = {};
     // XP leaves a path that was cut without its terminator.
-    const DWORD length = GetModuleFileNameA(nullptr, path, sizeof path - 1);
-    return {path, length};
+    GetModuleFileNameA(nullptr, path, sizeof path - 1);
+    return path;
 }
 
 std::optional<std::string> readFileContent(const std::string& path) {

@@ -135,7 +135,7 @@ Release windowsNt(const OperatingSystemFacts& facts) {
 }  // namespace
 
 bool needsExtendedQuery(const OperatingSystemFacts& facts) {
-    return !facts.queryError && facts.platformId == platformNt &&
+    return facts.platformId == platformNt &&
            (facts.majorVersion == 6 || (facts.majorVersion == 5 && facts.minorVersion == 2));
 }
 

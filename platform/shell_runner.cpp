@@ -48,9 +48,9 @@ constexpr FailureMessage errorMessages[] = {
 
 }  // namespace
 
-const char* shellFailureMessage(std::uintptr_t instanceResult, std::uint32_t lastError) {
+const char* shellFailureMessage(const void* instance, std::uint32_t lastError) {
     for (const FailureMessage& message : instanceMessages) {
-        if (message.code == instanceResult) {
+        if (message.code == reinterpret_cast<std::uintptr_t>(instance)) {
             return message.text;
         }
     }

@@ -60,8 +60,7 @@ HANDLE ShellRunner::start(const char* file, const char* parameters, const char* 
     if (execute(execution, error)) {
         return execution.hProcess;
     }
-    const char* message =
-        shellFailureMessage(reinterpret_cast<std::uintptr_t>(execution.hInstApp), error);
+    const char* message = shellFailureMessage(execution.hInstApp, error);
     if (message != nullptr) {
         MessageBoxA(nullptr, message, "Error", MB_OK | MB_ICONEXCLAMATION);
     }

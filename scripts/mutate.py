@@ -3,10 +3,10 @@
 
 Each break is made in a private copy of the project below build/mutation, built there as the
 project is always built, and tried by the tests that run the broken file, until one fails. The
-decisions (and what the native tests hold of the tools) are tried natively, the files that touch
-Windows with Wine. Not counted are breaks that do not compile, that compile to the same code, and
-those that are known to change nothing: scripts/mutations_without_effect.txt names them, with the
-reason.
+decisions and the release engineer's tools are tried natively, the tools by the tests of whole
+programs too; the files that touch Windows with Wine. Not counted are breaks that do not compile,
+that compile to the same code, and those that are known to change nothing:
+scripts/mutations_without_effect.txt names them, with the reason.
 
     scripts/mutate.py --sample 200                            some of all breaks of the decisions
     scripts/mutate.py --side windows --sample 100             ... of what touches Windows: half an hour
@@ -50,7 +50,7 @@ class Order:
     def measured(self, suite, seconds):
         self.seconds[suite.name] = seconds
         # A hanging dialog must not hold up the run; a busy machine must not look like one.
-        self.limits[suite.name] = 3 * seconds + 10
+        self.limits[suite.name] = (1.5 * seconds + 5, 6 * seconds + 20)
 
     def learn(self, suite, file, seen):
         for key in (suite.name, (suite.name, file)):

@@ -36,3 +36,7 @@ int promptGrowth(std::span<const TextExtent> lines, int width, int height) {
     const int growth = lines.back().height * count - height;
     return growth < 0 ? 0 : growth + bottomMargin;
 }
+
+int centredOffset(int room, int part) {
+    return (room - part + 1) / 2;
+}

@@ -1,4 +1,4 @@
-// How far the "Install Product" dialog grows to fit its prompt.
+// How far the "Install Product" dialog grows to fit its prompt, and where its icon is drawn.
 #pragma once
 
 #include <span>
@@ -18,3 +18,6 @@ struct TextExtent {
 /// Pixels by which the prompt's control of `width` by `height` pixels, and the dialog, become
 /// taller; 0 when the lines fit. `width` must be positive and `lines` not empty.
 [[nodiscard]] int promptGrowth(std::span<const TextExtent> lines, int width, int height);
+
+/// How many pixels of `room` lie before `part` of them when it is drawn in the middle.
+[[nodiscard]] int centredOffset(int room, int part);

@@ -138,9 +138,8 @@ LRESULT CInstallDlg::OnPaint(WPARAM, LPARAM) {
     SendMessageA(m_hWnd, WM_ICONERASEBKGND, reinterpret_cast<WPARAM>(context), 0);
     RECT client;
     GetClientRect(m_hWnd, &client);
-    const int left = (client.right - client.left - GetSystemMetrics(SM_CXICON) + 1) / 2;
-    const int top = (client.bottom - client.top - GetSystemMetrics(SM_CYICON) + 1) / 2;
-    DrawIcon(context, left, top, icon);
+    DrawIcon(context, centredOffset(client.right, GetSystemMetrics(SM_CXICON)),
+             centredOffset(client.bottom, GetSystemMetrics(SM_CYICON)), icon);
     EndPaint(m_hWnd, &paint);
     return 0;
 }

@@ -26,8 +26,8 @@ OPTIONS = {
     "tools": COMMON,
 }  # fmt: skip
 INSTALLER = "installer.exe"
-FIXTURE_LIMIT = 180  # seconds
-SOUND_LIMIT = 600  # seconds
+FIXTURE_LIMITS = (180,)  # seconds
+SOUND_LIMITS = (600,)  # seconds
 
 ENVIRONMENT = os.environ | {"GTEST_FAIL_FAST": "1", "GTEST_BRIEF": "1"}
 
@@ -41,7 +41,7 @@ class Suite:
     """One test of CTest's."""
 
     name: str
-    program: str  # what is run, below its build's folder; empty for a script
+    program: str  # what is run, below its build's folder: "all" by a script that is given the folder
     needs: tuple  # fixtures
 
 
@@ -101,13 +101,18 @@ class Build:
             properties = {each["name"]: each["value"] for each in test["properties"]}
             for fixture in properties.get("FIXTURES_SETUP", []):
                 self.starts.setdefault(fixture, []).append(test["name"])
-            programs = self.programs()
-            named = [os.path.relpath(word, self.folder) for word in test.get("command", []) if os.path.isabs(word)]
-            self.suites.append(Suite(test["name"], next((name for name in named if name in programs), ""),
-                                     tuple(properties.get("FIXTURES_REQUIRED", []))))  # fmt: skip
+            targets = {str(self.folder): "all"} | {str(self.folder / name): name for name in self.programs()}
+            program = next((targets[word] for word in test.get("command", []) if word in targets), "")
+            self.suites.append(Suite(test["name"], program, tuple(properties.get("FIXTURES_REQUIRED", []))))
 
-    def test(self, names, limit):
-        """Whether all these tests pass, within so many seconds. Fixtures are left to the caller."""
+    def test(self, names, limits):
+        """Whether all these tests pass within so many seconds: when they run into a limit, they have
+        another try with the next one. Fixtures are left to the caller."""
+        tries = (self._passes(names, limit) for limit in limits)
+        return next((passed for passed in tries if passed is not None), False)
+
+    def _passes(self, names, limit):
+        """None when the limit ended it."""
         pattern = "^(" + "|".join(name.replace(".", "\\.") for name in names) + ")$"
         process = subprocess.Popen(
             ["ctest", "--no-tests=error", "--fixture-exclude-any", ".*", "--tests-regex", pattern],
@@ -116,7 +121,7 @@ class Build:
         try:
             return process.wait(limit) == 0
         except subprocess.TimeoutExpired:
-            return False
+            return None
         finally:
             # With all that it started; what runs under Wine by then is ended by the next test there.
             if process.poll() is None:
@@ -200,11 +205,11 @@ class Tree:
 
     def passes_natively(self, suite):
         """Whether a native suite passes as the tree stands; the next one, with Wine."""
-        return self.host.test([suite.name], SOUND_LIMIT)
+        return self.host.test([suite.name], SOUND_LIMITS)
 
     def passes_with_wine(self, suite):
         return (not self.runs_installer(suite) or self.make_shipped(suite)) and self.checked.test(
-            [suite.name], SOUND_LIMIT
+            [suite.name], SOUND_LIMITS
         )
 
     def try_natively(self, change, order):
@@ -257,7 +262,7 @@ class Tree:
     def make_shipped(self, suite):
         """Whether the installers of all products can be made, as the suite's fixtures do it."""
         names = [name for fixture in suite.needs for name in self.checked.starts[fixture]]
-        return self.checked.test(names, FIXTURE_LIMIT)
+        return self.checked.test(names, FIXTURE_LIMITS)
 
     def remove_prefixes(self):
         """Removes what tests that were ended by force left of their prefixes."""

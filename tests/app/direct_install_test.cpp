@@ -19,6 +19,14 @@ TEST(DirectInstall, CutsTheUninstallCommandByPosition) {
         });
 }
 
+TEST(DirectInstall, WaitsForTheMarkerThreeMinutesAtMost) {
+    expectRows<int, int>({{0, 0}, {1, 1}, {179, 179}, {1000, 180}}, [](int stays) {
+        int pauses = 0;
+        awaitMarkerGone([&] { return pauses < stays; }, [&] { ++pauses; });
+        return pauses;
+    });
+}
+
 TEST(DirectInstall, TellsTheResultOfAFailedWaitAsANumberWithASign) {
     EXPECT_NE(couldNotStopMessage({}, 0xFFFFFFFF).text.find(" - -1. "), std::string::npos);
 }

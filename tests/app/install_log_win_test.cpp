@@ -3,6 +3,7 @@
 #include <windows.h>
 
 #include <gtest/gtest.h>
+#include <process.h>
 #include <shlobj.h>
 
 #include <cstdlib>
@@ -20,32 +21,69 @@ std::string read(const fs::path& path) {
     return {std::istreambuf_iterator<char>(file), {}};
 }
 
-TEST(InstallLog, IsAppendedToWhereItIsOneOfOurOwn) {
-    char documents[MAX_PATH] = "";
-    SHGetFolderPathA(nullptr, CSIDL_COMMON_DOCUMENTS, nullptr, SHGFP_TYPE_CURRENT, documents);
-    const fs::path folder = fs::path(documents) / "Halvick Test Equipment",
-                   elsewhere = fs::temp_directory_path() / "installer test",
-                   log = folder / "InstallLog.txt", theirs = elsewhere / "InstallLog.txt";
-    fs::create_directories(folder);
-    fs::create_directories(elsewhere);
+/// The log's folder, and another one with a file of the log's name.
+class InstallLog : public testing::Test {
+  protected:
+    InstallLog() {
+        char path[MAX_PATH] = "";
+        SHGetFolderPathA(nullptr, CSIDL_COMMON_DOCUMENTS, nullptr, SHGFP_TYPE_CURRENT, path);
+        documents = path;
+        fs::create_directories(folder = documents / "Halvick Test Equipment");
+        fs::create_directories(documents / "elsewhere");
+        log = folder / "InstallLog.txt";
+        std::ofstream(theirs = documents / "elsewhere" / "InstallLog.txt") << "theirs";
+    }
+    ~InstallLog() override {
+        fs::current_path(before);
+        RemoveDirectoryA(folder.string().c_str());  // of a junction not what it leads to
+        std::error_code ignored;  // Wine removes what a symbolic link leads to, and not the link
+        fs::remove_all(folder, ignored);
+        fs::remove_all(documents / "elsewhere");
+    }
+
+    const fs::path before = fs::current_path();
+    fs::path documents, folder, log, theirs;
+};
+
+TEST_F(InstallLog, IsAppendedTo) {
     appendToInstallLog("a");
+    const std::fstream open(log);  // somebody else's, who reads and writes
     appendToInstallLog("b");
     EXPECT_EQ(read(log), "a\r\nb\r\n");
+}
 
-    std::ofstream(theirs) << "theirs";
-    fs::remove(log);
+TEST_F(InstallLog, IsNotWrittenThroughAHardLink) {
     EXPECT_TRUE(CreateHardLinkA(log.string().c_str(), theirs.string().c_str(), nullptr));
     appendToInstallLog("a");
-    EXPECT_EQ(read(theirs), "theirs") << "written through a hard link";
+    EXPECT_EQ(read(theirs), "theirs");
+}
 
-    fs::remove_all(folder);
-    // Not every platform has junctions.
-    const std::string paths = '"' + folder.string() + "\" \"" + elsewhere.string() + '"';
-    std::system(("mklink /J " + paths + " >nul 2>nul").c_str());
+TEST_F(InstallLog, IsNotWrittenThroughAJunction) {
+    fs::remove(folder);
+    fs::remove(theirs);
+    fs::current_path(documents);
+    std::system("mklink /J \"Halvick Test Equipment\" elsewhere >nul 2>nul");
+    if (!fs::exists(folder)) {
+        GTEST_SKIP() << "no junctions, as under Wine";
+    }
     appendToInstallLog("a");
-    EXPECT_EQ(read(theirs), "theirs") << "written into another folder";
-    RemoveDirectoryA(folder.string().c_str());  // a junction, not what it leads to
-    fs::remove_all(elsewhere);
+    EXPECT_FALSE(fs::exists(theirs));
+}
+
+TEST_F(InstallLog, IsNotWrittenThroughASymbolicLink) {
+    fs::current_path(folder);
+    std::system("mklink InstallLog.txt ..\\elsewhere\\InstallLog.txt >nul 2>nul");
+    // Wine cannot make one, but takes those of the system below for what they lead to.
+    _spawnl(_P_NOWAIT, "Z:\\bin\\ln", "ln", "-s", "../elsewhere/InstallLog.txt", "InstallLog.txt",
+            nullptr);
+    for (const DWORD start = GetTickCount(); !fs::exists(log) && GetTickCount() - start < 10000;) {
+        Sleep(10);
+    }
+    if (!fs::exists(log)) {
+        GTEST_SKIP() << "no symbolic links, as before Vista";
+    }
+    appendToInstallLog("a");
+    EXPECT_EQ(read(theirs), "theirs");
 }
 
 }  // namespace

@@ -1,5 +1,7 @@
 #include "catalogue/product_data_file_win.h"
 
+#include <windows.h>
+
 #include <gtest/gtest.h>
 
 #include <filesystem>
@@ -30,7 +32,13 @@ TEST(ProductDataFile, TellsWhatIsWrongAndTriesAgain) {
     EXPECT_EQ(error, "Cannot load product data - The file cannot be read.");
     std::filesystem::resize_file(folder / "ProductData.inx", 5);
     std::filesystem::rename(folder / "ProductData.inx", folder / "ProductData.ini");
+    // Somebody else has it open, free to do anything with it.
+    const HANDLE open = CreateFileA((folder / "ProductData.ini").string().c_str(),
+                                    GENERIC_READ | GENERIC_WRITE | DELETE,
+                                    FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE, nullptr,
+                                    OPEN_EXISTING, FILE_ATTRIBUTE_NORMAL, nullptr);
     EXPECT_TRUE(loadProductDataText(file, folder.string() + '\\', path, error));
+    CloseHandle(open);
     EXPECT_EQ(path, (folder / "ProductData.ini").string());
     // Kept from then on.
     std::filesystem::remove_all(folder);

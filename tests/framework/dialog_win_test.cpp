@@ -45,7 +45,9 @@ TEST(Dialog, HandlesWhatItsMapNames) {
                              // Another notification of the same control is not a click.
                              SendMessageA(window, WM_COMMAND, MAKEWPARAM(100, BN_SETFOCUS), 0);
                              EXPECT_TRUE(IsWindow(window));
-                             SendMessageA(window, WM_COMMAND, MAKEWPARAM(100, BN_CLICKED), 0);
+                             const auto procedure =
+                                 reinterpret_cast<DLGPROC>(GetWindowLongPtrA(window, DWLP_DLGPROC));
+                             EXPECT_TRUE(procedure(window, WM_COMMAND, 100, 0)) << "a click";
                          }),
               77);
     EXPECT_EQ(dialog.m_hWnd, nullptr);

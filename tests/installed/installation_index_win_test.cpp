@@ -1,5 +1,6 @@
 #include "installed/installation_index_win.h"
 
+#include "installed/key_tree_walk_win.h"
 #include "tests/installed/scratch_machine_win.h"
 
 namespace {
@@ -28,6 +29,7 @@ TEST(InstallationIndex, HoldsBothTreesOnce) {
     EXPECT_TRUE(
         index.readTree("SOFTWARE\\HVQ\\Tressle Analyzer\\", records, extras, MergeMode::Current));
     ASSERT_EQ(index.records.size(), 2u);
+    EXPECT_STREQ(walkError(), "") << "of the empty machine";
     EXPECT_FALSE(index.records[0].legacy);
     EXPECT_TRUE(index.records[1].legacy);
     EXPECT_EQ(index.records[0].fields["Version"] + index.helperLocation, "C:\\Helper");

@@ -18,7 +18,7 @@ TEST(RunningInstancesChild, DISABLED_Runs) {
     Sleep(60000);
 }
 
-// This process is among those that must be passed over.
+// No row has the path of this process, which a slip would end as if nothing had failed.
 TEST(RunningInstances, AreThoseOfTheWholeNameAndPath) {
     const std::string own = _pgmptr, name = "stopped instance.exe";
     const std::string path = (std::filesystem::temp_directory_path() / name).string();
@@ -29,13 +29,9 @@ TEST(RunningInstances, AreThoseOfTheWholeNameAndPath) {
         "open");
     ASSERT_EQ(WaitForSingleObject(ready, 30000), WAIT_OBJECT_0);
 
-    const std::string ownName = own.substr(own.rfind('\\') + 1);
-    for (const auto& [otherName, otherPath] : {std::pair{std::string(), path},
-                                               {name, std::string()},
-                                               {name, own},
+    for (const auto& [otherName, otherPath] : {std::pair{name, path + 'x'},
                                                {name.substr(0, name.size() - 4), path},
-                                               {ownName, path},
-                                               {std::string("explorer.exe"), own}}) {
+                                               {std::string("explorer.exe"), path}}) {
         EXPECT_EQ(terminateProcessesByPath(otherName, otherPath), 0u);
         EXPECT_EQ(WaitForSingleObject(process, 0), DWORD{WAIT_TIMEOUT}) << otherName;
     }

@@ -7,13 +7,13 @@
 namespace {
 
 /// Which of the messages it is: its first mark within the text. '.' for none at all.
-char mark(std::uintptr_t instanceResult, std::uint32_t error) {
+char mark(std::uintptr_t instance, std::uint32_t error) {
     const std::pair<const char*, char> words[] = {
         {"path", 'P'},    {"denied", 'D'},      {"not enough", 'M'}, {"not have enough", 'm'},
         {"sharing", 'S'}, {"incomplete", 'I'},  {"timed out", 'T'},  {"other DDE", 'B'},
         {"DDE", 'F'},     {"application", 'A'}, {"library", 'L'},    {"cancelled", 'C'},
         {"Unknown", '?'}};
-    const char* const text = shellFailureMessage(instanceResult, error);
+    const char* const text = shellFailureMessage(reinterpret_cast<void*>(instance), error);
     if (text == nullptr) {
         return '.';
     }

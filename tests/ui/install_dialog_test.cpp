@@ -35,3 +35,8 @@ TEST(InstallDialog, GrowsByTheLinesThatDoNotFit) {
         },
         [](const Lines& lines, int height) { return promptGrowth(lines, 300, height); });
 }
+
+TEST(InstallDialog, DrawsItsIconInTheMiddle) {
+    expectRows<std::tuple<int, int>, int>(
+        {{{100, 32}, 34}, {{101, 32}, 35}, {{32, 32}, 0}, {{0, 32}, -15}}, centredOffset);
+}
