@@ -83,7 +83,8 @@ TEST(HtmlHelpControl, IsAskedByButtonAndByF1) {
     driveModal([&] { return dialog.DoModal(); },
                [&](HWND window) {
                    const std::string shown = "owned " + folder + "\\windows_tests.chm 0 0;";
-                   HELPINFO asked{sizeof asked, HELPINFO_WINDOW};
+                   HELPINFO asked{};
+                   asked.cbSize = sizeof asked;
                    EXPECT_EQ(SendMessageA(window, WM_HELP, 0, reinterpret_cast<LPARAM>(&asked)),
                              TRUE);
                    EXPECT_EQ(shownHelp(), shown);
