@@ -20,7 +20,7 @@ struct Files {
 };
 
 std::shared_ptr<Files> addFiles(CLI::App* command) {
-    const auto files = std::make_shared<Files>();
+    auto files = std::make_shared<Files>();
     command->add_option("IN", files->input, "The file to read")->required();
     command->add_option("OUT", files->output, "The file to make")->required();
     return files;
