@@ -102,7 +102,7 @@ std::string executableDamage(std::string_view bytes) {
     if (!signature || !image.holds(*signature, optionalHeader + checksumField + 4)) {
         return cutOff;
     }
-    const auto magic = image.number(*signature + optionalHeader, 2);
+    const auto magic = *image.number(*signature + optionalHeader, 2);
     if (bytes.substr(*signature, 4) != std::string_view("PE\0\0", 4) ||
         (magic != magic32 && magic != magic64)) {
         return "it is no Windows executable";
