@@ -107,6 +107,7 @@ TEST(InstallDialog, HasItsPlacesAndGrowsForItsPrompt) {
                        EXPECT_EQ(client.bottom, units.bottom + growth);
                    };
                    expectGrown(0);
+                   EXPECT_TRUE(IsDlgButtonChecked(window, IDC_LIVE_PRODUCT));
                    dialog.SetPrompt("1\n2\n3\n4\n5");
                    expectGrown(5 * lineHeight(prompt) - units.top + 4);
                    dialog.SetPrompt("1\r\n2\r\n3\r\n4\r\n5\r\n6\r\n7\r\n8");

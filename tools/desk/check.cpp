@@ -86,7 +86,7 @@ std::vector<Checked> checkRelease(const Choices& choices, const std::optional<Ma
             all.push_back(checkMedia(*installer, folder, choices, machine));
         } else {
             Checked checked{folder.string(), {}, std::nullopt};
-            checked.report.problems.push_back("There is no stamped installer, or more than one.");
+            checked.report.problems.emplace_back("There is no stamped installer, or more than one.");
             all.push_back(std::move(checked));
         }
     }
