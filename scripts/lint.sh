@@ -19,10 +19,10 @@ no_more "$@"
 scripts/setup.sh --without-wine || exit 1
 failed=0
 
-# check NAME COMMAND...: shows what the command says when it finds something
+# check NAME COMMAND...: shows what the command says when it finds something, and its error output at once
 check() {
     local said
-    said=$("${@:2}" 2>&1) && return
+    said=$("${@:2}") && return
     printf '%s\nlint: FAILED: %s\n' "$said" "$1" >&2
     failed=1
 }

@@ -18,6 +18,7 @@ import pathlib
 import re
 import subprocess
 import sys
+import time
 
 ROOT = pathlib.Path(__file__).resolve().parent.parent
 NATIVE = ROOT / "build" / "host"
@@ -96,9 +97,13 @@ def main():
     sources = [entry for file, entry in (native | windows).items()
                if options.all or not file.is_relative_to(DESK)]
     # A header's finding comes with every source that includes it.
-    seen = {}
+    seen, told = {}, time.monotonic()
     with concurrent.futures.ThreadPoolExecutor(os.cpu_count()) as pool:
-        for said in pool.map(lambda entry: findings(entry, version, options.all), sources):
+        results = pool.map(lambda entry: findings(entry, version, options.all), sources)
+        for done, said in enumerate(results, 1):
+            if time.monotonic() - told >= 20:
+                told = time.monotonic()
+                print(f"lint: clang-tidy, {done} of {len(sources)} files", file=sys.stderr)
             for finding in re.split(r"\n(?=\S+:\d+:\d+: (?:error|warning))", said.strip()):
                 seen.setdefault(finding, None)
     seen.pop("", None)

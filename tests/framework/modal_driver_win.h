@@ -5,6 +5,16 @@
 #include <atomic>
 #include <thread>
 
+inline BOOL CALLBACK noteVisibleDialog(HWND window, LPARAM dialog) {
+    char name[64] = "";
+    GetClassNameA(window, name, sizeof name);
+    if (lstrcmpA(name, "#32770") != 0 || !IsWindowVisible(window)) {
+        return TRUE;
+    }
+    *reinterpret_cast<HWND*>(dialog) = window;
+    return FALSE;
+}
+
 /// Runs `show`, which shows a modal dialog, and meanwhile `drive(HWND dialog)` on another thread
 /// once the dialog is visible; gives up after 20 seconds. A dialog that is still there after it is
 /// closed. Returns what `show` returned.
@@ -15,13 +25,11 @@ auto driveModal(Show show, Drive drive) {
         for (const DWORD start = GetTickCount(); !ended && GetTickCount() - start < 20000;
              Sleep(5)) {
             HWND dialog = nullptr;
-            while ((dialog = FindWindowExA(nullptr, dialog, "#32770", nullptr)) != nullptr) {
-                if (GetWindowThreadProcessId(dialog, nullptr) == thread &&
-                    IsWindowVisible(dialog)) {
-                    drive(dialog);
-                    PostMessageA(dialog, WM_CLOSE, 0, 0);
-                    return;
-                }
+            EnumThreadWindows(thread, noteVisibleDialog, reinterpret_cast<LPARAM>(&dialog));
+            if (dialog != nullptr) {
+                drive(dialog);
+                PostMessageA(dialog, WM_CLOSE, 0, 0);
+                return;
             }
         }
     });

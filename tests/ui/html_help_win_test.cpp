@@ -83,7 +83,10 @@ TEST(HtmlHelpControl, IsAskedByButtonAndByF1) {
     driveModal([&] { return dialog.DoModal(); },
                [&](HWND window) {
                    const std::string shown = "owned " + folder + "\\windows_tests.chm 0 0;";
-                   EXPECT_EQ(SendMessageA(window, WM_HELP, 0, 0), TRUE);
+                   HELPINFO asked{};
+                   asked.cbSize = sizeof asked;
+                   EXPECT_EQ(SendMessageA(window, WM_HELP, 0, reinterpret_cast<LPARAM>(&asked)),
+                             TRUE);
                    EXPECT_EQ(shownHelp(), shown);
                    SendMessageA(GetDlgItem(window, IDC_HELP_BUTTON), BM_CLICK, 0, 0);
                    EXPECT_EQ(shownHelp(), shown);

@@ -1,5 +1,7 @@
 #include "tools/desk/bill_of_materials.h"
 
+#include <nlohmann/json.hpp>
+
 #include "catalogue/build_number.h"
 #include "tools/desk/western_text.h"
 

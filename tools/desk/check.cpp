@@ -1,6 +1,8 @@
+#include <CLI/CLI.hpp>
 #include <filesystem>
 #include <iostream>
 #include <memory>
+#include <nlohmann/json.hpp>
 
 #include "catalogue/product_catalogue.h"
 #include "platform/ansi_text.h"
@@ -8,6 +10,7 @@
 #include "tools/desk/machine.h"
 #include "tools/desk/media_folder.h"
 #include "tools/desk/product_facts.h"
+#include "tools/desk/refusal.h"
 #include "tools/desk/run_story.h"
 #include "tools/desk/story_page.h"
 #include "tools/desk/story_text.h"
@@ -83,7 +86,7 @@ std::vector<Checked> checkRelease(const Choices& choices, const std::optional<Ma
             all.push_back(checkMedia(*installer, folder, choices, machine));
         } else {
             Checked checked{folder.string(), {}, std::nullopt};
-            checked.report.problems.push_back("There is no stamped installer, or more than one.");
+            checked.report.problems.emplace_back("There is no stamped installer, or more than one.");
             all.push_back(std::move(checked));
         }
     }

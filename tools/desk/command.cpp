@@ -1,6 +1,8 @@
 #include "tools/desk/command.h"
 
+#include <CLI/CLI.hpp>
 #include <iostream>
+#include <nlohmann/json.hpp>
 
 CLI::App* addCommand(CLI::App& app, Session& session, const std::string& name,
                      const std::string& description) {

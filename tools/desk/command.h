@@ -2,17 +2,12 @@
 // one function, which its own file defines.
 #pragma once
 
-#include <CLI/CLI.hpp>
-#include <nlohmann/json.hpp>
-#include <stdexcept>
+#include <nlohmann/json_fwd.hpp>
 #include <string>
-#include <string_view>
 
-/// Thrown when what a command was given is wrong: names the file, what is wrong and what to do.
-/// The program prints it and ends with exitWrong.
-class Refusal : public std::runtime_error {
-    using std::runtime_error::runtime_error;
-};
+namespace CLI {
+class App;
+}
 
 inline constexpr int exitGood = 0;
 inline constexpr int exitWrong = 1;  ///< something is wrong with the input

@@ -1,10 +1,13 @@
 // Enciphers and deciphers the product-data file.
+#include <CLI/CLI.hpp>
 #include <memory>
+#include <nlohmann/json.hpp>
 
 #include "catalogue/cipher.h"
 #include "catalogue/product_data_file.h"
 #include "tools/desk/command.h"
 #include "tools/desk/product_data.h"
+#include "tools/desk/refusal.h"
 #include "tools/desk/western_text.h"
 #include "tools/desk/whole_file.h"
 
@@ -17,7 +20,7 @@ struct Files {
 };
 
 std::shared_ptr<Files> addFiles(CLI::App* command) {
-    const auto files = std::make_shared<Files>();
+    auto files = std::make_shared<Files>();
     command->add_option("IN", files->input, "The file to read")->required();
     command->add_option("OUT", files->output, "The file to make")->required();
     return files;

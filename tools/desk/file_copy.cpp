@@ -7,7 +7,7 @@
 #include <system_error>
 #include <vector>
 
-#include "tools/desk/command.h"
+#include "tools/desk/refusal.h"
 #include "tools/desk/staging.h"
 
 #ifdef _WIN32

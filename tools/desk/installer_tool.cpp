@@ -1,8 +1,10 @@
 // The release engineer's desk: from a build to checked media. `installer-tool --help` tells its
 // commands.
+#include <CLI/CLI.hpp>
 #include <algorithm>
 #include <filesystem>
 #include <iostream>
+#include <nlohmann/json.hpp>
 
 #include "catalogue/build_number.h"
 #include "platform/ansi_text.h"

@@ -1,8 +1,10 @@
 // Makes the media folders of one or all products from a description.
+#include <CLI/CLI.hpp>
 #include <algorithm>
 #include <filesystem>
 #include <iostream>
 #include <memory>
+#include <nlohmann/json.hpp>
 
 #include "catalogue/cipher.h"
 #include "platform/ansi_text.h"
@@ -12,6 +14,7 @@
 #include "tools/desk/media_folder.h"
 #include "tools/desk/product_data.h"
 #include "tools/desk/product_facts.h"
+#include "tools/desk/refusal.h"
 #include "tools/desk/release_folder.h"
 #include "tools/desk/staging.h"
 #include "tools/desk/stamp_image.h"

@@ -7,6 +7,7 @@
 #include "catalogue/product_catalogue.h"
 #include "drivers/driver_installation.h"
 #include "platform/ansi_text.h"
+#include "tools/desk/refusal.h"
 #include "tools/desk/release_folder.h"
 #include "tools/desk/western_text.h"
 #include "tools/desk/whole_file.h"
@@ -14,6 +15,8 @@
 namespace fs = std::filesystem;
 
 namespace {
+
+using Json = nlohmann::ordered_json;
 
 constexpr const char* keys[] = {"installer", "installerName", "build",    "productData", "setup",
                                 "flatten",   "uninstaller",   "archives", "contents",    "name"};

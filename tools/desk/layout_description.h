@@ -2,10 +2,9 @@
 #pragma once
 
 #include <filesystem>
+#include <nlohmann/json.hpp>
 #include <optional>
 #include <string>
-
-#include "tools/desk/command.h"
 
 /// A complete description with explanations.
 extern const char* const exampleLayoutDescription;
@@ -37,5 +36,5 @@ class LayoutDescription {
     [[nodiscard]] std::filesystem::path path(const std::string& code, std::string text) const;
 
     std::string file;
-    Json document;
+    nlohmann::ordered_json document;
 };

@@ -3,8 +3,8 @@
 #include <algorithm>
 
 #include "platform/ansi_text.h"
-#include "tools/desk/command.h"
 #include "tools/desk/executable.h"
+#include "tools/desk/refusal.h"
 #include "tools/desk/stamp_image.h"
 #include "tools/desk/whole_file.h"
 

@@ -3,7 +3,7 @@
 #include <charconv>
 
 #include "catalogue/product_data_file.h"
-#include "tools/desk/command.h"
+#include "tools/desk/refusal.h"
 
 bool endLinesAsWindowsDoes(std::string& text) {
     std::string result;

@@ -1,6 +1,8 @@
 // Tells the products and what a run does for each.
+#include <CLI/CLI.hpp>
 #include <algorithm>
 #include <iostream>
+#include <nlohmann/json.hpp>
 
 #include "tools/desk/command.h"
 #include "tools/desk/product_facts.h"

@@ -1,4 +1,5 @@
 // Makes the installers of all products.
+#include <CLI/CLI.hpp>
 #include <algorithm>
 #include <atomic>
 #include <exception>
@@ -6,6 +7,7 @@
 #include <iostream>
 #include <memory>
 #include <mutex>
+#include <nlohmann/json.hpp>
 #include <thread>
 
 #include "tools/desk/bill_of_materials.h"
@@ -13,6 +15,7 @@
 #include "tools/desk/executable.h"
 #include "tools/desk/file_copy.h"
 #include "tools/desk/product_facts.h"
+#include "tools/desk/refusal.h"
 #include "tools/desk/release_folder.h"
 #include "tools/desk/sha256.h"
 #include "tools/desk/shell_command.h"

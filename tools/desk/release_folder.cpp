@@ -3,7 +3,7 @@
 #include <filesystem>
 
 #include "platform/ansi_text.h"
-#include "tools/desk/command.h"
+#include "tools/desk/refusal.h"
 
 namespace fs = std::filesystem;
 

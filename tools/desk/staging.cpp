@@ -5,7 +5,7 @@
 #include <string>
 #include <system_error>
 
-#include "tools/desk/command.h"
+#include "tools/desk/refusal.h"
 
 namespace fs = std::filesystem;
 

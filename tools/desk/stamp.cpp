@@ -1,8 +1,11 @@
 // Makes a product's installer.
+#include <CLI/CLI.hpp>
 #include <iostream>
 #include <memory>
+#include <nlohmann/json.hpp>
 
 #include "tools/desk/command.h"
+#include "tools/desk/refusal.h"
 #include "tools/desk/stamping.h"
 #include "tools/desk/western_text.h"
 #include "tools/desk/whole_file.h"

@@ -3,9 +3,9 @@
 #include <algorithm>
 
 #include "platform/ansi_text.h"
-#include "tools/desk/command.h"
 #include "tools/desk/executable.h"
 #include "tools/desk/product_data.h"
+#include "tools/desk/refusal.h"
 #include "tools/desk/stamp_image.h"
 #include "tools/desk/western_text.h"
 

@@ -1,13 +1,16 @@
 // Looks at a release that somebody else made.
+#include <CLI/CLI.hpp>
 #include <filesystem>
 #include <iostream>
 #include <map>
 #include <memory>
+#include <nlohmann/json.hpp>
 #include <sstream>
 
 #include "tools/desk/command.h"
 #include "tools/desk/executable.h"
 #include "tools/desk/product_facts.h"
+#include "tools/desk/refusal.h"
 #include "tools/desk/release_folder.h"
 #include "tools/desk/sha256.h"
 #include "tools/desk/shell_command.h"

@@ -7,7 +7,7 @@
 #include <random>
 #include <system_error>
 
-#include "tools/desk/command.h"
+#include "tools/desk/refusal.h"
 
 namespace {
 

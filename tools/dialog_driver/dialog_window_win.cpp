@@ -31,6 +31,13 @@ bool isOfClass(HWND window, const char* name) {
     return lstrcmpiA(actual, name) == 0;
 }
 
+BOOL CALLBACK addDialog(HWND window, LPARAM dialogs) {
+    if (isOfClass(window, "#32770")) {
+        reinterpret_cast<std::vector<DialogWindow>*>(dialogs)->emplace_back(window);
+    }
+    return TRUE;
+}
+
 std::string label(HWND button) {
     std::string text = windowText(button);
     std::erase(text, '&');
@@ -92,6 +99,13 @@ std::string rowText(HWND list, WPARAM row) {
 }
 
 }  // namespace
+
+std::vector<DialogWindow> DialogWindow::all() {
+    // Not from each window to the next: one that is destroyed meanwhile leads Wine 10 in circles.
+    std::vector<DialogWindow> dialogs;
+    EnumWindows(addDialog, reinterpret_cast<LPARAM>(&dialogs));
+    return dialogs;
+}
 
 std::string DialogWindow::title() const {
     return windowText(window);

@@ -10,6 +10,9 @@ class DialogWindow {
   public:
     explicit DialogWindow(HWND window) : window(window) {}
 
+    /// The dialogs of every process, the top one first.
+    [[nodiscard]] static std::vector<DialogWindow> all();
+
     [[nodiscard]] std::string title() const;
     /// Every visible child's text that is not empty, in tab order.
     [[nodiscard]] std::vector<std::string> texts() const;

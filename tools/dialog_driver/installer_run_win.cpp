@@ -35,8 +35,8 @@ Encounter InstallerRun::nextDialog(DWORD deadline) {
     }
     const DWORD start = GetTickCount();
     do {
-        HWND window = nullptr;
-        while ((window = FindWindowExA(nullptr, window, "#32770", nullptr)) != nullptr) {
+        for (const DialogWindow& dialog : DialogWindow::all()) {
+            const HWND window = dialog.window;
             DWORD owner = 0;
             GetWindowThreadProcessId(window, &owner);
             // A dialog that another one covers is disabled.
@@ -44,7 +44,7 @@ Encounter InstallerRun::nextDialog(DWORD deadline) {
                 IsWindowEnabled(window) &&
                 std::find(seen.begin(), seen.end(), window) == seen.end()) {
                 seen.push_back(window);
-                return {DialogWindow(window), ""};
+                return {dialog, ""};
             }
         }
         if (WaitForSingleObject(process.hProcess, pollInterval) != WAIT_TIMEOUT) {
