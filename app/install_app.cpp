@@ -86,13 +86,9 @@ bool CInstallApp::ParseCommandLine(std::string& sourceDirectory, std::string& in
 bool CInstallApp::CheckEnvironment() {
     bool administrator = false;
     std::ignore = IsAdministrator(administrator);  // a test that failed counts as not being one
-    if (!administrator) {
-        showMessage(administratorRequiredMessage());
-        return false;
-    }
     char name[256] = "";
     operatingSystemCode = operatingSystemName(name, sizeof name);
-    const OperatingSystemPolicy policy = operatingSystemPolicy(operatingSystemCode, name);
+    const EnvironmentPolicy policy = environmentPolicy(administrator, operatingSystemCode, name);
     const bool agreed = !policy.message || showMessage(*policy.message);
     return policy.accepted && agreed;
 }

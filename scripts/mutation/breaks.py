@@ -42,6 +42,7 @@ NO_CALL = {"if", "for", "while", "switch", "catch", "return", "sizeof", "decltyp
 HEADER = re.compile(r"(?:if|for|while|switch)\b\s*(?:constexpr\s*)?(?=\()")
 LABEL = re.compile(r"(?:else|do)\b|(?:case\b[^;{}]*?|default\s*)(?<!:):(?!:)")
 JUMP = re.compile(r"(?:return|break|continue)\b")
+PLAIN_ASSIGNMENT = re.compile(r"([\w.]+) = ([^()=]+);$")
 DECLARATION = re.compile(
     r"(?:const|constexpr|static|auto|using|typedef|struct|class|enum)\b"
     r"|(?!return\b|delete\b|throw\b)[A-Za-z_][\w:]*(?:<[^;]*>)?(?:[ *&]+)[A-Za-z_]\w*\s*(?:[;={(\[,]|$)"
@@ -292,7 +293,15 @@ def swapped_statements(shown, bodies):
     for body in bodies:
         for first, second in itertools.pairwise(body.statements):
             between = shown[first[1] : second[0]]
-            if between.isspace() and not any(
-                DECLARATION.match(shown, start) or JUMP.match(shown, start) for start, _ in (first, second)
+            if (
+                between.isspace()
+                and not independent(shown[slice(*first)], shown[slice(*second)])
+                and not any(DECLARATION.match(shown, start) or JUMP.match(shown, start) for start, _ in (first, second))
             ):
                 yield first[0], second[1], second, (first[1], second[0]), first
+
+
+def independent(first, second):
+    """Whether two statements only assign, neither what the other one reads or assigns."""
+    pair = [PLAIN_ASSIGNMENT.match(statement) for statement in (first, second)]
+    return all(pair) and pair[0][1] not in second and pair[1][1] not in first

@@ -69,7 +69,7 @@ Texts programTexts() {
         add(replaceAll(replaceAll(text, "gone", "…", false), "file", "…", false));
     }
     for (int code = -3; code < 30; ++code) {
-        if (const auto message = operatingSystemPolicy(code, "…").message) {
+        if (const auto message = environmentPolicy(true, code, "…").message) {
             add(message->text);
         }
     }
@@ -88,7 +88,7 @@ Texts programTexts() {
     }
     const std::string logLine = copyFailedLogLine({}, "…", "…", 5);
     add(logLine.substr(logLine.find("CopyFile")));
-    add(administratorRequiredMessage().text);
+    add(environmentPolicy(false, 0, "").message->text);
     add(couldNotStopMessage({"…", "", "…"}, 258).text);
     add(driversFailedMessage("…", "…").text);
     add(installTitle("…", "…"));

@@ -15,6 +15,7 @@ TEST(ProductDataFile, TellsWhatIsWrongAndTriesAgain) {
     std::filesystem::create_directories(folder / "ProductData.inx");
     CProductData file;
     std::string path = "old", error;
+    EXPECT_FALSE(loadProductValues(file)) << "beside the tests there are none";
     EXPECT_FALSE(loadProductDataText(file, "C:\\nowhere", path, error));
     EXPECT_EQ(path + error, "Cannot find product data.");
     EXPECT_FALSE(loadProductDataText(file, folder.string(), path, error));

@@ -3,12 +3,13 @@
 #include <windows.h>
 
 #include <atomic>
+#include <string_view>
 #include <thread>
 
 inline BOOL CALLBACK noteVisibleDialog(HWND window, LPARAM dialog) {
     char name[64] = "";
     GetClassNameA(window, name, sizeof name);
-    if (lstrcmpA(name, "#32770") != 0 || !IsWindowVisible(window)) {
+    if (std::string_view(name) != "#32770" || !IsWindowVisible(window)) {
         return TRUE;
     }
     *reinterpret_cast<HWND*>(dialog) = window;

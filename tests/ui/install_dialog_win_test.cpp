@@ -107,6 +107,8 @@ TEST(InstallDialog, HasItsPlacesAndGrowsForItsPrompt) {
                        EXPECT_EQ(client.bottom, units.bottom + growth);
                    };
                    expectGrown(0);
+                   EXPECT_EQ(SendMessageA(GetDlgItem(window, IDC_LIVE_PRODUCT), BM_GETCHECK, 0, 0),
+                             BST_CHECKED);
                    dialog.SetPrompt("1\n2\n3\n4\n5");
                    expectGrown(5 * lineHeight(prompt) - units.top + 4);
                    dialog.SetPrompt("1\r\n2\r\n3\r\n4\r\n5\r\n6\r\n7\r\n8");

@@ -71,17 +71,14 @@ class Teller {
         char name[256] = "";
         story.systemCode = deliverOperatingSystemName(identity, name, sizeof name);
         story.system = name;
-        if (!machine.administrator) {
-            addMessage(administratorRequiredMessage(), false);
-            story.earlyEnd = "The run ends: the user is no administrator.";
-            return false;
-        }
-        const OperatingSystemPolicy policy = operatingSystemPolicy(story.systemCode, name);
+        const EnvironmentPolicy policy =
+            environmentPolicy(machine.administrator, story.systemCode, name);
         if (policy.message) {
             addMessage(*policy.message, policy.accepted);
         }
         if (!policy.accepted) {
-            story.earlyEnd = "The run ends: this Windows is refused.";
+            story.earlyEnd = machine.administrator ? "The run ends: this Windows is refused."
+                                                   : "The run ends: the user is no administrator.";
         }
         return policy.accepted;
     }
