@@ -62,6 +62,8 @@ int run(std::vector<std::string> arguments, const std::string& program) {
 
 }  // namespace
 
+// What run lets through is that there is no memory left, and that may end the program.
+// NOLINTNEXTLINE(bugprone-exception-escape)
 int main(int count, char** arguments) {
     useCodePage(westernCodePage());
     std::vector<std::string> words(arguments + 1, arguments + count);
