@@ -5,6 +5,5 @@
 bool showMessage(const Message& message) {
     const UINT icon = message.icon == MessageIcon::Error ? MB_ICONERROR : MB_ICONEXCLAMATION;
     const UINT buttons = message.buttons == MessageButtons::YesNo ? MB_YESNO : MB_OK;
-    const int answer = AfxMessageBox(message.text, icon | buttons);
-    return answer == IDOK || answer == IDYES;
+    return AfxMessageBox(message.text, icon | buttons) == IDYES;
 }

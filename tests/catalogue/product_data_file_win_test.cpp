@@ -16,6 +16,7 @@ TEST(ProductDataFile, TellsWhatIsWrongAndTriesAgain) {
     CProductData file;
     std::string path = "old", error;
     EXPECT_FALSE(loadProductValues(file)) << "beside the tests there are none";
+    EXPECT_EQ(file.lastError, "Cannot find product data.");
     EXPECT_FALSE(loadProductDataText(file, "C:\\nowhere", path, error));
     EXPECT_EQ(path + error, "Cannot find product data.");
     EXPECT_FALSE(loadProductDataText(file, folder.string(), path, error));

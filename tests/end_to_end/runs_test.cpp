@@ -130,20 +130,20 @@ TEST(OperatingSystem, EveryReportedReleaseMeetsItsPolicy) {
     }
 }
 
+const std::string live = "Live Product", all = live + " | File Viewer | Demonstration";
+
 /// The dialog of a product that has these choices.
 Step dialogOf(const std::string& product, const std::string& choices,
-              const std::vector<std::string>& actions) {
-    return {product +
-                " 16.4.10002.0 Installation | Please select the type of product to install.\nOnly "
-                "the live product works with capture hardware. | " +
+              const std::vector<std::string>& actions, const std::string& build = defaultBuild) {
+    return {product + ' ' + build +
+                " Installation | Please select the type of product to install.\nOnly the live "
+                "product works with capture hardware. | " +
                 choices + " | Install | Cancel | Help",
             actions};
 }
 
 TEST(HandOver, FollowsTheChoice) {
-    const std::string classic = "Halvick Tavlink Classic ", live = "Live Product",
-                      all = live + " | File Viewer | Demonstration",
-                      setupUtility = media + "Setup.Exe";
+    const std::string classic = "Halvick Tavlink Classic ", setupUtility = media + "Setup.Exe";
     const std::string enter = "key 13", escape = "key 27", help = "key 112";
     play({{"04: live at once",
            {dialogOf("Tavlink Classic Analyzer", all, {"Install"}),
@@ -183,7 +183,7 @@ TEST(HandOver, TakesTheBuildFromTheProductDataBesideTheProgram) {
     const std::string plain = scratch + "ProductData.ini", enciphered = scratch + "ProductData.inx";
     const auto handsOver = [](const std::string& build) {
         return std::vector<Step>{
-            chooseLive,
+            dialogOf("Tavlink Classic Analyzer", all, {"Install"}, build),
             setup("04", "Halvick Tavlink Classic Analyzer " + build, "LIVE", "x86", build)};
     };
     play({{"04: plain",

@@ -11,7 +11,7 @@ TEST(InstallationIndex, HoldsBothTreesOnce) {
                       older = "Software\\HVQ\\Tressle Analyzer\\";
     InstallationIndex index;
     std::vector<std::size_t> matches;
-    std::vector<InstallationRecord> records;
+    std::vector<InstallationRecord> records(3);
     FieldMap extras;
     EXPECT_FALSE(index.load(true));
     EXPECT_FALSE(index.find("", installation_selector::programFolder, matches));
@@ -28,6 +28,7 @@ TEST(InstallationIndex, HoldsBothTreesOnce) {
     EXPECT_TRUE(index.load(true));
     EXPECT_TRUE(
         index.readTree("SOFTWARE\\HVQ\\Tressle Analyzer\\", records, extras, MergeMode::Current));
+    EXPECT_EQ(records.size(), 1u);
     ASSERT_EQ(index.records.size(), 2u);
     EXPECT_STREQ(walkError(), "") << "of the empty machine";
     EXPECT_FALSE(index.records[0].legacy);

@@ -116,6 +116,9 @@ TEST(InstallDialog, HasItsPlacesAndGrowsForItsPrompt) {
                    expectGrown(grown);
                    dialog.SetPrompt("Short");
                    expectGrown(grown);
+                   const auto procedure =
+                       reinterpret_cast<DLGPROC>(GetWindowLongPtrA(window, DWLP_DLGPROC));
+                   EXPECT_FALSE(procedure(window, WM_PAINT, 0, 0)) << "not minimised";
                    const LRESULT icon = SendMessageA(window, WM_GETICON, ICON_BIG, 0);
                    EXPECT_NE(icon, 0);
                    EXPECT_EQ(SendMessageA(window, WM_GETICON, ICON_SMALL, 0), icon);
