@@ -76,6 +76,7 @@ TEST(ListControl, TakesTextsUpToTheirTerminator) {
         const std::string taken = list.GetItemText(0, 0);
         EXPECT_TRUE(taken == text) << taken.size() << " of " << length;
     }
+    EXPECT_EQ(list.InsertItem(4, "last"), 4);
     DestroyWindow(list.m_hWnd);
 }
 
