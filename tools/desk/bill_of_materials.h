@@ -3,7 +3,7 @@
 #include <string>
 #include <vector>
 
-#include "tools/desk/command.h"
+#include "tools/desk/json.h"
 
 /// An executable of a release.
 struct ReleasedFile {

@@ -2,8 +2,9 @@
 // one function, which its own file defines.
 #pragma once
 
-#include <nlohmann/json_fwd.hpp>
 #include <string>
+
+#include "tools/desk/json.h"
 
 namespace CLI {
 class App;
@@ -22,8 +23,6 @@ struct Session {
 /// Adds a command with its `--json`.
 CLI::App* addCommand(CLI::App& app, Session& session, const std::string& name,
                      const std::string& description);
-
-using Json = nlohmann::ordered_json;
 
 /// Prints a document, indented, in ASCII alone.
 void printJson(const Json& document);

@@ -16,8 +16,6 @@ namespace fs = std::filesystem;
 
 namespace {
 
-using Json = nlohmann::ordered_json;
-
 constexpr const char* keys[] = {"installer", "installerName", "build",    "productData", "setup",
                                 "flatten",   "uninstaller",   "archives", "contents",    "name"};
 

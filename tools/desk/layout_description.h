@@ -6,6 +6,8 @@
 #include <optional>
 #include <string>
 
+#include "tools/desk/json.h"
+
 /// A complete description with explanations.
 extern const char* const exampleLayoutDescription;
 
@@ -36,5 +38,5 @@ class LayoutDescription {
     [[nodiscard]] std::filesystem::path path(const std::string& code, std::string text) const;
 
     std::string file;
-    nlohmann::ordered_json document;
+    Json document;
 };

@@ -8,11 +8,10 @@
 #include "installed/installation_index.h"
 #include "installed/registry_key.h"
 #include "platform/ansi_text.h"
+#include "tools/desk/json.h"
 #include "tools/desk/western_text.h"
 
 namespace {
-
-using Json = nlohmann::ordered_json;
 
 struct Release {
     const char* name;

@@ -22,8 +22,6 @@
 
 namespace {
 
-using Json = nlohmann::ordered_json;
-
 /// Fills the catalogue's values from the product-data file; says where the build comes from.
 std::string readBuild(const Media& media, CProductData& catalogue,
                       std::vector<std::string>& problems) {

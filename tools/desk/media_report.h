@@ -3,13 +3,13 @@
 #pragma once
 
 #include <functional>
-#include <nlohmann/json_fwd.hpp>
 #include <optional>
 #include <string>
 #include <vector>
 
 #include "app/install_plan.h"
 #include "catalogue/product_catalogue.h"
+#include "tools/desk/json.h"
 
 // Texts are in the ANSI code page but for those of asText and asJson.
 
@@ -77,4 +77,4 @@ struct Media {
 
 /// One line for each finding, and "complete" or "NOT COMPLETE" at the end; UTF-8.
 [[nodiscard]] std::string asText(const MediaReport& report);
-[[nodiscard]] nlohmann::ordered_json asJson(const MediaReport& report);
+[[nodiscard]] Json asJson(const MediaReport& report);

@@ -7,8 +7,6 @@
 
 namespace {
 
-using Json = nlohmann::ordered_json;
-
 constexpr const char* kindNames[] = {"dialog", "stop", "copy", "run", "runReported"};
 
 const char* nameOf(StoryStep::Kind kind) {

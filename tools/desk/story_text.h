@@ -1,13 +1,13 @@
 // A story in words and as JSON, both in UTF-8.
 #pragma once
 
-#include <nlohmann/json_fwd.hpp>
 #include <string>
 
+#include "tools/desk/json.h"
 #include "tools/desk/run_story.h"
 
 [[nodiscard]] std::string storyAsText(const RunStory& story);
-[[nodiscard]] nlohmann::ordered_json storyAsJson(const RunStory& story);
+[[nodiscard]] Json storyAsJson(const RunStory& story);
 
 /// A command line for people: without the key that driver archives were packed with.
 [[nodiscard]] std::string shownCommand(const StoryCommand& command);
