@@ -27,7 +27,6 @@
 #include "app/stamped_identity.h"
 #include "catalogue/program_texts.h"
 #include "drivers/driver_installation_win.h"
-#include "installed/ask_uninstall_dialog_win.h"
 #include "installed/installed_product_win.h"
 #include "platform/ansi_text_win.h"
 #include "platform/files_win.h"
@@ -35,6 +34,7 @@
 #include "platform/operating_system_win.h"
 #include "platform/shell_runner_win.h"
 #include "platform/system_library_win.h"
+#include "ui/ask_uninstall_dialog_win.h"
 #include "ui/install_dialog_win.h"
 
 CInstallApp::CInstallApp() : CWinApp(applicationName) {

@@ -3,7 +3,7 @@
 #include <windows.h>
 
 #include "catalogue/code_directory.h"
-#include "installed/registry_key_win.h"
+#include "platform/registry_key_win.h"
 
 namespace {
 

@@ -2,10 +2,10 @@
 
 #include <tuple>
 
-#include "installed/registry_key.h"
-#include "installed/registry_key_win.h"
 #include "platform/ansi_text.h"
 #include "platform/format_text.h"
+#include "platform/registry_key.h"
+#include "platform/registry_key_win.h"
 
 namespace {
 

@@ -48,7 +48,7 @@ windows_in_names() {
 }
 
 # Not by asking git: the sources may be an unpacked archive, or another user's checkout.
-product=(app catalogue drivers framework installed platform tools ui)
+product=(app catalogue desk drivers framework installed platform tools ui)
 mapfile -t sources < <(find "${product[@]}" tests -name '*.cpp' -o -name '*.h' -o -name '*.c')
 mapfile -t shell < <(find .ci scripts tests tools -name '*.sh' -o -path '.ci/*' -type f)
 

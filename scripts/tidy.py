@@ -24,8 +24,8 @@ ROOT = pathlib.Path(__file__).resolve().parent.parent
 NATIVE = ROOT / "build" / "host"
 WINDOWS = ROOT / "build" / "clang-windows"
 PASSED = ROOT / "build" / "lint"
-DESK = ROOT / "tools" / "desk"
-FOLDERS = {"app", "catalogue", "drivers", "framework", "installed", "platform", "tools", "ui"}
+DESK = ROOT / "desk"
+FOLDERS = {"app", "catalogue", "desk", "drivers", "framework", "installed", "platform", "tools", "ui"}
 # Beside .clang-tidy. No sanitizer and no fuzzer runs these sources, so the analyser reads them.
 WINDOWS_CHECKS = ",".join((
     "clang-analyzer-*",

@@ -10,9 +10,9 @@
 #include "app/direct_install.h"
 #include "app/environment.h"
 #include "catalogue/program_texts.h"
-#include "installed/ask_uninstall_dialog.h"
 #include "platform/ansi_text.h"
 #include "platform/shell_runner.h"
+#include "ui/ask_uninstall_dialog.h"
 
 namespace {
 

@@ -1,4 +1,4 @@
-#include "tools/desk/registry_export.h"
+#include "desk/computer/registry_export.h"
 #include "tools/fuzzers/fuzz_input.h"
 
 int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {

@@ -1,5 +1,5 @@
 #include "app/stamped_identity.h"
-#include "tools/desk/stamp_image.h"
+#include "desk/executables/stamp_image.h"
 #include "tools/fuzzers/fuzz_input.h"
 
 namespace {

@@ -1,0 +1,20 @@
+#include "desk/commands/command.h"
+
+#include <CLI/CLI.hpp>
+#include <iostream>
+#include <nlohmann/json.hpp>
+
+CLI::App* addCommand(CLI::App& app, Session& session, const std::string& name,
+                     const std::string& description) {
+    CLI::App* const command = app.add_subcommand(name, description);
+    command->add_flag("--json", session.json, "Print the result as JSON");
+    return command;
+}
+
+void printJson(const Json& document) {
+    std::cout << document.dump(2, ' ', true, Json::error_handler_t::replace) << '\n';
+}
+
+void printNote(const std::string& subject, const std::string& note) {
+    std::cerr << "note: " << subject << ": " << note << '\n';
+}

@@ -1,0 +1,40 @@
+// What the commands of the release engineer's desk share. Each command is added to the program by
+// one function, which its own file defines.
+#pragma once
+
+#include <string>
+
+#include "desk/json.h"
+
+namespace CLI {
+class App;
+}
+
+inline constexpr int exitGood = 0;
+inline constexpr int exitWrong = 1;  ///< something is wrong with the input
+inline constexpr int exitUsage = 2;  ///< wrong usage
+
+/// One run of the program.
+struct Session {
+    bool json = false;  ///< results go to the output as JSON alone; notes go to the error output
+    int exitCode = exitGood;
+};
+
+/// Adds a command with its `--json`.
+CLI::App* addCommand(CLI::App& app, Session& session, const std::string& name,
+                     const std::string& description);
+
+/// Prints a document, indented, in ASCII alone.
+void printJson(const Json& document);
+
+/// Prints to the error output: `subject` and what is noteworthy about it.
+void printNote(const std::string& subject, const std::string& note);
+
+void addCheckCommand(CLI::App& app, Session& session);
+void addProductsCommand(CLI::App& app, Session& session);
+void addStampCommand(CLI::App& app, Session& session);
+void addEncipherCommand(CLI::App& app, Session& session);
+void addDecipherCommand(CLI::App& app, Session& session);
+void addLayoutCommand(CLI::App& app, Session& session);
+void addReleaseCommand(CLI::App& app, Session& session);
+void addVerifyCommand(CLI::App& app, Session& session);

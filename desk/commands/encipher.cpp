@@ -1,0 +1,79 @@
+// Enciphers and deciphers the product-data file.
+#include <CLI/CLI.hpp>
+#include <memory>
+#include <nlohmann/json.hpp>
+
+#include "catalogue/cipher.h"
+#include "catalogue/product_data_file.h"
+#include "desk/commands/command.h"
+#include "desk/media/product_data.h"
+#include "desk/refusal.h"
+#include "desk/western_text.h"
+#include "desk/whole_file.h"
+
+namespace {
+
+struct Files {
+    std::string input;
+    std::string output;
+    bool keepsLineEnds = false;
+};
+
+std::shared_ptr<Files> addFiles(CLI::App* command) {
+    auto files = std::make_shared<Files>();
+    command->add_option("IN", files->input, "The file to read")->required();
+    command->add_option("OUT", files->output, "The file to make")->required();
+    return files;
+}
+
+void report(const Session& session, const Files& files, const std::string& build) {
+    if (session.json) {
+        printJson({{"output", files.output}, {"build", toUtf8(build)}});
+    }
+}
+
+void encipherFile(const Files& files, const Session& session) {
+    refuseSameFile(files.input, files.output);
+    std::string text = readInput(files.input);
+    if (text.starts_with(cipher::magic)) {
+        throw Refusal("\"" + files.input +
+                      "\" is enciphered already; \"installer-tool decipher\" makes it readable.");
+    }
+    if (!files.keepsLineEnds && endLinesAsWindowsDoes(text)) {
+        printNote(files.input,
+                  "its lines are made to end in CR LF in the output; with bare line feeds the "
+                  "build would swallow what follows");
+    }
+    const std::string build = buildIn(text, files.input);
+    writeOutput(files.output, encipher(text));
+    report(session, files, build);
+}
+
+void decipherFile(const Files& files, const Session& session) {
+    refuseSameFile(files.input, files.output);
+    std::string text, error;
+    if (!decipher(readInput(files.input), text, error)) {
+        throw Refusal("\"" + files.input + "\" cannot be deciphered: " + error +
+                      " Encipher the readable file anew.");
+    }
+    writeOutput(files.output, text);
+    report(session, files, "");
+}
+
+}  // namespace
+
+void addEncipherCommand(CLI::App& app, Session& session) {
+    CLI::App* const command =
+        addCommand(app, session, "encipher", "Makes \"ProductData.inx\" from \"ProductData.ini\"");
+    const auto files = addFiles(command);
+    command->add_flag("--keep-line-ends", files->keepsLineEnds,
+                      "Encipher lines as they end, not with CR LF");
+    command->callback([files, &session] { encipherFile(*files, session); });
+}
+
+void addDecipherCommand(CLI::App& app, Session& session) {
+    CLI::App* const command =
+        addCommand(app, session, "decipher", "Makes \"ProductData.ini\" from \"ProductData.inx\"");
+    const auto files = addFiles(command);
+    command->callback([files, &session] { decipherFile(*files, session); });
+}

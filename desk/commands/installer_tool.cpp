@@ -1,0 +1,77 @@
+// The release engineer's desk: from a build to checked media. `installer-tool --help` tells its
+// commands.
+#include <CLI/CLI.hpp>
+#include <algorithm>
+#include <filesystem>
+#include <iostream>
+#include <nlohmann/json.hpp>
+
+#include "catalogue/build_number.h"
+#include "desk/commands/command.h"
+#include "desk/western_text.h"
+#include "platform/ansi_text.h"
+
+namespace {
+
+/// The command that a name of the program stands for: scripts in the field call each by its own.
+std::string commandOfName(const std::string& program) {
+    const std::string name = std::filesystem::path(program).stem().string();
+    if (name == "check_media") {
+        return "check";
+    }
+    return name == "stamp" || name == "encipher" ? name : "";
+}
+
+int fail(const Session& session, const std::string& command, const std::string& message) {
+    if (session.json) {
+        printJson({{"error", message}});
+    }
+    std::cerr << command << ": " << message << '\n';
+    return exitWrong;
+}
+
+int run(std::vector<std::string> arguments, const std::string& program) {
+    Session session;
+    CLI::App app("Makes and checks the installers and media of the Tavlink products.",
+                 "installer-tool");
+    app.set_version_flag("--version", "installer-tool " INSTALLER_BUILD_TEXT);
+    app.require_subcommand(0, 1);  // with 1 at least, a wrong word would not be named
+    app.footer(
+        "Exit codes: 0 good; 1 something is wrong with the input, and is named; 2 wrong usage.\n"
+        "\"installer-tool COMMAND --help\" tells more about a command.");
+    addProductsCommand(app, session);
+    addStampCommand(app, session);
+    addEncipherCommand(app, session);
+    addDecipherCommand(app, session);
+    addLayoutCommand(app, session);
+    addCheckCommand(app, session);
+    addReleaseCommand(app, session);
+    addVerifyCommand(app, session);
+    try {
+        app.parse(std::move(arguments));
+        if (app.get_subcommands().empty()) {
+            throw CLI::RequiredError("A subcommand");
+        }
+        return session.exitCode;
+    } catch (const CLI::ParseError& error) {
+        return app.exit(error) == 0 ? exitGood : exitUsage;
+    } catch (const std::exception& error) {
+        return fail(session, program, error.what());
+    }
+}
+
+}  // namespace
+
+// What run lets through is that there is no memory left, and that may end the program.
+// NOLINTNEXTLINE(bugprone-exception-escape)
+int main(int count, char** arguments) {
+    useCodePage(westernCodePage());
+    std::vector<std::string> words(arguments + 1, arguments + count);
+    const std::string command = commandOfName(arguments[0]);
+    if (!command.empty()) {
+        words.insert(words.begin(), command);
+    }
+    // CLI11 takes them from the back.
+    std::reverse(words.begin(), words.end());
+    return run(std::move(words), command.empty() ? "installer-tool" : command);
+}

@@ -1,0 +1,67 @@
+// Makes a product's installer.
+#include <CLI/CLI.hpp>
+#include <iostream>
+#include <memory>
+#include <nlohmann/json.hpp>
+
+#include "desk/commands/command.h"
+#include "desk/executables/stamping.h"
+#include "desk/refusal.h"
+#include "desk/western_text.h"
+#include "desk/whole_file.h"
+
+namespace {
+
+struct Choices {
+    std::vector<std::string> words;
+    std::string build;
+    bool list = false;
+};
+
+void stamp(const Choices& choices, const Session& session) {
+    CProductData catalogue;
+    if (choices.list) {
+        // Kept: scripts in the field read these lines.
+        for (const auto& [code, name] : catalogue.ProductNames) {
+            std::cout << code << ' ' << name << '\n';
+        }
+        return;
+    }
+    if (choices.words.size() != 3 && choices.words.size() != 4) {
+        throw CLI::ValidationError("stamp", "needs INSTALLER CODE [NAME] OUT");
+    }
+    const std::string& input = choices.words.front();
+    const std::string& output = choices.words.back();
+    const bool named = choices.words.size() == 4;
+    if (named && choices.words[2].empty()) {
+        throw Refusal("The name is empty; leave it out to stamp the catalogue's.");
+    }
+    const ProductStamp product = chooseStamp(
+        catalogue, choices.words[1], named ? fromUtf8(choices.words[2]) : "", choices.build);
+    refuseSameFile(input, output);
+    writeOutput(output, stampedInstaller(readInput(input), input, product));
+    for (const std::string& note : product.notes) {
+        printNote(output, note);
+    }
+    if (session.json) {
+        printJson({{"output", output},
+                   {"code", product.code},
+                   {"name", toUtf8(product.name)},
+                   {"notes", product.notes}});
+    }
+}
+
+}  // namespace
+
+void addStampCommand(CLI::App& app, Session& session) {
+    CLI::App* const command = addCommand(
+        app, session, "stamp", "Makes a product's installer: stamp INSTALLER CODE [NAME] OUT");
+    const auto choices = std::make_shared<Choices>();
+    command->add_option("WORDS", choices->words,
+                        "INSTALLER: the built installer; CODE: the product's; NAME: for the title, "
+                        "the catalogue's when left out; OUT: the file to make, with its folder");
+    command->add_option("--build", choices->build,
+                        "Product version for the version resource; else the installer's own");
+    command->add_flag("--list", choices->list, "Print the codes and names of all products");
+    command->callback([choices, &session] { stamp(*choices, session); });
+}

@@ -1,0 +1,52 @@
+#include "desk/executables/stamping.h"
+
+#include <algorithm>
+
+#include "desk/executables/executable.h"
+#include "desk/executables/stamp_image.h"
+#include "desk/media/product_data.h"
+#include "desk/refusal.h"
+#include "desk/western_text.h"
+#include "platform/ansi_text.h"
+
+ProductStamp chooseStamp(CProductData& catalogue, const std::string& code, const std::string& name,
+                         const std::string& build) {
+    ProductStamp stamp;
+    std::string note, error;
+    if (!chooseStampedCode(catalogue, code, stamp.code, note, error)) {
+        throw Refusal(error);
+    }
+    if (!note.empty()) {
+        stamp.notes.push_back("the code \"" + code + "\" is " + note);
+    }
+    const std::string ownName = catalogue.ProductNames.find(lowerCase(stamp.code))->second;
+    stamp.name = name.empty() ? ownName : name;
+    if (stamp.name != ownName) {
+        stamp.notes.push_back("the dialog's title will say \"" + toUtf8(stamp.name) +
+                              "\", the program folder \"" + ownName +
+                              "\"; leave the name out to have both agree");
+    }
+    if (stamp.name.size() > longestStampedName) {
+        throw Refusal("The name \"" + toUtf8(stamp.name) + "\" does not fit: it has " +
+                      std::to_string(stamp.name.size()) + " characters, and there is room for " +
+                      std::to_string(longestStampedName) + ". Name the product more shortly.");
+    }
+    const auto isAscii = [](char character) { return character >= ' ' && character <= '~'; };
+    if (!std::all_of(stamp.name.begin(), stamp.name.end(), isAscii)) {
+        stamp.notes.push_back("the name holds characters that each code page shows in its own way");
+    }
+    if (!build.empty()) {
+        requireBuildNumbers(build);
+    }
+    stamp.build = build;
+    return stamp;
+}
+
+std::string stampedInstaller(std::string image, const std::string& file,
+                             const ProductStamp& stamp) {
+    std::string error = executableDamage(image);
+    if (!error.empty() || !stampImage(image, stamp.code, stamp.name, error, stamp.build)) {
+        throw Refusal("\"" + file + "\" cannot be stamped: " + error + '.');
+    }
+    return image;
+}

@@ -1,0 +1,59 @@
+#include "desk/media/product_facts.h"
+
+#include "catalogue/product_code.h"
+#include "catalogue/product_traits.h"
+#include "desk/computer/run_story.h"
+#include "desk/executables/stamp_image.h"
+#include "desk/media/media_report.h"
+#include "drivers/driver_package_table.h"
+
+namespace {
+
+std::string editionOf(const CProductData& catalogue, const std::string& code,
+                      const std::string& name) {
+    if (traitsOf(code).freeViewer) {
+        return "free viewer";
+    }
+    if (catalogue.DemoProducts.contains(code)) {
+        return "demonstration";
+    }
+    // No table says so: such a product is one in name alone.
+    return name.ends_with(" Viewer") ? "viewer-only" : "full";
+}
+
+}  // namespace
+
+ProductFacts productFacts(CProductData& catalogue, const std::string& code) {
+    ProductFacts facts;
+    std::string note, error;
+    (void)chooseStampedCode(catalogue, code, facts.code, note, error);  // the catalogue has it
+    facts.number = numberFromCode(code);
+    facts.name = catalogue.ProductNames.find(code)->second;
+    facts.edition = editionOf(catalogue, code, facts.name);
+    if (const auto full = catalogue.FullProductOf.find(code);
+        full != catalogue.FullProductOf.end()) {
+        facts.demonstrationOf = full->second;
+    }
+    DriverPackageTable drivers;
+    buildDriverPackageTable(drivers);
+    const InstallPlan plan = planInstallation(facts.code, catalogue, drivers);
+    facts.route = routeInWords(plan);
+    facts.endsSilently = plan.road == Road::EndSilently;
+    for (const ProductChoice& choice : offeredChoices(plan)) {
+        facts.choices.emplace_back(choice.label);
+    }
+    for (const MediaFile& file : neededFiles(plan)) {
+        facts.files.push_back(file.name);
+    }
+    facts.setupsPerProcessor = catalogue.hasProcessorSpecificSetups(code);
+    return facts;
+}
+
+std::vector<ProductFacts> allProductFacts() {
+    CProductData catalogue;
+    std::vector<ProductFacts> all;
+    for (const auto& [code, name] : catalogue.ProductNames) {
+        all.push_back(productFacts(catalogue, code));
+    }
+    return all;
+}

@@ -1,0 +1,112 @@
+#include "desk/executables/stamp_image.h"
+
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <iterator>
+
+#include "app/stamped_identity.h"
+
+namespace {
+
+constexpr std::size_t optionalHeader = 64 + 24;
+constexpr std::size_t blockOffset = 512;
+const std::string marker(stampMarker, sizeof stampMarker);
+
+/// The headers of an executable, as far as stamping looks at them, and an empty block.
+std::string executable() {
+    std::string image(blockOffset + sizeof(StampedIdentity) + 101, '\0');
+    image.replace(0, 2, "MZ");
+    image[60] = 64;
+    image.replace(64, 2, "PE");
+    image.replace(optionalHeader, 2, "\x0B\x01");
+    return image.replace(blockOffset, marker.size(), marker);
+}
+
+TEST(StampImage, FillsTheBlockAndTheChecksum) {
+    std::string image = executable();
+    std::string error;
+    ASSERT_TRUE(stampImage(image, "1k", "A longer name", error)) << error;
+    ASSERT_TRUE(stampImage(image, "1Q", "Model X", error)) << error;
+
+    std::string expected = executable();
+    expected.replace(blockOffset + 16, 2, "1Q");
+    expected.replace(blockOffset + 24, 7, "Model X");
+    // The words that are not zero: 5A4D 0040 4550 010B, the marker's 233C 5250 444F 4355 2D54 5453
+    // 4D41 3E50, the texts' 5131 6F4D 6564 206C 0058. Their sum 3F1F6, folded to F1F9, and the
+    // size of the file, 2E5.
+    expected.replace(optionalHeader + 64, 2, "\xDE\xF4");
+    EXPECT_EQ(image, expected);
+
+    // A checksum that was there before does not count.
+    image[optionalHeader + 64] = 1;
+    ASSERT_TRUE(stampImage(image, "1Q", "Model X", error));
+    EXPECT_EQ(image, expected);
+
+    const std::string longest(103, 'n');
+    std::string code, name;
+    EXPECT_TRUE(stampImage(image, "1234567", longest, error) && readStamp(image, code, name));
+    EXPECT_EQ(code + name, "1234567" + longest);
+}
+
+// The program's own block, without a terminator, as another tool might fill it.
+TEST(StampImage, EndsItsTextsWithTheirFields) {
+    EXPECT_TRUE(std::equal(marker.begin(), marker.end(), stampedIdentity.marker));
+    std::fill(std::begin(stampedIdentity.productCode), std::end(stampedIdentity.productCode), 'c');
+    std::fill(std::begin(stampedIdentity.productName), std::end(stampedIdentity.productName), 'n');
+    const ProductIdentity identity = readStampedIdentity();
+    EXPECT_EQ(identity.code + identity.name, std::string(8, 'c') + std::string(104, 'n'));
+    stampedIdentity.productCode[0] = '\0';
+    stampedIdentity.productName[0] = '\0';
+    EXPECT_EQ(readStampedIdentity().code + readStampedIdentity().name, "");
+}
+
+TEST(StampImage, Refuses) {
+    const std::string whole = executable();
+    const auto changed = [&whole](std::size_t offset, const std::string& bytes) {
+        return std::string(whole).replace(offset, bytes.size(), bytes);
+    };
+    struct {
+        const char* reason;
+        std::string image, code, name;
+    } const cases[] = {{"no code", whole, "", "X"},
+                       {"long code", whole, "12345678", "X"},
+                       {"no name", whole, "1k", ""},
+                       {"long name", whole, "1k", std::string(104, 'n')},
+                       {"empty file", "", "1k", "X"},
+                       {"no MZ", changed(0, "ZM"), "1k", "X"},
+                       {"no PE", changed(64, "NE"), "1k", "X"},
+                       {"64-bit", changed(optionalHeader, "\x0B\x02"), "1k", "X"},
+                       {"header outside", changed(60, "\xFF\xFF\xFF\xFF"), "1k", "X"},
+                       {"header cut off", whole.substr(0, optionalHeader + 121), "1k", "X"},
+                       {"signed", changed(optionalHeader + 128, "\x01"), "1k", "X"},
+                       {"no block", changed(blockOffset, "?"), "1k", "X"},
+                       {"block cut off", whole.substr(0, blockOffset + 100), "1k", "X"},
+                       {"two blocks", whole + marker, "1k", "X"}};
+    for (const auto& row : cases) {
+        std::string image = row.image;
+        std::string error;
+        EXPECT_FALSE(stampImage(image, row.code, row.name, error)) << row.reason;
+        EXPECT_FALSE(error.empty()) << row.reason;
+        EXPECT_EQ(image, row.image) << row.reason;
+    }
+}
+
+TEST(StampImage, ChoosesTheCode) {
+    const CProductData catalogue;
+    struct {
+        const char *given, *stamped;
+        bool noted;
+    } const cases[] = {{"1k", "1k", false}, {"1K", "1k", true}, {"1q", "1Q", false},
+                       {"1Q", "1Q", false}, {"19", "", false},  {"**", "", false},
+                       {"", "", false},     {"1kk", "", false}};
+    for (const auto& row : cases) {
+        std::string stamped, note, error;
+        EXPECT_EQ(chooseStampedCode(catalogue, row.given, stamped, note, error), *row.stamped != 0);
+        EXPECT_EQ(stamped, row.stamped);
+        EXPECT_EQ(!note.empty(), row.noted) << row.given;
+        EXPECT_EQ(!error.empty(), *row.stamped == 0) << row.given;
+    }
+}
+
+}  // namespace

@@ -1,0 +1,37 @@
+#include "ui/ask_uninstall_dialog.h"
+
+#include "tests/rows.h"
+
+TEST(AskUninstallDialog, SpeaksOfOneVersionOrOfSeveral) {
+    for (const std::size_t count : {0u, 1u, 2u}) {
+        EXPECT_EQ(uninstallPromptTexts(count).question,
+                  std::string("Would you like to uninstall ") + (count == 1 ? "it?" : "them?"));
+        EXPECT_EQ(
+            std::string(uninstallPromptTexts(count).found).find("versions ") == std::string::npos,
+            count == 1);
+    }
+}
+
+TEST(AskUninstallDialog, HasColumnsThatGrowWithTheDisplay) {
+    expectRows<int, std::string>(
+        {{96, "20, 400"}, {120, "25, 500"}, {144, "30, 600"}, {192, "40, 800"}, {0, "20, 400"}},
+        [](int dotsPerInch) {
+            const ListColumnWidths widths = listColumnWidths(dotsPerInch);
+            return std::to_string(widths.tick) + ", " + std::to_string(widths.name);
+        });
+}
+
+TEST(AskUninstallDialog, SortsInOneOrderOnly) {
+    EXPECT_LT(compareLowerCaseNames("alpha 12", "beta 2", 1), 0);
+    EXPECT_GT(compareLowerCaseNames("\xE9", "z", 1), 0);
+    EXPECT_EQ(compareLowerCaseNames("alpha 12", "beta 2", 0), 0);
+}
+
+TEST(AskUninstallDialog, RunsEveryProductOfATickedNameForEveryTick) {
+    const std::vector<InstalledProduct> products{
+        {"Beta", "b1", ""}, {"Alpha", "a", ""}, {"Beta", "b2", ""}, {"beta", "lower", ""}};
+    using Commands = std::vector<std::string>;
+    EXPECT_EQ(uninstallCommands({}, products), Commands());
+    EXPECT_EQ(uninstallCommands({"Alpha", "Beta"}, products), (Commands{"a", "b1", "b2"}));
+    EXPECT_EQ(uninstallCommands({"Beta", "Beta"}, products), (Commands{"b1", "b2", "b1", "b2"}));
+}
