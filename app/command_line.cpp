@@ -12,8 +12,7 @@ Message invalid(const std::string& text) {
 }  // namespace
 
 std::optional<Message> parseCommandLine(const std::vector<std::string>& arguments,
-                                        PathKind (*examine)(const std::string& path),
-                                        CommandLine& commandLine) {
+                                        Computer& computer, CommandLine& commandLine) {
     commandLine = {};
     if (arguments.size() < 3) {
         return Message{"Invalid command line."};
@@ -33,7 +32,7 @@ std::optional<Message> parseCommandLine(const std::vector<std::string>& argument
             commandLine.installDirectory = value;
             continue;
         }
-        switch (examine(value)) {
+        switch (computer.pathKind(value)) {
             case PathKind::Inaccessible:
                 return invalid("Error accessing \"" + value + "\".");
             case PathKind::File:

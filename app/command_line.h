@@ -4,8 +4,7 @@
 #include <string>
 #include <vector>
 
-#include "app/message.h"
-#include "platform/files.h"
+#include "platform/computer.h"
 
 /// The two directories that the installer is started with.
 struct CommandLine {
@@ -13,8 +12,7 @@ struct CommandLine {
     std::string installDirectory;  ///< "-installdir" as given, unchecked; may be empty
 };
 
-/// Reads `arguments`, the program's path first, into `commandLine`; `examine` looks a "-dir" value
-/// up. The first error ends the reading and is returned.
+/// Reads `arguments`, the program's path first, into `commandLine`; a "-dir" value is looked up on
+/// `computer`. The first error ends the reading and is returned.
 [[nodiscard]] std::optional<Message> parseCommandLine(const std::vector<std::string>& arguments,
-                                                      PathKind (*examine)(const std::string& path),
-                                                      CommandLine& commandLine);
+                                                      Computer& computer, CommandLine& commandLine);

@@ -1,20 +1,56 @@
+// The whole rest of the run for the free protocol viewer: every older viewer goes, then its setup
+// utility is started. Nobody is asked.
 #include "app/direct_install.h"
 
 #include <algorithm>
 #include <string_view>
+#include <utility>
 
-#include "catalogue/product_catalogue.h"
+#include "app/install_app.h"
+#include "app/messages.h"
+#include "app/setup_parameters.h"
+#include "catalogue/product_data_loading.h"
+#include "catalogue/product_names.h"
 #include "installed/analyser_path.h"
 #include "platform/ansi_text.h"
 #include "platform/format_text.h"
 
-std::string analyserPath(const InstalledProduct& product) {
-    return formatCut("%s\\%s", product.installLocation.c_str(), analyser::path);
+namespace {
+
+bool copyUninstaller(Machine& machine, const ViewerRemoval& removal) {
+    const std::uint32_t error = machine.copyFile(removal.copyFrom, removal.copyTo);
+    if (error != 0) {
+        machine.appendToLog(
+            copyFailedLogLine(machine.currentTime(), removal.copyFrom, removal.copyTo, error));
+    }
+    return error == 0;
 }
 
-std::string importMarkerPath(const InstalledProduct& product) {
-    return formatCut("%s\\liveimport.ini", product.installLocation.c_str());
+/// An own setup program leaves its work to a process that nobody can wait for. A file is there
+/// while that is at work.
+void awaitMarkerGone(Machine& machine, const InstalledProduct& product) {
+    constexpr int longestWait = 180;  // seconds
+    const std::string marker = formatCut("%s\\liveimport.ini", product.installLocation.c_str());
+    for (int waited = 0; waited < longestWait && machine.pathKind(marker) != PathKind::Inaccessible;
+         ++waited) {
+        machine.pause(1000);
+    }
 }
+
+void uninstall(Machine& machine, const InstalledProduct& product,
+               const std::string& sourceDirectory) {
+    const ViewerRemoval removal = planViewerRemoval(product.uninstallString, sourceDirectory);
+    if (removal.runsSetup && copyUninstaller(machine, removal)) {
+        launchAndWait(machine, removal.copyTo, "");
+        return;
+    }
+    launchAndWait(machine, removal.program, removal.arguments);
+    if (removal.runsSetup) {
+        awaitMarkerGone(machine, product);
+    }
+}
+
+}  // namespace
 
 ViewerRemoval planViewerRemoval(const std::string& uninstallCommand,
                                 const std::string& sourceDirectory) {
@@ -34,32 +70,35 @@ ViewerRemoval planViewerRemoval(const std::string& uninstallCommand,
             .copyTo = replaceAll(target, "\"", "", false)};
 }
 
-Message couldNotStopMessage(const InstalledProduct& product, std::uint32_t code) {
-    // Signed: WAIT_FAILED reads -1.
-    return {
-        formatText("Could not stop \"%s\" - %d. Please close all copies of %s and restart the "
-                   "installation.",
-                   product.installLocation.c_str(), static_cast<std::int32_t>(code),
-                   product.displayName.c_str())};
-}
-
-void FormatTimestamp(const SystemTime& time, std::string& text, bool readable, char lead) {
-    constexpr std::size_t maximumLength = 32;
-    text = readable ? formatText("%4d-%02d-%02d %02d:%02d:%02d", time.year, time.month, time.day,
-                                 time.hour, time.minute, time.second)
-                    : formatText("%c%4d%02d%02d%02d%02d%02d", lead, time.year, time.month, time.day,
-                                 time.hour, time.minute, time.second);
-    if (text.size() > maximumLength) {
-        text.resize(maximumLength);
+std::vector<InstalledProduct> installedViewers(const KeyReader& localMachine) {
+    std::vector<InstalledProduct> viewers;
+    for (const char* name : {testSuiteViewerName, protocolViewerName}) {
+        std::vector<InstalledProduct> found;
+        std::ignore = findInstalledProducts(localMachine, name, found);
+        for (InstalledProduct& product : found) {
+            if (product.displayName == name) {
+                viewers.push_back(std::move(product));
+            }
+        }
     }
+    return viewers;
 }
 
-std::string copyFailedLogLine(const SystemTime& time, const std::string& source,
-                              const std::string& target, std::uint32_t error) {
-    std::string line;
-    FormatTimestamp(time, line, true, '#');
-    // Kept: the compiled-in build, whatever the product-data file says; it tells which installer
-    // wrote the line.
-    return formatText("%s Version %s CopyFile from \"%s\" to \"%s\" failed - %u", line.c_str(),
-                      compiledInBuild, source.c_str(), target.c_str(), error);
+void CInstallApp::InstallDirectly() {
+    for (const InstalledProduct& product : installedViewers(*machine.localMachine())) {
+        const std::string path =
+            formatCut("%s\\%s", product.installLocation.c_str(), analyser::path);
+        const std::uint32_t code = machine.stopRunning(analyser::program, path);
+        if (code != 0) {
+            machine.showMessage(couldNotStopMessage(product, code));
+            return;
+        }
+        uninstall(machine, product, sourceDirectory);
+    }
+    std::string setupPath;
+    if (!LocateSetupUtility(setupPath)) {
+        return;
+    }
+    loadProductValues(catalogue, machine);
+    launch(machine, setupPath, directSetupParameters(catalogue, productCode, sourceDirectory));
 }

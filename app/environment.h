@@ -4,7 +4,7 @@
 #include <optional>
 #include <string>
 
-#include "app/message.h"
+#include "platform/message.h"
 
 struct EnvironmentPolicy {
     /// False: the run ends. True: it goes on, provided a question in `message` is answered Yes.

@@ -1,49 +1,34 @@
-// One run of the installer, from the first check to the hand-over; read it top to bottom.
+// One run of the installer, from the first check to the launch of the product's own setup utility;
+// read it top to bottom.
 //
 // Started elevated from the installation media with "-dir", the program makes sure that it may
 // install on this Windows, finds out which product it was stamped for and which build the media
-// hold, and plans its road. The free viewer is installed without a question
-// (direct_install_win.cpp). Families of capture hardware get their drivers first, every other
-// product is first offered the removal of its older versions; then the user chooses the live
-// product, the file viewer or the demonstration. At the end the product's own "Setup.Exe" is
-// started with one parameter string that holds all that was decided, and the program ends without
-// waiting for it. The one application object is constructed at the bottom of this file; whatever
-// goes wrong is told where it is found, and a step that says false ends the run.
+// hold, and plans its route. The free viewer is installed without a question (direct_install.cpp).
+// Families of capture hardware get their drivers first, every other product is first offered the
+// removal of its older versions; then the user chooses the live product, the file viewer or the
+// demonstration. At the end "Setup.Exe" is started with one parameter string that holds all that
+// was decided, and the program ends without waiting for it. Whatever goes wrong is told where it is
+// found, and a step that says false ends the run.
 #include "app/install_app.h"
 
-#include <windows.h>
-
-#include <commctrl.h>
-
-#include <cstdlib>
 #include <optional>
 #include <tuple>
 
-#include "app/administrator_win.h"
 #include "app/command_line.h"
 #include "app/environment.h"
-#include "app/message_win.h"
+#include "app/messages.h"
 #include "app/setup_parameters.h"
-#include "app/stamped_identity.h"
+#include "catalogue/product_data_loading.h"
 #include "catalogue/program_texts.h"
-#include "drivers/driver_installation_win.h"
-#include "installed/installed_product_win.h"
-#include "platform/ansi_text_win.h"
-#include "platform/files_win.h"
+#include "drivers/driver_installation.h"
 #include "platform/format_text.h"
-#include "platform/operating_system_win.h"
-#include "platform/shell_runner_win.h"
-#include "platform/system_library_win.h"
-#include "ui/ask_uninstall_dialog_win.h"
-#include "ui/install_dialog_win.h"
+#include "ui/ask_uninstall_dialog.h"
+#include "ui/product_type.h"
 
-CInstallApp::CInstallApp() : CWinApp(applicationName) {
-    restrictLibrarySearch();
-    useCodePage(systemCodePage());
-}
+CInstallApp::CInstallApp(Machine& machine)
+    : CWinApp(applicationName), machine(machine), installationIndex(machine) {}
 
 bool CInstallApp::InitInstance() {
-    InitCommonControls();
     CWinApp::InitInstance();
     if (!ParseCommandLine(sourceDirectory, installDirectory) || !CheckEnvironment()) {
         return false;
@@ -52,19 +37,19 @@ bool CInstallApp::InitInstance() {
 
     buildDriverPackageTable(driverPackages);
     const InstallPlan plan = planInstallation(productCode, catalogue, driverPackages);
-    if (plan.road == Road::Direct) {
+    if (plan.route == Route::Direct) {
         productType = product_type::live;
         InstallDirectly();
         return true;
     }
-    if (plan.road == Road::EndSilently) {
+    if (plan.route == Route::EndSilently) {
         return false;
     }
     deviceFamily = plan.deviceFamily;
     productNumber = plan.productNumber;
-    const bool chosen =
-        plan.road == Road::HardwareFamily ? TakeHardwareRoad(plan) : TakeOrdinaryRoad(plan);
-    if (!chosen || !SwitchToDemonstration()) {
+    const bool prepared = plan.route == Route::HardwareFamily ? PrepareHardwareFamily(plan)
+                                                              : PrepareOrdinaryProduct(plan);
+    if (!prepared || !SwitchToDemonstration()) {
         return false;
     }
     LaunchSetup();
@@ -74,22 +59,21 @@ bool CInstallApp::InitInstance() {
 bool CInstallApp::ParseCommandLine(std::string& sourceDirectory, std::string& installDirectory) {
     CommandLine commandLine;
     const std::optional<Message> error =
-        parseCommandLine({__argv, __argv + __argc}, examinePath, commandLine);
+        parseCommandLine(machine.arguments(), machine, commandLine);
     sourceDirectory = commandLine.sourceDirectory;
     installDirectory = commandLine.installDirectory;
     if (error) {
-        showMessage(*error);
+        machine.showMessage(*error);
     }
     return !error;
 }
 
 bool CInstallApp::CheckEnvironment() {
-    bool administrator = false;
-    std::ignore = IsAdministrator(administrator);  // a test that failed counts as not being one
+    const bool administrator = machine.isAdministrator();
     char name[256] = "";
-    operatingSystemCode = operatingSystemName(name, sizeof name);
+    operatingSystemCode = operatingSystemName(machine, name, sizeof name);
     const EnvironmentPolicy policy = environmentPolicy(administrator, operatingSystemCode, name);
-    const bool agreed = !policy.message || showMessage(*policy.message);
+    const bool agreed = !policy.message || machine.showMessage(*policy.message);
     return policy.accepted && agreed;
 }
 
@@ -98,30 +82,30 @@ void CInstallApp::IdentifyProduct() {
     hardwarePrompt = texts.hardwarePrompt;
     selectionError = texts.selectionError;
 
-    const ProductIdentity identity = readStampedIdentity();
+    const ProductIdentity identity = machine.stampedIdentity();
     if (!identity.code.empty()) {
         productCode = identity.code;
     }
     productName = identity.name;
-    loadProductValues(catalogue);
+    loadProductValues(catalogue, machine);
     title = installTitle(productName, catalogue.buildVersion());
     prompt = "Please select the type of product to install.";
 }
 
-bool CInstallApp::TakeHardwareRoad(const InstallPlan& plan) {
+bool CInstallApp::PrepareHardwareFamily(const InstallPlan& plan) {
     if (plan.driverStep == DriverStep::BeforeChoice) {
         InstallDrivers();
     }
     if (SelectProductType(plan)) {
         return true;
     }
-    if (!selectionError.empty()) {
-        AfxMessageBox(selectionError);
+    if (!selectionError.empty()) {  // Kept, never shown: the choice has cleared it.
+        machine.showMessage({selectionError});
     }
     return false;
 }
 
-bool CInstallApp::TakeOrdinaryRoad(const InstallPlan& plan) {
+bool CInstallApp::PrepareOrdinaryProduct(const InstallPlan& plan) {
     OfferUninstall(plan.olderVersions);
     if (plan.driverStep == DriverStep::InPlaceOfChoice) {
         InstallDrivers();
@@ -130,19 +114,26 @@ bool CInstallApp::TakeOrdinaryRoad(const InstallPlan& plan) {
 }
 
 void CInstallApp::OfferUninstall(OlderVersions which) {
+    const std::unique_ptr<KeyReader> localMachine = machine.localMachine();
     std::vector<InstalledProduct> products;
     const bool found = which == OlderVersions::OfMaker
-                           ? findInstalledMakerProducts(products)
-                           : findInstalledProductsFor(productNumber, products);
-    if (found) {
-        std::ignore = CAskUninstallDlg(products).DoModal();
+                           ? findInstalledMakerProducts(*localMachine, products)
+                           : findInstalledProductsFor(*localMachine, productNumber, products);
+    if (!found) {
+        return;
     }
+    machine.offerRemoval(products, [&](const std::vector<std::string>& tickedNames) {
+        for (const std::string& command : uninstallCommands(tickedNames, products)) {
+            launchAndWait(machine, command, "");
+        }
+    });
 }
 
 void CInstallApp::InstallDrivers() {
     std::string error;
-    if (!installDrivers(sourceDirectory, deviceFamily->packages, deviceFamily->dataKey, error)) {
-        showMessage(driversFailedMessage(productName, error));
+    if (!installDrivers(machine, sourceDirectory, deviceFamily->packages, deviceFamily->dataKey,
+                        error)) {
+        machine.showMessage(driversFailedMessage(productName, error));
     }
 }
 
@@ -151,29 +142,18 @@ bool CInstallApp::SelectProductType(const InstallPlan& plan) {
     prompt = hardwarePrompt;
     // Kept: a cancelled choice ends without a word, so a reason set earlier goes.
     selectionError.clear();
-    INT_PTR result = IDOK;
+    std::optional<unsigned> chosen = product_type::live;
     if (plan.asksProductType) {
-        CInstallDlg dialog(productName);
-        dialog.SetCaption(title);
-        dialog.SetPrompt(prompt);
-        dialog.SetOfferDemonstration(plan.offersDemonstration);
-        dialog.SetOfferFileViewer(plan.offersFileViewer);
-        m_pMainWnd = &dialog;
-        result = dialog.DoModal();
-        m_pMainWnd = nullptr;
-        productType = dialog.productType;
-    } else {
-        productType = product_type::live;
+        chosen = machine.askProductType({.productName = productName,
+                                         .title = title,
+                                         .prompt = prompt,
+                                         .offersFileViewer = plan.offersFileViewer,
+                                         .offersDemonstration = plan.offersDemonstration});
     }
-    // What the closing dialog left behind; one message only, the rest goes with the program.
-    MSG message;
-    if (PeekMessageA(&message, nullptr, 0, 0, PM_REMOVE)) {
-        TranslateMessage(&message);
-        DispatchMessageA(&message);
-    }
-    return result != IDCANCEL &&
-           (productType == product_type::live || productType == product_type::viewer ||
-            productType == product_type::demonstration);
+    machine.dispatchPendingMessage();
+    productType = chosen.value_or(productType);
+    return chosen == product_type::live || chosen == product_type::viewer ||
+           chosen == product_type::demonstration;
 }
 
 bool CInstallApp::SwitchToDemonstration() {
@@ -181,7 +161,7 @@ bool CInstallApp::SwitchToDemonstration() {
         switchToDemonstration(catalogue, productCode, productName, productNumber)) {
         return true;
     }
-    showMessage(invalidInstallerMessage(productCode));
+    machine.showMessage(invalidInstallerMessage(productCode));
     return false;
 }
 
@@ -190,27 +170,23 @@ void CInstallApp::LaunchSetup() {
     if (!LocateSetupUtility(setupPath)) {
         return;
     }
-    loadProductValues(catalogue);
-    const SetupRequest request{productCode, productNumber,   productType,
-                               typeSuffix,  sourceDirectory, isWow64()};
-    const auto isTaken = [this](const std::string& name) {
-        std::vector<std::size_t> matches;
-        return installationIndex.find(name, installation_selector::programFolder, matches);
-    };
-    const std::string programFolder =
-        uniqueProgramFolder(programFolderName(catalogue, request), productNumber, isTaken);
-    const std::string parameters = setupParameters(catalogue, request, programFolder);
-    ShellRunner().start(setupPath.c_str(), parameters.c_str(), "open");
+    loadProductValues(catalogue, machine);
+    const SetupRequest request{.productCode = productCode,
+                               .productNumber = productNumber,
+                               .productType = productType,
+                               .typeSuffix = typeSuffix,
+                               .sourceDirectory = sourceDirectory,
+                               .on64BitWindows = machine.isWow64()};
+    const std::string programFolder = uniqueProgramFolder(programFolderName(catalogue, request),
+                                                          productNumber, installationIndex);
+    launch(machine, setupPath, setupParameters(catalogue, request, programFolder));
 }
 
 bool CInstallApp::LocateSetupUtility(std::string& path) {
     path = formatCut("%s%s", sourceDirectory.c_str(), setupUtilityFile);
-    if (pathExists(path)) {
+    if (machine.pathKind(path) != PathKind::Inaccessible) {
         return true;
     }
-    MessageBoxA(nullptr, setupMissingMessage(path).text.c_str(), m_pszAppName,
-                MB_OK | MB_ICONERROR);
+    machine.showMessage(setupMissingMessage(path));
     return false;
 }
-
-CInstallApp theApp;

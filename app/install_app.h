@@ -3,21 +3,22 @@
 #include <string>
 
 #include "app/install_plan.h"
+#include "app/machine.h"
 #include "catalogue/product_catalogue.h"
-#include "catalogue/product_data_file_win.h"
 #include "drivers/driver_package_table.h"
-#include "framework/application_win.h"
-#include "installed/installation_index_win.h"
+#include "framework/application.h"
+#include "installed/installation_index.h"
 #include "platform/operating_system.h"
 
 /// The application object: runs the whole installation in InitInstance and holds the run's state,
 /// which only its own steps write.
 class CInstallApp : public CWinApp {
   public:
-    CInstallApp();
+    /// `machine` outlives the object; nothing is asked of it before InitInstance.
+    explicit CInstallApp(Machine& machine);
 
-    /// The install sequence from the command line to the hand-over. False: the run ended before
-    /// the hand-over, and whatever there was to say has been shown.
+    /// The install sequence from the command line to the launch of the setup utility. False: the
+    /// run ended before that, and whatever there was to say has been shown.
     [[nodiscard]] bool InitInstance() override;
 
     // The steps, in their order. A step that says false has shown why.
@@ -28,8 +29,8 @@ class CInstallApp : public CWinApp {
     void IdentifyProduct();
     /// The whole rest of the run for the free protocol viewer.
     void InstallDirectly();
-    [[nodiscard]] bool TakeHardwareRoad(const InstallPlan& plan);
-    [[nodiscard]] bool TakeOrdinaryRoad(const InstallPlan& plan);
+    [[nodiscard]] bool PrepareHardwareFamily(const InstallPlan& plan);
+    [[nodiscard]] bool PrepareOrdinaryProduct(const InstallPlan& plan);
     /// Whatever becomes of the older versions, the run goes on.
     void OfferUninstall(OlderVersions which);
     /// Shows a failure; the run goes on.
@@ -45,6 +46,7 @@ class CInstallApp : public CWinApp {
     /// message.
     [[nodiscard]] bool LocateSetupUtility(std::string& path);
 
+    Machine& machine;
     int operatingSystemCode = operating_system_code::windowsXp;
     int productNumber = 0;
     std::string hardwarePrompt;
@@ -52,7 +54,7 @@ class CInstallApp : public CWinApp {
     std::string installDirectory;  ///< read from the command line; no step needs it any more
     std::string productName;
     std::string productCode;
-    std::string selectionError;  ///< shown when the choice ends without a usable result
+    std::string selectionError;  ///< for a choice that ends without a usable result
     std::string typeSuffix;      ///< when not empty, follows the word "LIVE"
     InstallationIndex installationIndex;
     std::string prompt;

@@ -6,12 +6,12 @@
 
 namespace {
 
-Road roadOf(const DeviceFamily* family) {
+Route routeOf(const DeviceFamily* family) {
     if (family == nullptr || family->installKind == install_kind::liveOnly) {
-        return Road::Ordinary;
+        return Route::Ordinary;
     }
-    return family->installKind == install_kind::beforeProductType ? Road::HardwareFamily
-                                                                  : Road::EndSilently;
+    return family->installKind == install_kind::beforeProductType ? Route::HardwareFamily
+                                                                  : Route::EndSilently;
 }
 
 DriverStep driverStepOf(const DeviceFamily* family) {
@@ -28,17 +28,17 @@ InstallPlan planInstallation(std::string_view productCode, const CProductData& c
                              const DriverPackageTable& drivers) {
     InstallPlan plan;
     if (traitsOf(productCode).freeViewer) {
-        plan.road = Road::Direct;
+        plan.route = Route::Direct;
         return plan;
     }
     plan.productNumber = numberFromCode(productCode);
     plan.deviceFamily = findDeviceFamily(drivers, lowerCase(productCode));
-    plan.road = roadOf(plan.deviceFamily);
-    if (plan.road == Road::EndSilently) {
+    plan.route = routeOf(plan.deviceFamily);
+    if (plan.route == Route::EndSilently) {
         return plan;
     }
     plan.driverStep = driverStepOf(plan.deviceFamily);
-    if (plan.road == Road::Ordinary) {
+    if (plan.route == Route::Ordinary) {
         plan.olderVersions = traitsOf(plan.productNumber).replacesMakerProducts
                                  ? OlderVersions::OfMaker
                                  : OlderVersions::OfProduct;

@@ -8,7 +8,7 @@
 #include "drivers/driver_package_table.h"
 
 /// The way through the install sequence.
-enum class Road {
+enum class Route {
     Direct,          ///< the free viewer: nothing is asked
     EndSilently,     ///< nothing is installed and nothing said; the families' media rely on it
     HardwareFamily,  ///< drivers, then the choice of the product type
@@ -25,7 +25,7 @@ enum class DriverStep {
 };
 
 struct InstallPlan {
-    Road road = Road::Ordinary;
+    Route route = Route::Ordinary;
     int productNumber = -1;  ///< -1 for a code that is not one
     OlderVersions olderVersions = OlderVersions::Leave;
     DriverStep driverStep = DriverStep::None;

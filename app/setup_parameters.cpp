@@ -2,6 +2,7 @@
 
 #include <initializer_list>
 #include <tuple>
+#include <utility>
 
 #include "catalogue/product_code.h"
 #include "catalogue/product_traits.h"
@@ -104,10 +105,20 @@ std::string programFolderName(CProductData& catalogue, const SetupRequest& reque
     return name;
 }
 
-std::string programFolderCandidate(const std::string& folderName, int productNumber, int number) {
+std::string uniqueProgramFolder(const std::string& folderName, int productNumber,
+                                InstallationIndex& index) {
     const char* const maker = traitsOf(productNumber).withoutMakerName ? "" : "Halvick ";
-    return number == 1 ? maker + folderName
-                       : formatCut("%s%s %d", maker, folderName.c_str(), number);
+    std::string candidate = maker + folderName;
+    std::vector<std::size_t> matches;
+    for (int number = 2; index.find(candidate, installation_selector::programFolder, matches);
+         ++number) {
+        std::string next = formatCut("%s%s %d", maker, folderName.c_str(), number);
+        if (next == candidate) {
+            break;
+        }
+        candidate = std::move(next);
+    }
+    return candidate;
 }
 
 bool switchToDemonstration(CProductData& catalogue, std::string& productCode,

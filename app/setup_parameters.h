@@ -1,22 +1,23 @@
 // What the product's setup utility is handed: one parameter string, composed from the decisions
-// made so far. The release engineer's tools compose the same string.
+// made so far.
 #pragma once
 
 #include <string>
 #include <string_view>
 
 #include "catalogue/product_catalogue.h"
+#include "installed/installation_index.h"
 
 /// In the source directory.
 inline constexpr const char* setupUtilityFile = "Setup.Exe";
 
 /// What a run has decided when it comes to the hand-over.
 struct SetupRequest {
-    std::string productCode;
+    std::string productCode = {};
     int productNumber = 0;
-    unsigned productType = 0;  ///< one bit of product_type
-    std::string typeSuffix;    ///< may be empty
-    std::string sourceDirectory;
+    unsigned productType = 0;     ///< one bit of product_type
+    std::string typeSuffix = {};  ///< may be empty
+    std::string sourceDirectory = {};
     bool on64BitWindows = false;
 };
 
@@ -34,26 +35,11 @@ struct SetupRequest {
 /// The name of the program folder, before the maker's name and a number are added.
 [[nodiscard]] std::string programFolderName(CProductData& catalogue, const SetupRequest& request);
 
-/// The name to try with this number; 1 is the name without a number. Numbered names are cut to 260
-/// characters.
-[[nodiscard]] std::string programFolderCandidate(const std::string& folderName, int productNumber,
-                                                 int number);
-
-/// The first candidate for which `isTaken` says no. Numbers begin at 2. A name that is so long
-/// that its number is cut off is given up on and returned although it is taken.
-template <class IsTaken>
+/// The first name, in the order of the numbers (which begin at 2), that no installation in `index`
+/// has for its program folder. A name that is so long that its number is cut off is given up on and
+/// returned although it is taken.
 [[nodiscard]] std::string uniqueProgramFolder(const std::string& folderName, int productNumber,
-                                              IsTaken isTaken) {
-    std::string candidate = programFolderCandidate(folderName, productNumber, 1);
-    for (int number = 2; isTaken(candidate); ++number) {
-        std::string next = programFolderCandidate(folderName, productNumber, number);
-        if (next == candidate) {
-            break;
-        }
-        candidate = std::move(next);
-    }
-    return candidate;
-}
+                                              InstallationIndex& index);
 
 /// Replaces a product by its demonstration edition. False, with nothing changed, when it has none.
 [[nodiscard]] bool switchToDemonstration(CProductData& catalogue, std::string& productCode,

@@ -6,12 +6,27 @@
 #include "platform/format_text.h"
 #include "platform/operating_system.h"
 
+namespace {
+
+void runReportedInstaller(Computer& computer, const std::string& reportPath,
+                          const std::string& folder) {
+    const std::optional<std::string> report = computer.fileContent(reportPath);
+    if (!report) {
+        return;
+    }
+    const std::optional<std::string> installer =
+        reportedInstaller(*report, folder, driverInstallerName(computer.isWow64()));
+    if (installer && computer.pathKind(*installer) != PathKind::Inaccessible) {
+        launchAndWait(computer, *installer, "");
+    }
+}
+
+}  // namespace
+
 bool appliesTo(const DriverPackage& package, int operatingSystemCode) {
     const std::vector<int>& codes = package.operatingSystemCodes;
-    // As unsigned: the negative codes, which say that nothing was recognised, are out too.
-    return !package.archive.empty() && !package.targetFolder.empty() &&
-           static_cast<unsigned>(operatingSystemCode) <=
-               static_cast<unsigned>(operating_system_code::newestKnown) &&
+    return !package.archive.empty() && !package.targetFolder.empty() && operatingSystemCode >= 0 &&
+           operatingSystemCode != operating_system_code::unknownNewer &&
            std::find(codes.begin(), codes.end(), operatingSystemCode) != codes.end();
 }
 
@@ -52,4 +67,32 @@ std::optional<std::string> reportedInstaller(std::string_view report, const std:
     }
     const std::string relative(report.substr(quote + 1, found + name.size() - quote - 1));
     return formatCut("%s\\%s", folder.c_str(), relative.c_str());
+}
+
+bool installDrivers(Computer& computer, const std::string& sourceDirectory,
+                    const std::vector<DriverPackage>& packages, const char* dataKey,
+                    std::string& error) {
+    error.clear();
+    if (packages.empty()) {
+        return true;
+    }
+    if (dataKey == nullptr) {
+        error = "No data key specified.";
+        return false;
+    }
+    const int systemCode = operatingSystemCode(computer);
+    const std::string programFiles = computer.programFilesFolder();
+    for (const DriverPackage& package : packages) {
+        if (!appliesTo(package, systemCode)) {
+            continue;
+        }
+        const std::string folder = extractionFolder(package.targetFolder, programFiles);
+        const ExtractionCommand command =
+            extractionCommand(sourceDirectory, package.archive, dataKey, folder);
+        launchAndWait(computer, command.tool, command.arguments);
+        if (package.runInstaller) {
+            runReportedInstaller(computer, command.report, folder);
+        }
+    }
+    return true;
 }

@@ -1,4 +1,4 @@
-// What is run to unpack a driver package and to install what was unpacked.
+// Unpacking and installing driver packages.
 #pragma once
 
 #include <optional>
@@ -6,6 +6,7 @@
 #include <string_view>
 
 #include "drivers/driver_package_table.h"
+#include "platform/computer.h"
 
 /// In the source directory, beside the archives.
 inline constexpr const char* extractionToolFile = "flatten.exe";
@@ -40,3 +41,11 @@ struct ExtractionCommand {
 [[nodiscard]] std::optional<std::string> reportedInstaller(std::string_view report,
                                                            const std::string& folder,
                                                            std::string_view name);
+
+/// Unpacks `packages` from `sourceDirectory` (ends in a backslash) with the extraction tool that
+/// lies there, and runs the driver installers that its reports name; each process is waited for.
+/// `dataKey` points to 16 characters, may be null. False only when the key is missing; `error` is
+/// emptied first and then says so.
+[[nodiscard]] bool installDrivers(Computer& computer, const std::string& sourceDirectory,
+                                  const std::vector<DriverPackage>& packages, const char* dataKey,
+                                  std::string& error);

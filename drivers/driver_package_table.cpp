@@ -1,9 +1,12 @@
 #include "drivers/driver_package_table.h"
 
 #include <algorithm>
+#include <iterator>
 
 #include "platform/ansi_text.h"
 #include "platform/operating_system.h"
+
+namespace code = operating_system_code;
 
 namespace {
 
@@ -32,13 +35,19 @@ constexpr FamilyRow familyRows[] = {
     {"1W", "Multiple Tavlinks", install_kind::liveOnly, "CorvaneTavlinkDrivers.fzx", nullptr},
 };
 
+// Each by its name: a release that is added later has no drivers until they were tried on it.
+constexpr int releasesWithDrivers[] = {
+    code::windowsXp,    code::windowsXpX64, code::server2003, code::homeServer,
+    code::server2003R2, code::windowsVista, code::server2008, code::server2008R2,
+    code::windows7,     code::windows8,     code::server2012, code::windows81,
+    code::server2012R2, code::windows10,    code::server10,
+};
+
 DriverPackage driverPackage(const char* archive) {
-    DriverPackage package{true, {}, archive, driversFolder};
-    for (int code = operating_system_code::oldestWithDrivers;
-         code <= operating_system_code::newestKnown; ++code) {
-        package.operatingSystemCodes.push_back(code);
-    }
-    return package;
+    return {true,
+            {std::begin(releasesWithDrivers), std::end(releasesWithDrivers)},
+            archive,
+            driversFolder};
 }
 
 DeviceFamily deviceFamily(const FamilyRow& row) {
@@ -50,6 +59,14 @@ DeviceFamily deviceFamily(const FamilyRow& row) {
 }
 
 }  // namespace
+
+bool buildDriverPackageTable(DriverPackageTable& table) {
+    std::string allCodes;
+    for (const FamilyRow& row : familyRows) {
+        allCodes.append(row.code).append(";");
+    }
+    return buildDriverPackageTable(table, allCodes);
+}
 
 bool buildDriverPackageTable(DriverPackageTable& table, std::string codeList) {
     table.clear();

@@ -31,9 +31,12 @@ struct DeviceFamily {
 /// By device-family code in lower case.
 using DriverPackageTable = std::map<std::string, DeviceFamily>;
 
-/// Empties `table` and fills it with the families of `codeList`, codes separated by semicolons
-/// and of any letter case; unknown and empty codes are skipped. True when anything is in it.
-bool buildDriverPackageTable(DriverPackageTable& table, std::string codeList = "16;1K;1M;1R;1U;1W");
+/// Empties `table` and fills it with every family. True when anything is in it.
+bool buildDriverPackageTable(DriverPackageTable& table);
+
+/// The same with the families of `codeList`, codes separated by semicolons
+/// and of any letter case; unknown and empty codes are skipped.
+bool buildDriverPackageTable(DriverPackageTable& table, std::string codeList);
 
 /// Exact, case-sensitive look-up; null when there is none. The record belongs to the table.
 [[nodiscard]] const DeviceFamily* findDeviceFamily(const DriverPackageTable& table,

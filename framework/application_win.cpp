@@ -1,18 +1,6 @@
-#include "framework/application_win.h"
+#include <windows.h>
 
-namespace {
-
-constinit CWinApp* application = nullptr;
-
-}  // namespace
-
-CWinApp::CWinApp(const char* applicationName) : m_pszAppName(applicationName) {
-    application = this;
-}
-
-bool CWinApp::InitInstance() {
-    return true;
-}
+#include "framework/application.h"
 
 int CWinApp::Run() {
     if (m_pMainWnd == nullptr) {
@@ -26,10 +14,6 @@ int CWinApp::Run() {
     return static_cast<int>(message.wParam);
 }
 
-CWinApp* AfxGetApp() {
-    return application;
-}
-
-int AfxMessageBox(const std::string& text, UINT type) {
+int AfxMessageBox(const std::string& text, unsigned type) {
     return MessageBoxA(GetActiveWindow(), text.c_str(), AfxGetApp()->m_pszAppName, type);
 }

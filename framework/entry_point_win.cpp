@@ -1,6 +1,6 @@
 #include <windows.h>
 
-#include "framework/application_win.h"
+#include "framework/application.h"
 
 int WINAPI WinMain(HINSTANCE, HINSTANCE, LPSTR, int) {
     CWinApp* application = AfxGetApp();

@@ -1,7 +1,9 @@
 #include "installed/installation_index.h"
 
 #include <set>
+#include <tuple>
 
+#include "installed/key_tree_walk.h"
 #include "platform/ansi_text.h"
 
 namespace {
@@ -40,8 +42,13 @@ std::string_view withoutOuterBackslashes(std::string_view path) {
     return path;
 }
 
-}  // namespace
+std::string extraValue(const FieldMap& extras, std::string_view name) {
+    const auto extra = extras.find(name);
+    return extra == extras.end() ? std::string() : extra->second;
+}
 
+/// Appends the records whose "Registry Key" (letter case ignored) is not in the list yet: of two
+/// records of one key the first stays.
 void mergeInstallations(std::vector<InstallationRecord>& installations,
                         const std::vector<InstallationRecord>& records) {
     const auto keyOf = [](const InstallationRecord& record) {
@@ -58,7 +65,49 @@ void mergeInstallations(std::vector<InstallationRecord>& installations,
     }
 }
 
-std::string installationField(const InstallationRecord& record, std::string_view name) {
+}  // namespace
+
+bool InstallationIndex::load(bool includeLegacy) {
+    records.clear();
+    std::vector<InstallationRecord> read;
+    FieldMap extras;
+    readTree(makerTree, read, extras, MergeMode::Current);
+    helperLocation = extraValue(extras, "Installation Helper");
+    commonPath = extraValue(extras, "Path");
+    if (includeLegacy) {
+        readTree(olderMakerTree, read, extras, MergeMode::Legacy);
+    }
+    return !records.empty();
+}
+
+bool InstallationIndex::readTree(const std::string& subkeyPath,
+                                 std::vector<InstallationRecord>& read, FieldMap& extras,
+                                 MergeMode mode) {
+    clearWalkError();
+    read.clear();
+    extras.clear();
+    // Kept: what was read before a failure counts.
+    std::ignore = walkKeyTree(computer->localMachine().get(), subkeyPath, "HKEY_LOCAL_MACHINE\\",
+                              read, extras);
+    for (InstallationRecord& record : read) {
+        record.legacy = mode == MergeMode::Legacy;
+    }
+    const std::size_t known = records.size();
+    mergeInstallations(records, read);
+    for (std::size_t position = known; position < records.size(); ++position) {
+        InstallationRecord& record = records[position];
+        std::ignore = readExecutableVersion(record, record.executableVersion);  // else empty
+        record.fields["Version"] = record.executableVersion;
+    }
+    return !records.empty();
+}
+
+std::string InstallationIndex::field(std::size_t position, std::string_view name) {
+    loadIfEmpty();
+    if (position >= records.size()) {
+        return {};
+    }
+    const InstallationRecord& record = records[position];
     for (const std::string_view answered : answeredFields) {
         if (equalIgnoringCase(answered, name)) {
             const bool old = record.legacy && answered == userDataKey;
@@ -68,22 +117,45 @@ std::string installationField(const InstallationRecord& record, std::string_view
     return {};
 }
 
-bool findInstallations(const std::vector<InstallationRecord>& installations, std::string_view value,
-                       int selector, std::vector<std::size_t>& matches) {
+bool InstallationIndex::find(std::string_view value, int selector,
+                             std::vector<std::size_t>& matches) {
     matches.clear();
+    if (value.empty()) {
+        return false;
+    }
+    loadIfEmpty();
     const std::string_view field = selectedField(selector);
-    if (value.empty() || field.empty()) {
+    if (field.empty()) {
         return false;
     }
     const auto comparable = [selector](std::string_view text) {
         return selector == installation_selector::path ? withoutOuterBackslashes(text) : text;
     };
     const std::string wanted = lowerCase(comparable(value));
-    for (std::size_t position = installations.size(); position-- > 0;) {
-        const std::string_view text = comparable(fieldText(installations[position], field));
+    for (std::size_t position = records.size(); position-- > 0;) {
+        const std::string_view text = comparable(fieldText(records[position], field));
         if (text.size() == wanted.size() && lowerCase(text) == wanted) {
             matches.push_back(position);
         }
     }
     return !matches.empty();
+}
+
+bool InstallationIndex::readExecutableVersion(const InstallationRecord& record,
+                                              std::string& version) const {
+    version.clear();
+    for (const std::string& path : analyserPaths(record)) {
+        std::string fileVersion;
+        if (computer->fileVersion(path, fileVersion)) {
+            version = versionPart(fileVersion);
+            return true;
+        }
+    }
+    return false;
+}
+
+void InstallationIndex::loadIfEmpty() {
+    if (records.empty()) {
+        load(true);
+    }
 }

@@ -1,4 +1,4 @@
-// Questions to a list of installation records, and how lists become one.
+// The installations recorded in the maker's registry trees, and questions to them.
 #pragma once
 
 #include <cstddef>
@@ -7,6 +7,7 @@
 #include <vector>
 
 #include "installed/installation_record.h"
+#include "platform/computer.h"
 
 // The maker's registry trees, below HKEY_LOCAL_MACHINE; the older one is that of an earlier
 // generation of installers.
@@ -22,17 +23,47 @@ inline constexpr int programFolder = 3;
 inline constexpr int temporaryReference = 5;
 }  // namespace installation_selector
 
-/// Appends the records whose "Registry Key" (letter case ignored) is not in the list yet: of two
-/// records of one key the first stays.
-void mergeInstallations(std::vector<InstallationRecord>& installations,
-                        const std::vector<InstallationRecord>& records);
+/// What the records of a tree become in the index.
+enum class MergeMode { Current, Legacy };
 
-/// The field of this name (letter case ignored); empty when it is not one that may be asked for.
-[[nodiscard]] std::string installationField(const InstallationRecord& record,
-                                            std::string_view name);
+/// The installations recorded in the maker's registry tree. Reports nothing; why a walk failed
+/// is in walkError.
+class InstallationIndex {
+  public:
+    /// Reads from `computer`, which outlives the index; nothing before it is asked.
+    explicit InstallationIndex(Computer& computer) : computer(&computer) {}
 
-/// Puts the positions of the records whose selected field equals `value` (letter case ignored)
-/// into `matches`, last first. Returns whether there are any.
-[[nodiscard]] bool findInstallations(const std::vector<InstallationRecord>& installations,
-                                     std::string_view value, int selector,
-                                     std::vector<std::size_t>& matches);
+    /// Reads the trees anew. False when they hold no installation.
+    bool load(bool includeLegacy);
+
+    /// Reads one tree below HKEY_LOCAL_MACHINE into `records` and `extras` (emptied first) and
+    /// merges the records into the index, each with the version that its analyser executable has;
+    /// what an installation wrote about its version is not trusted. False when the index holds no
+    /// record.
+    bool readTree(const std::string& subkeyPath, std::vector<InstallationRecord>& records,
+                  FieldMap& extras, MergeMode mode);
+
+    /// The field (letter case ignored) of the installation at `position`; empty when there is no
+    /// such installation or field. Loads an empty index first, legacy tree included.
+    [[nodiscard]] std::string field(std::size_t position, std::string_view name);
+
+    /// The positions of the installations whose field equals `value` (letter case ignored), last
+    /// first; `selector` is one of installation_selector. False when there are none, and at once
+    /// when `value` is empty. Loads an empty index first, legacy tree included.
+    [[nodiscard]] bool find(std::string_view value, int selector,
+                            std::vector<std::size_t>& matches);
+
+    /// The version of the installation's analyser executable; `version` is empty when there is
+    /// none. False when no executable has a version resource.
+    [[nodiscard]] bool readExecutableVersion(const InstallationRecord& record,
+                                             std::string& version) const;
+
+    std::vector<InstallationRecord> records;
+    std::string helperLocation;  ///< where the installation helper is
+    std::string commonPath;
+
+  private:
+    void loadIfEmpty();
+
+    Computer* computer;
+};

@@ -1,9 +1,12 @@
+// Installed versions of the products, as the platform's uninstall list describes them.
 #pragma once
 
 #include <string>
 #include <string_view>
+#include <vector>
 
-/// One installed version, as its entry in the platform's uninstall list describes it.
+#include "platform/registry_key.h"
+
 struct InstalledProduct {
     std::string displayName;
     std::string uninstallString;  ///< command line of the uninstaller, not parsed
@@ -18,20 +21,34 @@ inline constexpr char uninstallListKey[] =
 /// Part of the display names of all products of the maker.
 inline constexpr char makerFilter[] = "Halvick";
 
-/// Whether an installed version is reported: its text keeps the four-field rule and its first
-/// number is above 10.
-[[nodiscard]] bool isReportedVersion(std::string_view displayVersion);
+/// Why an entry of the list is not reported.
+enum class EntryState {
+    Reported,
+    NoDisplayName,
+    OtherProduct,  ///< the display name does not contain the filter, letter case counts
+    NoVersion,     ///< none, or not one of four fields
+    TooOld,        ///< the first number of the version is not above 10
+    NoUninstaller,
+    NoInstallLocation,
+};
 
-/// Reads an entry of the uninstall list through `readText`, which takes a value's name and fills a
-/// text, or says false. False for an entry that is not to be reported: its display name does not
-/// contain `filter` (case-sensitive), its version is too old, or a text is missing.
-template <class ReadText>
-[[nodiscard]] bool readInstalledProduct(ReadText readText, std::string_view filter,
-                                        InstalledProduct& product) {
-    std::string displayVersion;
-    return readText("DisplayName", product.displayName) &&
-           product.displayName.find(filter) != std::string::npos &&
-           readText("DisplayVersion", displayVersion) && isReportedVersion(displayVersion) &&
-           readText("UninstallString", product.uninstallString) &&
-           readText("InstallLocation", product.installLocation);
-}
+/// Reads an entry into `product`. Texts of other types, without a terminator or of more than 259
+/// characters count as missing.
+[[nodiscard]] EntryState readEntry(const KeyReader& entry, std::string_view filter,
+                                   InstalledProduct& product);
+
+// Each function appends to `products`, in the registry's order, and returns whether it appended
+// anything; nothing is told to the user.
+
+/// Every version whose display name contains `filter`.
+[[nodiscard]] bool findInstalledProducts(const KeyReader& localMachine, const std::string& filter,
+                                         std::vector<InstalledProduct>& products);
+
+/// Every version of any product of the maker.
+[[nodiscard]] bool findInstalledMakerProducts(const KeyReader& localMachine,
+                                              std::vector<InstalledProduct>& products);
+
+/// The versions of the product with this number, found by the name that the code directory has
+/// for it; false without a look at the registry when it has none.
+[[nodiscard]] bool findInstalledProductsFor(const KeyReader& localMachine, int productNumber,
+                                            std::vector<InstalledProduct>& products);

@@ -4,6 +4,10 @@
 
 #include "platform/ansi_text.h"
 
+bool isFullPath(std::string_view path) {
+    return path.starts_with("\\\\") || (path.size() > 2 && path[1] == ':' && path[2] == '\\');
+}
+
 std::string directoryOfProgram(std::string_view programPath) {
     constexpr std::size_t maximumLength = 256;
     const std::size_t drive = programPath.size() > 1 && programPath[1] == ':' ? 2 : 0;

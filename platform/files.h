@@ -1,10 +1,18 @@
 #pragma once
 
+#include <cstddef>
 #include <string>
 #include <string_view>
 
 /// What the file system has under a path.
 enum class PathKind { Inaccessible, File, Directory };
+
+/// Far above any file that a run reads, and low enough for the memory to work on it. One that is
+/// larger is not what its name says.
+inline constexpr std::size_t maximumFileSize = 0x2000000;
+
+/// Whether the path names its drive or share and goes on from the root.
+[[nodiscard]] bool isFullPath(std::string_view path);
 
 /// Drive and directory of a program file's path, ending in the last backslash or slash. Empty
 /// when the directory alone has more than 256 characters; no file within one can be opened.

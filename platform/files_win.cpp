@@ -4,24 +4,12 @@
 
 #include "platform/handle_win.h"
 
-namespace {
-
-/// Far above any file that the program reads, and low enough for the memory to work on it. One that
-/// is larger is not what its name says.
-constexpr LONGLONG maximumSize = 0x2000000;
-
-}  // namespace
-
 PathKind examinePath(const std::string& path) {
     const DWORD attributes = GetFileAttributesA(path.c_str());
     if (attributes == INVALID_FILE_ATTRIBUTES) {
         return PathKind::Inaccessible;
     }
     return (attributes & FILE_ATTRIBUTE_DIRECTORY) != 0 ? PathKind::Directory : PathKind::File;
-}
-
-bool pathExists(const std::string& path) {
-    return examinePath(path) != PathKind::Inaccessible;
 }
 
 bool isListed(const std::string& path) {
@@ -41,7 +29,8 @@ std::optional<std::string> readFileContent(const std::string& path) {
                                         FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE,
                                         nullptr, OPEN_EXISTING, FILE_ATTRIBUTE_NORMAL, nullptr));
     LARGE_INTEGER size;
-    if (!file || !GetFileSizeEx(file.get(), &size) || size.QuadPart > maximumSize) {
+    if (!file || !GetFileSizeEx(file.get(), &size) ||
+        size.QuadPart > static_cast<LONGLONG>(maximumFileSize)) {
         return std::nullopt;
     }
     std::string content(static_cast<std::size_t>(size.QuadPart), '\0');
@@ -51,4 +40,21 @@ std::optional<std::string> readFileContent(const std::string& path) {
         return std::nullopt;
     }
     return content;
+}
+
+DWORD copyOverFile(const std::string& source, const std::string& target) {
+    // From read-only media the attribute comes along: such a copy could neither be replaced nor
+    // remove itself.
+    const auto makeWritable = [&target] {
+        const DWORD attributes = GetFileAttributesA(target.c_str());
+        if (attributes != INVALID_FILE_ATTRIBUTES && (attributes & FILE_ATTRIBUTE_READONLY) != 0) {
+            SetFileAttributesA(target.c_str(), attributes & ~FILE_ATTRIBUTE_READONLY);
+        }
+    };
+    makeWritable();
+    if (!CopyFileA(source.c_str(), target.c_str(), FALSE)) {
+        return GetLastError();
+    }
+    makeWritable();
+    return ERROR_SUCCESS;
 }

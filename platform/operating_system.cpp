@@ -4,6 +4,7 @@
 #include <utility>
 
 #include "platform/ansi_text.h"
+#include "platform/computer.h"
 #include "platform/format_text.h"
 
 namespace code = operating_system_code;
@@ -182,4 +183,25 @@ int deliverOperatingSystemName(const OperatingSystemIdentity& identity, char* bu
     std::memcpy(buffer, identity.name.data(), length);
     buffer[length] = '\0';
     return identity.code;
+}
+
+int operatingSystemCode(Computer& computer) {
+    return identifyOperatingSystem(computer.operatingSystem()).code;
+}
+
+int operatingSystemName(Computer& computer, std::uint32_t& platformId, char* buffer,
+                        std::size_t size, bool wantName) {
+    platformId = 0;
+    if (wantName && (buffer == nullptr || size == 0)) {
+        return code::noBuffer;
+    }
+    const OperatingSystemFacts facts = computer.operatingSystem();
+    platformId = facts.platformId;
+    const OperatingSystemIdentity identity = identifyOperatingSystem(facts);
+    return wantName ? deliverOperatingSystemName(identity, buffer, size) : identity.code;
+}
+
+int operatingSystemName(Computer& computer, char* buffer, std::size_t size) {
+    std::uint32_t platformId = 0;
+    return operatingSystemName(computer, platformId, buffer, size, true);
 }

@@ -6,6 +6,8 @@
 #include <optional>
 #include <string>
 
+class Computer;
+
 /// What a run knows the running release by. Later releases than those that the manifest declares
 /// report themselves as 6.2, so the codes above windows8 and server2012 are rare.
 namespace operating_system_code {
@@ -37,8 +39,6 @@ inline constexpr int unknownNewer = 24;   ///< a major version of 7 or more, or 
 inline constexpr int notRecognised = -1;  ///< the query failed, or its answer names no release
 inline constexpr int nameTooLong = -2;    ///< for the caller's buffer
 inline constexpr int noBuffer = -3;
-inline constexpr int oldestWithDrivers = windowsXp;
-inline constexpr int newestKnown = server10;
 }  // namespace operating_system_code
 
 /// Everything the identification looks at. The first group mirrors OSVERSIONINFOA, the second
@@ -84,3 +84,14 @@ struct OperatingSystemIdentity {
 /// returned).
 [[nodiscard]] int deliverOperatingSystemName(const OperatingSystemIdentity& identity, char* buffer,
                                              std::size_t size);
+
+/// The code alone; see operating_system_code for the negative ones.
+[[nodiscard]] int operatingSystemCode(Computer& computer);
+
+/// The naming form: sets `platformId` (0 until Windows has answered) and, with `wantName`, fills
+/// `buffer` of `size` bytes as deliverOperatingSystemName does.
+[[nodiscard]] int operatingSystemName(Computer& computer, std::uint32_t& platformId, char* buffer,
+                                      std::size_t size, bool wantName);
+
+/// As above with the name wanted and the platform id dropped.
+[[nodiscard]] int operatingSystemName(Computer& computer, char* buffer, std::size_t size);

@@ -43,26 +43,6 @@ OperatingSystemFacts queryOperatingSystem() {
     return facts;
 }
 
-int operatingSystemCode() {
-    return identifyOperatingSystem(queryOperatingSystem()).code;
-}
-
-int operatingSystemName(std::uint32_t& platformId, char* buffer, std::size_t size, bool wantName) {
-    platformId = 0;
-    if (wantName && (buffer == nullptr || size == 0)) {
-        return operating_system_code::noBuffer;
-    }
-    const OperatingSystemFacts facts = queryOperatingSystem();
-    platformId = facts.platformId;
-    const OperatingSystemIdentity identity = identifyOperatingSystem(facts);
-    return wantName ? deliverOperatingSystemName(identity, buffer, size) : identity.code;
-}
-
-int operatingSystemName(char* buffer, std::size_t size) {
-    std::uint32_t platformId = 0;
-    return operatingSystemName(platformId, buffer, size, true);
-}
-
 bool isWow64() {
     const HMODULE kernel = GetModuleHandleA("Kernel32.dll");
     // The looked-up address only says that the platform can tell.

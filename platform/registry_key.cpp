@@ -1,16 +1,37 @@
 #include "platform/registry_key.h"
 
-bool isStringType(unsigned long type) {
-    constexpr unsigned long string = 1;
-    constexpr unsigned long expandableString = 2;
+bool isStringType(std::uint32_t type) {
+    constexpr std::uint32_t string = 1;
+    constexpr std::uint32_t expandableString = 2;
     return type == string || type == expandableString;
-}
-
-bool isTerminated(const char* data, std::size_t size) {
-    return size == 0 || data[size - 1] == '\0';
 }
 
 std::string_view textOfData(const char* data, std::size_t size) {
     const std::string_view all(data, size);
     return all.substr(0, all.find('\0'));
+}
+
+std::uint32_t readStringValue(const KeyReader& key, const char* name, char* buffer,
+                              std::uint32_t& size) {
+    const std::uint32_t capacity = size;
+    size = 0;
+    std::uint32_t type = 0;
+    std::uint32_t dataSize = capacity;
+    const std::uint32_t result = key.queryValue(name, type, buffer, dataSize);
+    if (result != errorSuccess) {
+        return result;
+    }
+    if (!isStringType(type)) {
+        return errorInvalidData;
+    }
+    if (buffer != nullptr) {
+        if (dataSize == 0 && capacity != 0) {
+            buffer[0] = '\0';
+        }
+        if (dataSize != 0 && buffer[dataSize - 1] != '\0') {
+            return errorInvalidData;
+        }
+    }
+    size = dataSize;
+    return errorSuccess;
 }

@@ -1,15 +1,57 @@
-// What the raw data of a registry value is as text. Anything can be stored under any type, with
-// or without a terminator.
+// Reading the registry: what an open key answers, and what the raw data of a value is as text.
+// Anything can be stored under any type, with or without a terminator.
 #pragma once
 
 #include <cstddef>
+#include <cstdint>
+#include <memory>
+#include <string>
 #include <string_view>
 
-/// Whether `type` is one of the two string types (REG_SZ and REG_EXPAND_SZ of winnt.h).
-[[nodiscard]] bool isStringType(unsigned long type);
+// Error codes that the readers tell apart; mirror winerror.h.
+inline constexpr std::uint32_t errorSuccess = 0;
+inline constexpr std::uint32_t errorInvalidData = 13;
+inline constexpr std::uint32_t errorNoMoreItems = 259;
 
-/// Whether the data is empty or its last byte is a terminator.
-[[nodiscard]] bool isTerminated(const char* data, std::size_t size);
+/// An open key, closed with the object. Its operations mirror those of winreg.h and return Windows'
+/// error codes; what a failing one should have filled is not to be relied on.
+class KeyReader {
+  public:
+    KeyReader() = default;
+    virtual ~KeyReader() = default;
+    KeyReader(const KeyReader&) = delete;
+    KeyReader& operator=(const KeyReader&) = delete;
+
+    /// For reading, in the program's own registry view: the products' 32-bit installers write
+    /// there. `path` can have several levels. On failure `subkey` keeps what it held.
+    [[nodiscard]] virtual std::uint32_t openSubkey(const char* path,
+                                                   std::unique_ptr<KeyReader>& subkey) const = 0;
+    [[nodiscard]] virtual std::uint32_t count(std::uint32_t& subkeys,
+                                              std::uint32_t& values) const = 0;
+    /// The name, terminated. `size` counts bytes: the buffer's, then the name's without terminator.
+    [[nodiscard]] virtual std::uint32_t enumerateSubkey(std::uint32_t index, char* name,
+                                                        std::uint32_t& size) const = 0;
+    /// The same for a value, with its data as they are.
+    [[nodiscard]] virtual std::uint32_t enumerateValue(std::uint32_t index, char* name,
+                                                       std::uint32_t& nameSize, char* data,
+                                                       std::uint32_t& dataSize) const = 0;
+    /// The data as they are; a null buffer asks for their size alone.
+    [[nodiscard]] virtual std::uint32_t queryValue(const char* name, std::uint32_t& type,
+                                                   char* data, std::uint32_t& size) const = 0;
+    /// GetLastError, which these operations need not set.
+    [[nodiscard]] virtual std::uint32_t lastError() const = 0;
+};
+
+/// Reads a terminated value of a string type. `size` is the capacity of `buffer` in bytes, and
+/// becomes the size of the data with its terminator; 0 on failure and for data without any byte,
+/// which is the empty string. A null `buffer` asks for the size alone, and nothing is known of the
+/// terminator then. Returns the Windows error code; errorInvalidData for any other type and for
+/// data without a terminator.
+[[nodiscard]] std::uint32_t readStringValue(const KeyReader& key, const char* name, char* buffer,
+                                            std::uint32_t& size);
+
+/// Whether `type` is one of the two string types (REG_SZ and REG_EXPAND_SZ of winnt.h).
+[[nodiscard]] bool isStringType(std::uint32_t type);
 
 /// The data up to its first zero byte, or all of it. Points into `data`.
 [[nodiscard]] std::string_view textOfData(const char* data, std::size_t size);

@@ -1,6 +1,8 @@
 #include "platform/registry_key_win.h"
 
-#include "platform/registry_key.h"
+#include <tuple>
+#include <utility>
+
 #include "platform/system_library_win.h"
 
 namespace {
@@ -40,27 +42,61 @@ LSTATUS RegistryKey::open(HKEY parent, const char* subkeyPath, REGSAM access) {
     return handle.reset(opened);
 }
 
-LSTATUS readStringValue(HKEY key, const char* name, char* buffer, DWORD& size) {
-    const DWORD capacity = size;
-    size = 0;
-    DWORD type = REG_NONE;
-    DWORD dataSize = capacity;
+std::uint32_t RegistryKey::openSubkey(const char* path, std::unique_ptr<KeyReader>& subkey) const {
+    auto opened = std::make_unique<RegistryKey>();
+    const LSTATUS result = opened->open(handle.get(), path, KEY_READ);
+    if (result == ERROR_SUCCESS) {
+        subkey = std::move(opened);
+    }
+    return static_cast<std::uint32_t>(result);
+}
+
+std::uint32_t RegistryKey::count(std::uint32_t& subkeys, std::uint32_t& values) const {
+    DWORD subkeyCount = 0, valueCount = 0;
     const LSTATUS result =
-        RegQueryValueExA(key, name, nullptr, &type, reinterpret_cast<BYTE*>(buffer), &dataSize);
-    if (result != ERROR_SUCCESS) {
-        return result;
-    }
-    if (!isStringType(type)) {
-        return ERROR_INVALID_DATA;
-    }
-    if (buffer != nullptr) {
-        if (dataSize == 0 && capacity != 0) {
-            buffer[0] = '\0';
-        }
-        if (!isTerminated(buffer, dataSize)) {
-            return ERROR_INVALID_DATA;
-        }
-    }
-    size = dataSize;
-    return ERROR_SUCCESS;
+        RegQueryInfoKeyA(handle.get(), nullptr, nullptr, nullptr, &subkeyCount, nullptr, nullptr,
+                         &valueCount, nullptr, nullptr, nullptr, nullptr);
+    subkeys = subkeyCount;
+    values = valueCount;
+    return static_cast<std::uint32_t>(result);
+}
+
+std::uint32_t RegistryKey::enumerateSubkey(std::uint32_t index, char* name,
+                                           std::uint32_t& size) const {
+    DWORD length = size;
+    const LSTATUS result =
+        RegEnumKeyExA(handle.get(), index, name, &length, nullptr, nullptr, nullptr, nullptr);
+    size = length;
+    return static_cast<std::uint32_t>(result);
+}
+
+std::uint32_t RegistryKey::enumerateValue(std::uint32_t index, char* name, std::uint32_t& nameSize,
+                                          char* data, std::uint32_t& dataSize) const {
+    DWORD nameLength = nameSize, dataLength = dataSize;
+    const LSTATUS result = RegEnumValueA(handle.get(), index, name, &nameLength, nullptr, nullptr,
+                                         reinterpret_cast<BYTE*>(data), &dataLength);
+    nameSize = nameLength;
+    dataSize = dataLength;
+    return static_cast<std::uint32_t>(result);
+}
+
+std::uint32_t RegistryKey::queryValue(const char* name, std::uint32_t& type, char* data,
+                                      std::uint32_t& size) const {
+    DWORD valueType = REG_NONE, length = size;
+    const LSTATUS result = RegQueryValueExA(handle.get(), name, nullptr, &valueType,
+                                            reinterpret_cast<BYTE*>(data), &length);
+    type = valueType;
+    size = length;
+    return static_cast<std::uint32_t>(result);
+}
+
+std::uint32_t RegistryKey::lastError() const {
+    return GetLastError();
+}
+
+std::unique_ptr<KeyReader> openLocalMachine() {
+    auto root = std::make_unique<RegistryKey>();
+    // An empty path gives a predefined key's own handle, which closing leaves open.
+    std::ignore = root->open(HKEY_LOCAL_MACHINE, "", KEY_READ);
+    return root;
 }

@@ -3,8 +3,9 @@
 #include <windows.h>
 
 #include "platform/handle_win.h"
+#include "platform/registry_key.h"
 
-/// A registry transaction that keys are opened in.
+/// A registry transaction that keys are opened in. The installer uses none.
 struct RegistryTransaction {
     HANDLE handle = nullptr;  ///< of the transaction manager; not owned
     /// While `handle` is null: zero makes opens fail, any other value makes them ordinary ones.
@@ -12,7 +13,7 @@ struct RegistryTransaction {
 };
 
 /// An open registry key, closed with the object.
-class RegistryKey {
+class RegistryKey : public KeyReader {
   public:
     /// `transaction` may be null, and outlives the key.
     explicit RegistryKey(const RegistryTransaction* transaction = nullptr);
@@ -22,14 +23,22 @@ class RegistryKey {
     /// transactions, or the transaction has no handle and asks for one.
     [[nodiscard]] LSTATUS open(HKEY parent, const char* subkeyPath, REGSAM access);
 
+    [[nodiscard]] std::uint32_t openSubkey(const char* path,
+                                           std::unique_ptr<KeyReader>& subkey) const override;
+    [[nodiscard]] std::uint32_t count(std::uint32_t& subkeys, std::uint32_t& values) const override;
+    [[nodiscard]] std::uint32_t enumerateSubkey(std::uint32_t index, char* name,
+                                                std::uint32_t& size) const override;
+    [[nodiscard]] std::uint32_t enumerateValue(std::uint32_t index, char* name,
+                                               std::uint32_t& nameSize, char* data,
+                                               std::uint32_t& dataSize) const override;
+    [[nodiscard]] std::uint32_t queryValue(const char* name, std::uint32_t& type, char* data,
+                                           std::uint32_t& size) const override;
+    [[nodiscard]] std::uint32_t lastError() const override;
+
     RegistryHandle handle;  ///< empty when closed
     REGSAM view = 0;        ///< KEY_WOW64_64KEY, KEY_WOW64_32KEY as asked for at the last open
     const RegistryTransaction* transaction;
 };
 
-/// Reads a terminated value of a string type. `size` is the capacity of `buffer` in bytes, and
-/// becomes the size of the data with its terminator; 0 on failure and for data without any byte,
-/// which is the empty string. A null `buffer` asks for the size alone, and nothing is known of the
-/// terminator then. Returns the Windows error code; ERROR_INVALID_DATA (13) for any other type
-/// and for data without a terminator.
-[[nodiscard]] LSTATUS readStringValue(HKEY key, const char* name, char* buffer, DWORD& size);
+/// HKEY_LOCAL_MACHINE itself.
+[[nodiscard]] std::unique_ptr<KeyReader> openLocalMachine();

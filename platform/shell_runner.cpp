@@ -1,5 +1,8 @@
 #include "platform/shell_runner.h"
 
+#include "platform/computer.h"
+#include "platform/files.h"
+
 namespace {
 
 struct FailureMessage {
@@ -46,18 +49,44 @@ constexpr FailureMessage errorMessages[] = {
     {1223, "Operation cancelled by user."},
 };
 
+/// Whether `file` is the full path, in quotes or without, of what is no file.
+bool isMissing(Computer& computer, std::string file) {
+    if (file.size() > 1 && file.front() == '"' && file.back() == '"') {
+        file = file.substr(1, file.size() - 2);
+    }
+    return isFullPath(file) && computer.pathKind(file) != PathKind::File;
+}
+
+bool isStarted(Computer& computer, const StartResult& result) {
+    const char* const text = result.started ? nullptr : shellFailureMessage(result);
+    if (text != nullptr) {
+        computer.showMessage({.text = text, .owner = MessageOwner::None, .title = "Error"});
+    }
+    return result.started;
+}
+
 }  // namespace
 
-const char* shellFailureMessage(const void* instance, std::uint32_t lastError) {
+const char* shellFailureMessage(const StartResult& failure) {
     for (const FailureMessage& message : instanceMessages) {
-        if (message.code == reinterpret_cast<std::uintptr_t>(instance)) {
+        if (message.code == failure.instance) {
             return message.text;
         }
     }
     for (const FailureMessage& message : errorMessages) {
-        if (message.code == lastError) {
+        if (message.code == failure.lastError) {
             return message.text;
         }
     }
     return "Unknown ShellExecute error !";
+}
+
+bool launch(Computer& computer, const std::string& file, const std::string& parameters) {
+    return !file.empty() && !isMissing(computer, file) &&
+           isStarted(computer, computer.start(file, parameters));
+}
+
+bool launchAndWait(Computer& computer, const std::string& file, const std::string& parameters) {
+    return !file.empty() && !isMissing(computer, file) &&
+           isStarted(computer, computer.startAndWait(file, parameters));
 }

@@ -2,7 +2,6 @@
 
 #include <objbase.h>
 
-#include "platform/shell_runner.h"
 #include "platform/system_library_win.h"
 
 namespace {
@@ -28,15 +27,6 @@ void initializeCom() {
     }
 }
 
-/// False with the Windows error code in `error`.
-bool execute(SHELLEXECUTEINFOA& execution, DWORD& error) {
-    initializeCom();
-    const InheritableLibrarySearch search;
-    const bool started = ShellExecuteExA(&execution) != FALSE;
-    error = GetLastError();
-    return started;
-}
-
 }  // namespace
 
 ShellRunner::ShellRunner(HWND owner) {
@@ -50,21 +40,15 @@ ShellRunner::ShellRunner(HWND owner) {
 
 HANDLE ShellRunner::start(const char* file, const char* parameters, const char* verb) {
     exitCode = 0;
-    if (file == nullptr) {
-        return nullptr;
-    }
     execution.lpVerb = verb;
     execution.lpFile = file;
     execution.lpParameters = parameters != nullptr && *parameters != '\0' ? parameters : nullptr;
-    DWORD error = ERROR_SUCCESS;
-    if (execute(execution, error)) {
-        return execution.hProcess;
-    }
-    const char* message = shellFailureMessage(execution.hInstApp, error);
-    if (message != nullptr) {
-        MessageBoxA(nullptr, message, "Error", MB_OK | MB_ICONEXCLAMATION);
-    }
-    return nullptr;
+    initializeCom();
+    const InheritableLibrarySearch search;
+    result.started = ShellExecuteExA(&execution) != FALSE;
+    result.lastError = GetLastError();
+    result.instance = reinterpret_cast<std::uintptr_t>(execution.hInstApp);
+    return result.started ? execution.hProcess : nullptr;
 }
 
 bool ShellRunner::runAndWait(const char* file, const char* parameters, const char* verb) {

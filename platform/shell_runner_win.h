@@ -4,9 +4,9 @@
 
 #include <shellapi.h>
 
+#include "platform/shell_runner.h"
+
 /// Starts programs through the shell. One object may serve several runs, one after another.
-/// A failed start is reported to the user by a message box titled "Error", but for a file that
-/// was not found.
 class ShellRunner {
   public:
     /// `owner` is the shell's owner window, may be null.
@@ -14,7 +14,7 @@ class ShellRunner {
 
     /// Starts `file`; the texts are used during the call only. Null or empty `parameters` are
     /// passed as none. Returns the process handle, which is never closed (kept: it lives as long
-    /// as the installer, which ends soon after), or null on failure or when `file` is null.
+    /// as the installer, which ends soon after), or null on failure.
     HANDLE start(const char* file, const char* parameters, const char* verb);
 
     /// Starts `file` and blocks until it has ended, pumping no messages. False when it could not
@@ -23,6 +23,8 @@ class ShellRunner {
 
     /// Exit code of the last process waited for; 0 after start.
     DWORD exitCode = 0;
+    /// Of the last start.
+    StartResult result;
 
   private:
     SHELLEXECUTEINFOA execution{};

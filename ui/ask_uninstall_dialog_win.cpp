@@ -4,7 +4,6 @@
 
 #include "platform/ansi_text.h"
 #include "platform/handle_win.h"
-#include "platform/shell_runner_win.h"
 #include "ui/ask_uninstall_dialog.h"
 #include "ui/resource.h"
 
@@ -26,8 +25,10 @@ int CALLBACK compareItems(LPARAM left, LPARAM right, LPARAM order) {
 
 }  // namespace
 
-CAskUninstallDlg::CAskUninstallDlg(const std::vector<InstalledProduct>& products)
-    : CDialog(IDD_ASK_UNINSTALL), products(&products) {}
+CAskUninstallDlg::CAskUninstallDlg(
+    const std::vector<InstalledProduct>& products,
+    const std::function<void(const std::vector<std::string>& tickedNames)>& remove)
+    : CDialog(IDD_ASK_UNINSTALL), products(&products), remove(&remove) {}
 
 bool CAskUninstallDlg::OnInitDialog() {
     BindControl(list, IDC_VERSION_LIST);
@@ -63,9 +64,7 @@ void CAskUninstallDlg::OnConfirm() {
             tickedNames.push_back(list.GetItemText(item, nameColumn));
         }
     }
-    for (const std::string& command : uninstallCommands(tickedNames, *products)) {
-        ShellRunner().runAndWait(command.c_str(), "", "open");
-    }
+    (*remove)(tickedNames);
     EndDialog(IDOK);
 }
 

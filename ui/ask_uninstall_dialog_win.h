@@ -1,5 +1,7 @@
 #pragma once
 
+#include <functional>
+#include <string>
 #include <vector>
 
 #include "framework/controls_win.h"
@@ -10,8 +12,11 @@
 /// one after the other. The result of DoModal says nothing of how that went.
 class CAskUninstallDlg : public CDialog {
   public:
-    /// `products` outlives the dialog.
-    explicit CAskUninstallDlg(const std::vector<InstalledProduct>& products);
+    /// `remove` is called with the names that are still ticked when the user confirms, in the order
+    /// of the list. Both outlive the dialog.
+    CAskUninstallDlg(
+        const std::vector<InstalledProduct>& products,
+        const std::function<void(const std::vector<std::string>& tickedNames)>& remove);
 
   protected:
     bool OnInitDialog() override;
@@ -27,6 +32,7 @@ class CAskUninstallDlg : public CDialog {
     void SortList();
 
     const std::vector<InstalledProduct>* products;
+    const std::function<void(const std::vector<std::string>&)>* remove;
     CListCtrl list;
     CButton selectAll;
 };

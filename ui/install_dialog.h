@@ -1,9 +1,20 @@
-// How far the "Install Product" dialog grows to fit its prompt, and where its icon is drawn.
+// What the "Install Product" dialog asks, how far it grows to fit its prompt, and where its icon is
+// drawn.
 #pragma once
 
 #include <span>
+#include <string>
 #include <string_view>
 #include <vector>
+
+struct ProductTypeQuestion {
+    std::string productName;  ///< kept by the dialog, not shown
+    std::string title;
+    std::string prompt;  ///< of any length and number of lines
+    // Beside the live product, which always is.
+    bool offersFileViewer = false;
+    bool offersDemonstration = false;
+};
 
 /// In pixels.
 struct TextExtent {

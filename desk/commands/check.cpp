@@ -6,15 +6,14 @@
 
 #include "catalogue/product_catalogue.h"
 #include "desk/commands/command.h"
-#include "desk/computer/machine.h"
-#include "desk/computer/run_story.h"
+#include "desk/computer/dry_run.h"
+#include "desk/computer/machine_description.h"
 #include "desk/media/media_folder.h"
 #include "desk/media/product_facts.h"
+#include "desk/page/dry_run_text.h"
 #include "desk/page/story_page.h"
-#include "desk/page/story_text.h"
 #include "desk/refusal.h"
 #include "desk/whole_file.h"
-#include "platform/ansi_text.h"
 
 namespace {
 
@@ -35,11 +34,11 @@ struct Choices {
 struct Checked {
     std::string where;
     MediaReport report;
-    std::optional<RunStory> story;
+    std::optional<DryRun> run;
 };
 
-Machine describedMachine(const Choices& choices) {
-    Machine machine;
+MachineDescription describedMachine(const Choices& choices) {
+    MachineDescription machine;
     std::string error;
     if (choices.machineFile.empty()) {
         if (!emptyMachine(choices.machine, machine, error)) {
@@ -62,24 +61,20 @@ Machine describedMachine(const Choices& choices) {
 }
 
 Checked checkMedia(const fs::path& installer, const fs::path& folder, const Choices& choices,
-                   const std::optional<Machine>& machine) {
+                   const std::optional<MachineDescription>& machine) {
     Media media = mediaOf(installer, folder, choices.directory);
     media.requiredBuild = choices.requiredBuild;
     CProductData catalogue;
     Checked checked{folder.string(), examineMedia(media, catalogue), std::nullopt};
     if (machine && !checked.report.productCode.empty()) {
-        const auto holds = [&media](std::string_view name) {
-            return media.onMedia(std::string(name)).present;
-        };
-        checked.story = tellRun({checked.report.productCode, checked.report.productName,
-                                 withTrailingBackslash(choices.directory), holds},
-                                catalogue, *machine);
+        checked.run = dryRun(dryRunMedia(media, checked.report), *machine);
     }
     return checked;
 }
 
 /// Every folder of a release; one without an installer is a problem of its own.
-std::vector<Checked> checkRelease(const Choices& choices, const std::optional<Machine>& machine) {
+std::vector<Checked> checkRelease(const Choices& choices,
+                                  const std::optional<MachineDescription>& machine) {
     std::vector<Checked> all;
     for (const fs::path& folder : foldersIn(choices.release)) {
         if (const std::optional<fs::path> installer = findInstaller(folder)) {
@@ -98,16 +93,15 @@ std::vector<Checked> checkRelease(const Choices& choices, const std::optional<Ma
 }
 
 /// The runs of all products from media that hold everything.
-std::vector<RunStory> storiesOfAll(const Choices& choices, const Machine& machine) {
-    std::vector<RunStory> stories;
-    CProductData catalogue;
+std::vector<DryRun> runsOfAll(const Choices& choices, const MachineDescription& machine) {
+    std::vector<DryRun> runs;
     for (const ProductFacts& product : allProductFacts()) {
-        stories.push_back(
-            tellRun({product.code, product.name, withTrailingBackslash(choices.directory),
-                     [](std::string_view) { return true; }},
-                    catalogue, machine));
+        runs.push_back(dryRun({.identity = {product.code, product.name},
+                               .sourceDirectory = choices.directory,
+                               .files = product.files},
+                              machine));
     }
-    return stories;
+    return runs;
 }
 
 std::string column(std::string text, std::size_t width) {
@@ -147,8 +141,8 @@ std::string releaseAsText(const std::vector<Checked>& all) {
 
 Json toJson(const Checked& checked) {
     Json json = asJson(checked.report);
-    if (checked.story) {
-        json["run"] = storyAsJson(*checked.story);
+    if (checked.run) {
+        json["run"] = dryRunAsJson(*checked.run);
     }
     return json;
 }
@@ -173,18 +167,18 @@ void print(const std::vector<Checked>& all, const Choices& choices, bool json) {
         if (json) {
             printJson(toJson(checked));
         } else {
-            if (checked.story) {
-                std::cout << storyAsText(*checked.story) << '\n';
+            if (checked.run) {
+                std::cout << dryRunAsText(*checked.run) << '\n';
             }
             std::cout << asText(checked.report);
         }
     }
 }
 
-void writePage(const std::vector<RunStory>& stories, const Choices& choices,
-               const Machine& machine) {
+void writePage(const std::vector<DryRun>& runs, const Choices& choices,
+               const MachineDescription& machine) {
     std::string error;
-    if (!writeWholeFile(choices.page, storyPage(stories, machine), error)) {
+    if (!writeWholeFile(choices.page, storyPage(runs, machine), error)) {
         throw Refusal("Cannot write \"" + choices.page + "\": " + error);
     }
 }
@@ -198,13 +192,13 @@ int check(const Choices& choices, bool json) {
     if (ofMedia && choices.folder.empty()) {
         throw CLI::ValidationError("check", "FOLDER, the media folder, is missing");
     }
-    std::optional<Machine> machine;
+    std::optional<MachineDescription> machine;
     if (!choices.machineFile.empty() || !choices.machine.windows.empty() ||
         choices.machine.bits != 0 || !choices.page.empty()) {
         machine = describedMachine(choices);
     }
     if (!ofMedia && !ofRelease) {
-        writePage(storiesOfAll(choices, *machine), choices, *machine);
+        writePage(runsOfAll(choices, *machine), choices, *machine);
         return exitGood;
     }
     std::vector<Checked> all;
@@ -214,16 +208,16 @@ int check(const Choices& choices, bool json) {
         all.push_back(checkMedia(choices.installer, choices.folder, choices, machine));
     }
     print(all, choices, json);
-    std::vector<RunStory> stories;
+    std::vector<DryRun> runs;
     bool complete = true;
     for (const Checked& checked : all) {
         complete = complete && checked.report.isComplete();
-        if (checked.story) {
-            stories.push_back(*checked.story);
+        if (checked.run) {
+            runs.push_back(*checked.run);
         }
     }
     if (!choices.page.empty()) {
-        writePage(stories, choices, *machine);
+        writePage(runs, choices, *machine);
     }
     return complete ? exitGood : exitWrong;
 }

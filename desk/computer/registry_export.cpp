@@ -40,7 +40,10 @@ unsigned rank(char character) {
     if (character == '\\') {
         return 0;
     }
-    const auto lower = static_cast<unsigned char>(lowerCase(std::string_view(&character, 1))[0]);
+    const auto byte = static_cast<unsigned char>(character);
+    const bool ascii = byte < 0x80;  // by far the most, and compared often
+    const auto lower =
+        ascii ? byte : static_cast<unsigned char>(lowerCase(std::string_view(&character, 1))[0]);
     return lower >= 'a' && lower <= 'z' ? lower - ('a' - 'A') : lower;
 }
 
@@ -99,9 +102,13 @@ class Reader {
         }
         const std::string path(line.substr(localMachine.size()));
         if (removes) {
-            std::erase_if(keys, [&path](const auto& key) {
-                return equalIgnoringCase(key.first, path) || isBelow(key.first, path);
-            });
+            const auto first = keys.lower_bound(path);
+            auto last = first;
+            while (last != keys.end() &&
+                   (equalIgnoringCase(last->first, path) || isBelow(last->first, path))) {
+                ++last;
+            }
+            keys.erase(first, last);
         } else {
             values = &keys[path];
         }
@@ -137,9 +144,7 @@ class Reader {
         }
         if (data == "-") {
             if (values != nullptr) {
-                std::erase_if(*values, [&name](const RegistryValue& value) {
-                    return equalIgnoringCase(value.name, name);
-                });
+                values->remove(name);
             }
             return true;
         }
@@ -152,7 +157,7 @@ class Reader {
 
     void keep(RegistryValue value) {
         if (values != nullptr) {
-            setRegistryValue(*values, std::move(value));
+            values->set(std::move(value));
         }
     }
 
@@ -244,8 +249,8 @@ class Reader {
     const bool wideData;  ///< bytes of texts are UTF-16
     RegistryKeys& keys;
     std::vector<std::string>& problems;
-    std::vector<RegistryValue>* values = nullptr;  ///< of the current key; null: passed over
-    std::size_t lineNumber = 0;                    ///< of the line taken last
+    RegistryValues* values = nullptr;  ///< of the current key; null: passed over
+    std::size_t lineNumber = 0;        ///< of the line taken last
 };
 
 }  // namespace
@@ -261,14 +266,31 @@ bool isBelow(std::string_view path, std::string_view parent) {
            equalIgnoringCase(path.substr(0, parent.size()), parent);
 }
 
-void setRegistryValue(std::vector<RegistryValue>& values, RegistryValue value) {
-    for (RegistryValue& known : values) {
-        if (equalIgnoringCase(known.name, value.name)) {
-            known = std::move(value);
-            return;
-        }
+void RegistryValues::set(RegistryValue value) {
+    const auto [position, added] = positions.try_emplace(lowerCase(value.name), list.size());
+    if (added) {
+        list.push_back(std::move(value));
+    } else {
+        list[position->second] = std::move(value);
     }
-    values.push_back(std::move(value));
+}
+
+void RegistryValues::remove(std::string_view name) {
+    const auto found = positions.find(lowerCase(name));
+    if (found == positions.end()) {
+        return;
+    }
+    const std::size_t removed = found->second;
+    list.erase(list.begin() + static_cast<std::ptrdiff_t>(removed));
+    positions.erase(found);
+    for (auto& [known, position] : positions) {
+        position -= position > removed ? 1 : 0;
+    }
+}
+
+const RegistryValue* RegistryValues::find(std::string_view name) const {
+    const auto found = positions.find(lowerCase(name));
+    return found == positions.end() ? nullptr : &list[found->second];
 }
 
 RegistryValue registryText(std::string name, std::string text) {

@@ -1,6 +1,7 @@
 // What regedit exports: its text format, from "REGEDIT4" and from "Version 5.00".
 #pragma once
 
+#include <cstddef>
 #include <cstdint>
 #include <map>
 #include <string>
@@ -20,14 +21,26 @@ struct KeyPathOrder {
     [[nodiscard]] bool operator()(std::string_view left, std::string_view right) const;
 };
 
-/// Keys below HKEY_LOCAL_MACHINE by their path, with their values in the order of the file.
-using RegistryKeys = std::map<std::string, std::vector<RegistryValue>, KeyPathOrder>;
+/// A key's values in the order in which they were first set; found by name in any letter case.
+class RegistryValues {
+  public:
+    /// In place of one of its name, or as the last one.
+    void set(RegistryValue value);
+    void remove(std::string_view name);
+    /// Null where there is none.
+    [[nodiscard]] const RegistryValue* find(std::string_view name) const;
+    [[nodiscard]] const std::vector<RegistryValue>& all() const { return list; }
+
+  private:
+    std::vector<RegistryValue> list;
+    std::map<std::string, std::size_t> positions;  ///< by name in lower case
+};
+
+/// Keys below HKEY_LOCAL_MACHINE by their path.
+using RegistryKeys = std::map<std::string, RegistryValues, KeyPathOrder>;
 
 /// Whether `path` is a key below the key `parent`.
 [[nodiscard]] bool isBelow(std::string_view path, std::string_view parent);
-
-/// Sets the value in place of one of its name, or as the last one.
-void setRegistryValue(std::vector<RegistryValue>& values, RegistryValue value);
 
 /// A terminated text.
 [[nodiscard]] RegistryValue registryText(std::string name, std::string text);

@@ -7,49 +7,42 @@
 
 #include "app/direct_install.h"
 #include "app/install_plan.h"
-#include "app/message.h"
+#include "app/messages.h"
 #include "app/setup_parameters.h"
 #include "catalogue/product_data_file.h"
+#include "catalogue/product_data_loading.h"
 #include "catalogue/product_traits.h"
-#include "desk/computer/run_story.h"
+#include "desk/computer/dry_run.h"
 #include "desk/executables/executable.h"
 #include "desk/executables/stamp_image.h"
 #include "desk/western_text.h"
 #include "drivers/driver_installation.h"
 #include "drivers/driver_package_table.h"
-#include "platform/ansi_text.h"
 #include "ui/dialog_texts.h"
 
 namespace {
 
-/// Fills the catalogue's values from the product-data file; says where the build comes from.
-std::string readBuild(const Media& media, CProductData& catalogue,
+/// Reads the product data as a run does; says where the build comes from.
+std::string readBuild(const DryRunMedia& media, CProductData& catalogue,
                       std::vector<std::string>& problems) {
-    for (const ProductDataName& name : productDataNames) {
-        NamedFile file = media.besideInstaller(name.file);
-        if (!file.present) {
-            continue;
-        }
-        std::string text, error;
-        if (!productDataText(std::move(file.content), name.enciphered, text, error)) {
-            problems.push_back(std::string(name.file) + ": " + error);
-            return "compiled in, since " + std::string(name.file) + " cannot be used";
-        }
-        catalogue.keepProductData(name.file, std::move(text));
-        std::ignore = catalogue.readBuildSection();  // without a value the compiled-in build stands
-        const auto value = catalogue.ProductDataValues.find("Version Number");
-        if (value != catalogue.ProductDataValues.end() && !value->second.empty()) {
-            if (value->second.find('\n') != std::string_view::npos) {
-                problems.push_back(std::string(name.file) +
-                                   ": lines do not end in CR LF; the build swallows what follows");
-            }
-            return name.file;
-        }
-        problems.push_back(std::string(name.file) +
-                           ": no \"Version Number\" in the section \"[Version Number]\"");
-        return "compiled in, since " + std::string(name.file) + " gives none";
+    if (media.productData.empty()) {
+        return "compiled in, since there is no product-data file beside the installer";
     }
-    return "compiled in, since there is no product-data file beside the installer";
+    const std::string& file = media.productData.front().first;
+    const bool read = loadProductValues(catalogue, *machineWith(media, {}));
+    const auto value = catalogue.ProductDataValues.find("Version Number");
+    if (catalogue.productDataText.empty()) {
+        problems.push_back(file + ": " + catalogue.lastError);
+        return "compiled in, since " + file + " cannot be used";
+    }
+    if (!read || value == catalogue.ProductDataValues.end() || value->second.empty()) {
+        problems.push_back(file + ": no \"Version Number\" in the section \"[Version Number]\"");
+        return "compiled in, since " + file + " gives none";
+    }
+    if (value->second.find('\n') != std::string_view::npos) {
+        problems.push_back(file + ": lines do not end in CR LF; the build swallows what follows");
+    }
+    return file;
 }
 
 /// What to say about product data that the run does not read, or that are not there at all.
@@ -87,17 +80,17 @@ InstallPlan planOf(std::string_view productCode, const CProductData& catalogue,
 }
 
 /// What each way of the run hands over on a machine without other versions, where all files are.
-void tellHandOvers(const Media& media, CProductData& catalogue, MediaReport& report) {
-    const StoryMedia story{report.productCode, report.productName,
-                           withTrailingBackslash(media.directory),
-                           [](std::string_view) { return true; }};
-    const auto endingsOn = [&](int bits) {
-        Machine machine;
+void tellHandOvers(DryRunMedia media, MediaReport& report) {
+    for (const MediaFile& file : report.files) {
+        media.files.push_back(file.name);
+    }
+    const auto endingsOn = [&media](int bits) {
+        MachineDescription machine;
         std::string error;
         std::ignore = emptyMachine({"", bits}, machine, error);  // the ordinary release is known
-        return tellRun(story, catalogue, machine).endings;
+        return dryRun(media, machine).endings;
     };
-    const std::vector<StoryEnding> on32 = endingsOn(32), on64 = endingsOn(64);
+    const std::vector<DryRunEnding> on32 = endingsOn(32), on64 = endingsOn(64);
     for (std::size_t index = 0; index < on32.size(); ++index) {
         const std::string choice = !on32[index].choice.empty()               ? on32[index].choice
                                    : traitsOf(report.productCode).freeViewer ? "without a question"
@@ -114,6 +107,23 @@ void tellHandOvers(const Media& media, CProductData& catalogue, MediaReport& rep
 }
 
 }  // namespace
+
+DryRunMedia dryRunMedia(const Media& media, const MediaReport& report) {
+    DryRunMedia result{.identity = {report.productCode, report.productName},
+                       .sourceDirectory = media.directory};
+    for (const MediaFile& file : report.files) {
+        if (file.present) {
+            result.files.push_back(file.name);
+        }
+    }
+    for (const ProductDataName& name : productDataNames) {
+        NamedFile file = media.besideInstaller(name.file);
+        if (file.present) {
+            result.productData.emplace_back(name.file, std::move(file.content));
+        }
+    }
+    return result;
+}
 
 bool MediaReport::isComplete() const {
     return problems.empty() && std::all_of(files.begin(), files.end(), [](const MediaFile& file) {
@@ -141,7 +151,8 @@ MediaReport examineMedia(const Media& media, CProductData& catalogue) {
                                   "\", the program folder \"" + knownName +
                                   "\": the stamped name is not the product's.");
     }
-    report.buildOrigin = readBuild(media, catalogue, report.problems);
+    const DryRunMedia onTheDesk = dryRunMedia(media, report);
+    report.buildOrigin = readBuild(onTheDesk, catalogue, report.problems);
     report.build = catalogue.buildVersion();
     report.title = installTitle(report.productName, report.build);
     examineProductData(media, report);
@@ -152,7 +163,7 @@ MediaReport examineMedia(const Media& media, CProductData& catalogue) {
     DriverPackageTable drivers;
     const InstallPlan plan = planOf(report.productCode, catalogue, drivers);
     report.path = routeInWords(plan);
-    if (plan.road == Road::EndSilently) {
+    if (plan.route == Route::EndSilently) {
         report.warnings.push_back(
             "A run ends without a word and installs nothing. That is how this product is made, but "
             "it is seldom what a customer should get.");
@@ -163,16 +174,16 @@ MediaReport examineMedia(const Media& media, CProductData& catalogue) {
         file.present = state.present;
         file.damage = state.damage;
     }
-    tellHandOvers(media, catalogue, report);
+    tellHandOvers(onTheDesk, report);
     return report;
 }
 
 std::vector<MediaFile> neededFiles(const InstallPlan& plan) {
     std::vector<MediaFile> files;
-    if (plan.road == Road::EndSilently) {
+    if (plan.route == Route::EndSilently) {
         return files;
     }
-    if (plan.road == Road::Direct) {
+    if (plan.route == Route::Direct) {
         files.push_back({replacementUninstallerFile, "removes older viewers"});
     } else if (plan.driverStep != DriverStep::None) {
         files.push_back({extractionToolFile, "unpacks the driver archives"});
@@ -185,14 +196,14 @@ std::vector<MediaFile> neededFiles(const InstallPlan& plan) {
 }
 
 std::string routeInWords(const InstallPlan& plan) {
-    switch (plan.road) {
-        case Road::Direct:
+    switch (plan.route) {
+        case Route::Direct:
             return "older viewers are stopped and removed, then the viewer is installed";
-        case Road::EndSilently:
+        case Route::EndSilently:
             return "ends silently, nothing is installed";
-        case Road::HardwareFamily:
+        case Route::HardwareFamily:
             return "drivers, then \"Install Product\"";
-        case Road::Ordinary:
+        case Route::Ordinary:
             break;
     }
     return plan.asksProductType

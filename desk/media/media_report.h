@@ -9,6 +9,7 @@
 
 #include "app/install_plan.h"
 #include "catalogue/product_catalogue.h"
+#include "desk/computer/dry_run.h"
 #include "desk/json.h"
 
 // Texts are in the ANSI code page but for those of asText and asJson.
@@ -68,6 +69,9 @@ struct Media {
 /// The program folders in the report are those of a machine without other versions. Fills the
 /// catalogue's values from the product-data file, as the run would.
 [[nodiscard]] MediaReport examineMedia(const Media& media, CProductData& catalogue);
+
+/// What a dry run needs to know of the media; the files are those that the report has found.
+[[nodiscard]] DryRunMedia dryRunMedia(const Media& media, const MediaReport& report);
 
 /// In words, what a plan does.
 [[nodiscard]] std::string routeInWords(const InstallPlan& plan);

@@ -2,10 +2,10 @@
 
 #include "catalogue/product_code.h"
 #include "catalogue/product_traits.h"
-#include "desk/computer/run_story.h"
 #include "desk/executables/stamp_image.h"
 #include "desk/media/media_report.h"
 #include "drivers/driver_package_table.h"
+#include "ui/dialog_texts.h"
 
 namespace {
 
@@ -38,9 +38,15 @@ ProductFacts productFacts(CProductData& catalogue, const std::string& code) {
     buildDriverPackageTable(drivers);
     const InstallPlan plan = planInstallation(facts.code, catalogue, drivers);
     facts.route = routeInWords(plan);
-    facts.endsSilently = plan.road == Road::EndSilently;
-    for (const ProductChoice& choice : offeredChoices(plan)) {
-        facts.choices.emplace_back(choice.label);
+    facts.endsSilently = plan.route == Route::EndSilently;
+    if (plan.asksProductType) {
+        facts.choices.emplace_back(TEXT_LIVE_PRODUCT);
+    }
+    if (plan.offersFileViewer) {
+        facts.choices.emplace_back(TEXT_FILE_VIEWER);
+    }
+    if (plan.offersDemonstration) {
+        facts.choices.emplace_back(TEXT_DEMONSTRATION);
     }
     for (const MediaFile& file : neededFiles(plan)) {
         facts.files.push_back(file.name);

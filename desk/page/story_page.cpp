@@ -3,7 +3,7 @@
 #include <algorithm>
 
 #include "catalogue/build_number.h"
-#include "desk/page/story_text.h"
+#include "desk/page/dry_run_text.h"
 #include "desk/western_text.h"
 #include "installed/installation_index.h"
 
@@ -139,11 +139,11 @@ std::string element(const std::string& tag, const std::string& content) {
     return '<' + tag + '>' + content + "</" + tag.substr(0, tag.find(' ')) + '>';
 }
 
-bool isDialog(const StoryStep& step) {
-    return step.kind == StoryStep::Kind::Dialog;
+bool isDialog(const DryRunStep& step) {
+    return step.step.kind == RunStep::Kind::Dialog;
 }
 
-std::string windowHtml(const StoryDialog& dialog) {
+std::string windowHtml(const ShownDialog& dialog) {
     std::string body;
     for (std::size_t index = 0; index < dialog.texts.size(); ++index) {
         body += element("p", escaped(dialog.texts[index]));
@@ -178,11 +178,11 @@ std::string windowHtml(const StoryDialog& dialog) {
            element("div", body) + "</div>" + element("div class=\"buttons\"", buttons) + "</div>\n";
 }
 
-std::string answersHtml(const std::vector<StoryAnswer>& answers) {
+std::string answersHtml(const std::vector<DialogAnswer>& answers) {
     std::string list;
-    for (const StoryAnswer& answer : answers) {
+    for (const DialogAnswer& answer : answers) {
         std::string runs;
-        for (const StoryCommand& command : answer.runs) {
+        for (const ProgramCall& command : answer.runs) {
             runs += element("li", element("code", escapedUtf8(shownCommand(command))));
         }
         list += element(answer.goesOn ? "li" : "li class=\"ends\"",
@@ -192,26 +192,29 @@ std::string answersHtml(const std::vector<StoryAnswer>& answers) {
     return element("ul class=\"answers\"", list);
 }
 
-std::string stepHtml(const StoryStep& step) {
+std::string stepHtml(const DryRunStep& step) {
     if (isDialog(step)) {
-        return element("div class=\"pair\"", windowHtml(step.dialog) + answersHtml(step.answers));
+        return element("div class=\"pair\"",
+                       windowHtml(step.step.dialog) + answersHtml(step.answers));
     }
     std::string what;
-    switch (step.kind) {
-        case StoryStep::Kind::Stop:
-            what = "Stops" + element("code", escaped(step.command.program));
+    switch (step.step.kind) {
+        case RunStep::Kind::Stop:
+            what = "Stops" + element("code", escaped(step.step.program));
             break;
-        case StoryStep::Kind::Copy:
-            what = "Copies" + element("code", escaped(step.command.program) + "\nto " +
-                                                  escaped(step.command.arguments));
+        case RunStep::Kind::Copy:
+            what = "Copies" + element("code", escaped(step.step.program) + "\nto " +
+                                                  escaped(step.step.target));
             break;
         default:
-            what = "Runs, and waits for" + element("code", escapedUtf8(shownCommand(step.command)));
+            what = "Runs, and waits for" +
+                   element("code",
+                           escapedUtf8(shownCommand({step.step.program, step.step.arguments})));
     }
     return element("div class=\"does\"", what + element("span", escaped(step.note)));
 }
 
-std::string endingHtml(const StoryEnding& ending) {
+std::string endingHtml(const DryRunEnding& ending) {
     const std::string heading =
         element("h4", ending.choice.empty() ? "Without a question" : escaped(ending.choice));
     if (ending.message) {
@@ -244,30 +247,30 @@ struct Stop {
     std::string detail;
 };
 
-std::vector<Stop> stopsOf(const RunStory& story) {
+std::vector<Stop> stopsOf(const DryRun& story) {
     std::vector<Stop> stops;
     for (std::size_t index = 0; index < story.steps.size(); ++index) {
-        const StoryStep& step = story.steps[index];
+        const DryRunStep& step = story.steps[index];
         if (!isDialog(step)) {
             std::size_t end = index;
             while (end + 1 < story.steps.size() && !isDialog(story.steps[end + 1])) {
                 ++end;
             }
-            const bool drivers = step.kind == StoryStep::Kind::Run;
+            const bool drivers = step.step.kind == RunStep::Kind::Run;
             stops.push_back({drivers ? "Drivers" : "Older viewers",
                              drivers ? "unpacked, installed" : "stopped, removed"});
             index = end;
-        } else if (step.dialog.icon) {
-            const bool asks = step.dialog.buttons.size() > 1;
+        } else if (step.step.dialog.icon) {
+            const bool asks = step.step.dialog.buttons.size() > 1;
             stops.push_back({asks ? "Windows" : "Message", asks ? "asks first" : "and the end"});
-        } else if (!step.dialog.rows.empty()) {
-            stops.push_back({"Older versions",
-                             std::to_string(step.dialog.rows.size()) + " offered for removal"});
+        } else if (!step.step.dialog.rows.empty()) {
+            stops.push_back({"Older versions", std::to_string(step.step.dialog.rows.size()) +
+                                                   " offered for removal"});
         } else {
-            stops.push_back(
-                {"Install Product", step.dialog.choices.size() == 1
-                                        ? "one choice"
-                                        : std::to_string(step.dialog.choices.size()) + " choices"});
+            stops.push_back({"Install Product",
+                             step.step.dialog.choices.size() == 1
+                                 ? "one choice"
+                                 : std::to_string(step.step.dialog.choices.size()) + " choices"});
         }
     }
     return stops;
@@ -279,7 +282,7 @@ std::string svgText(int x, int y, const char* attributes, const std::string& tex
 }
 
 /// The road from the start to the ends, drawn.
-std::string roadHtml(const RunStory& story) {
+std::string roadHtml(const DryRun& story) {
     constexpr int width = 1150, endWidth = 350, rowHeight = 46, top = 16;
     const std::vector<Stop> stops = stopsOf(story);
     const int ends = std::max(1, static_cast<int>(story.endings.size()));
@@ -296,7 +299,7 @@ std::string roadHtml(const RunStory& story) {
     std::string endsDrawn, told = "The road: start";
     for (int index = 0; index < ends; ++index) {
         const bool early = story.endings.empty();
-        const StoryEnding* const ending =
+        const DryRunEnding* const ending =
             early ? nullptr : &story.endings[static_cast<std::size_t>(index)];
         const bool works = !early && !ending->message;
         const int y = ends == 1 ? middle : top + index * rowHeight + rowHeight / 2;
@@ -337,11 +340,11 @@ std::string roadHtml(const RunStory& story) {
            "\" role=\"img\" aria-label=\"" + escaped(told) + "\">" + drawn + endsDrawn + "</svg>\n";
 }
 
-std::string stepsHtml(const RunStory& story) {
+std::string stepsHtml(const DryRun& story) {
     std::string list;
     int number = 0;
     bool inGroup = false;
-    for (const StoryStep& step : story.steps) {
+    for (const DryRunStep& step : story.steps) {
         const bool follows = inGroup && !isDialog(step);
         inGroup = !isDialog(step);
         number += follows ? 0 : 1;
@@ -352,7 +355,7 @@ std::string stepsHtml(const RunStory& story) {
     return list.empty() ? "" : element("h3", "On the way") + element("ol class=\"steps\"", list);
 }
 
-std::string storyHtml(const RunStory& story) {
+std::string storyHtml(const DryRun& story) {
     std::string html = "<section id=\"p" + escaped(story.productCode) + "\" aria-labelledby=\"h" +
                        escaped(story.productCode) + "\"><div class=\"head\">" +
                        element("span class=\"code\"", escaped(story.productCode)) + "<h2 id=\"h" +
@@ -363,7 +366,7 @@ std::string storyHtml(const RunStory& story) {
         html += element("p class=\"note\"", escaped(story.earlyEnd));
     }
     std::string endings;
-    for (const StoryEnding& ending : story.endings) {
+    for (const DryRunEnding& ending : story.endings) {
         endings += endingHtml(ending);
     }
     if (!endings.empty()) {
@@ -376,10 +379,14 @@ std::string storyHtml(const RunStory& story) {
     return html + "</section>\n";
 }
 
-std::string machineHtml(const RunStory& story, const Machine& machine) {
+std::string machineHtml(const DryRun& story, const MachineDescription& machine) {
+    DescribedMachine described;
+    described.registry.keys = machine.registry;
     std::vector<InstalledProduct> products;
-    findInstalledProducts(machine, "", products);
-    const std::size_t installations = installationsOf(machine).size();
+    std::ignore = findInstalledProducts(*described.localMachine(), "", products);
+    InstallationIndex index(described);
+    index.load(true);
+    const std::size_t installations = index.records.size();
     const auto fact = [](const char* name, const std::string& value) {
         return element("li", element("b", name) + escapedUtf8(value));
     };
@@ -393,9 +400,9 @@ std::string machineHtml(const RunStory& story, const Machine& machine) {
 
 }  // namespace
 
-std::string storyPage(const std::vector<RunStory>& stories, const Machine& machine) {
+std::string storyPage(const std::vector<DryRun>& stories, const MachineDescription& machine) {
     std::string links, sections;
-    for (const RunStory& story : stories) {
+    for (const DryRun& story : stories) {
         links += element("li", "<a href=\"#p" + escaped(story.productCode) + "\" title=\"" +
                                    escaped(story.productName) + "\">" + escaped(story.productCode) +
                                    "</a>");

@@ -5,8 +5,9 @@
 #include <string>
 #include <vector>
 
-#include "desk/computer/machine.h"
-#include "desk/computer/run_story.h"
+#include "desk/computer/dry_run.h"
+#include "desk/computer/machine_description.h"
 
 /// All stories happen on this machine. UTF-8.
-[[nodiscard]] std::string storyPage(const std::vector<RunStory>& stories, const Machine& machine);
+[[nodiscard]] std::string storyPage(const std::vector<DryRun>& stories,
+                                    const MachineDescription& machine);

@@ -1,45 +1,44 @@
 #include "app/command_line.h"
 
-#include <sstream>
+#include <gtest/gtest.h>
 
-#include "tests/rows.h"
-
-namespace {
-
-/// Both directories, else the last word of the message.
-std::string outcome(const std::string& options) {
-    std::vector<std::string> arguments = {"C:\\installer.exe"};
-    std::istringstream rest(options);
-    for (std::string argument; std::getline(rest, argument, '|');) {
-        arguments.push_back(argument);
-    }
-    CommandLine commandLine{"old", "old"};
-    const auto examine = [](const std::string& path) {
-        return path == "file"   ? PathKind::File
-               : path == "gone" ? PathKind::Inaccessible
-                                : PathKind::Directory;
-    };
-    const std::optional<Message> error = parseCommandLine(arguments, examine, commandLine);
-    return error ? error->text.substr(error->text.rfind(' ') + 1)
-                 : commandLine.sourceDirectory + ", " + commandLine.installDirectory;
-}
+#include "desk/computer/described_machine.h"
 
 TEST(CommandLine, GivesBothDirectoriesOrTheFirstError) {
-    expectRows<std::string, std::string>({{"-dir|C:\\media", "C:\\media\\, "},
-                                          {"-dir|C:\\media\\", "C:\\media\\, "},
-                                          {"-INSTALLDIR|gone|-Dir|Y", "Y\\, gone"},
-                                          {"-dir|A|-dir|B|-installdir|C|-installdir|D", "B\\, D"},
-                                          {"-dir|-dir", "-dir\\, "},
-                                          {"", "line."},
-                                          {"-dir", "line."},
-                                          {"-dir|A|-installdir", "missing.\n"},
-                                          {"-installdir|A|-dir", "missing.\n"},
-                                          {"-dir|A|-dirs", "-dirs\n"},
-                                          {"-dire|gone", "-dire\n"},
-                                          {"-dir|gone|-x|y", "\"gone\"."},
-                                          {"-dir|file|-dir|gone", "directory."},
-                                          {"-installdir|A|-installdir|B", "argument."}},
-                                         outcome);
+    const struct {
+        std::vector<std::string> options;
+        std::string source, install;
+        std::string error = {};  ///< the message; with one, no directory counts
+    } rows[] = {
+        {{"-dir", "A"}, "A\\", ""},
+        {{"-dir", "A\\"}, "A\\", ""},
+        {{"-INSTALLDIR", "gone", "-Dir", "B"}, "B\\", "gone"},
+        {{"-dir", "A", "-dir", "B", "-installdir", "C", "-installdir", "D"}, "B\\", "D"},
+        {{"-dir", "-dir"}, "-dir\\", ""},
+        {{}, "", "", "Invalid command line."},
+        {{"-dir"}, "", "", "Invalid command line."},
+        {{"-dir", "A", "-installdir"}, "", "", "\n\nInvalid argument: Directory missing.\n"},
+        {{"-installdir", "A", "-dir"}, "", "", "\n\nInvalid argument: Directory missing.\n"},
+        {{"-dir", "A", "-dirs"}, "", "", "\n\nInvalid argument: -dirs\n"},
+        {{"-dire", "gone"}, "", "", "\n\nInvalid argument: -dire\n"},
+        {{"-dir", "gone", "-x", "y"}, "", "", "\n\nError accessing \"gone\"."},
+        {{"-dir", "file", "-dir", "gone"}, "", "", "\n\n\"file\" is not a directory."},
+        {{"-installdir", "A", "-installdir", "B"}, "", "", "\n\nMissing directory argument."},
+    };
+    DescribedMachine machine;
+    machine.files["file"] = {};
+    for (const char* folder : {"A", "A\\", "B", "-dir"}) {
+        machine.files[folder] = {.kind = PathKind::Directory};
+    }
+    for (const auto& row : rows) {
+        std::vector<std::string> arguments = row.options;
+        arguments.insert(arguments.begin(), "C:\\Install.exe");
+        CommandLine commandLine{"old", "old"};
+        const std::optional<Message> error = parseCommandLine(arguments, machine, commandLine);
+        EXPECT_EQ(error ? error->text : "", row.error);
+        if (!error) {
+            EXPECT_EQ(commandLine.sourceDirectory, row.source);
+            EXPECT_EQ(commandLine.installDirectory, row.install);
+        }
+    }
 }
-
-}  // namespace

@@ -7,10 +7,10 @@ namespace {
 const CProductData catalogue;
 
 std::string inWords(const InstallPlan& plan) {
-    constexpr const char* roads[] = {"direct", "end silently", "hardware", "ordinary"};
+    constexpr const char* routes[] = {"direct", "end silently", "hardware", "ordinary"};
     constexpr const char* older[] = {"", ", removes own", ", removes maker's"};
     constexpr const char* drivers[] = {"", ", drivers first", ", drivers instead"};
-    return std::string(roads[static_cast<int>(plan.road)]) +
+    return std::string(routes[static_cast<int>(plan.route)]) +
            older[static_cast<int>(plan.olderVersions)] +
            drivers[static_cast<int>(plan.driverStep)] + (plan.asksProductType ? ", asks" : "") +
            (plan.offersFileViewer ? " viewer" : "") + (plan.offersDemonstration ? " demo" : "");

@@ -1,9 +1,7 @@
 #include "app/setup_parameters.h"
 
-#include <algorithm>
-#include <vector>
-
 #include "catalogue/product_code.h"
+#include "desk/computer/described_machine.h"
 #include "tests/rows.h"
 #include "ui/product_type.h"
 
@@ -52,20 +50,28 @@ TEST(SetupParameters, ADemonstrationTakesThePlaceOfItsProduct) {
 }
 
 TEST(SetupParameters, TheProgramFolderIsNumberedFromTwo) {
+    constexpr int classic = 4, lowEnergy = 55, nearField = 56;
     const std::string longName(300, 'n'), longFolder = "Halvick " + longName;
-    using Names = std::vector<std::string>;
-    expectRows<std::tuple<int, std::string, Names>, std::string>(
-        {{{4, "X", {}}, "Halvick X"},
-         {{4, "X", {"Halvick X", "Halvick X 2"}}, "Halvick X 3"},
-         {{4, "X", Names{"Halvick X 2"}}, "Halvick X"},
-         {{55, "X", {"X", "Halvick X"}}, "X 2"},
-         {{56, "X", {}}, "X"},
-         {{4, longName, {}}, longFolder},
-         // The number no longer fits: the search ends all the same.
-         {{4, longName, {longFolder, longFolder.substr(0, 260)}}, longFolder.substr(0, 260)}},
-        [](int product, const std::string& name, const Names& taken) {
-            return uniqueProgramFolder(name, product, [&taken](const std::string& candidate) {
-                return std::find(taken.begin(), taken.end(), candidate) != taken.end();
-            });
-        });
+    const struct {
+        int product;
+        std::string name;
+        std::vector<std::string> taken;
+        std::string folder;
+    } rows[] = {
+        {classic, "X", {}, "Halvick X"},
+        {classic, "X", {"halvick x", "Halvick X 2"}, "Halvick X 3"},
+        {classic, "X", {"Halvick X 2"}, "Halvick X"},
+        {lowEnergy, "X", {"X", "Halvick X"}, "X 2"},
+        {nearField, "X", {}, "X"},
+        {classic, longName, {}, longFolder},
+        // The number no longer fits: the search ends all the same.
+        {classic, longName, {longFolder, longFolder.substr(0, 260)}, longFolder.substr(0, 260)}};
+    for (const auto& row : rows) {
+        DescribedMachine machine;
+        InstallationIndex index(machine);
+        for (const std::string& taken : row.taken) {
+            index.records.emplace_back().fields["Program Folder"] = taken;
+        }
+        EXPECT_EQ(uniqueProgramFolder(row.name, row.product, index), row.folder);
+    }
 }

@@ -1,5 +1,6 @@
 #include "drivers/driver_installation.h"
 
+#include "desk/computer/described_machine.h"
 #include "tests/rows.h"
 
 using namespace std::string_literals;
@@ -61,4 +62,13 @@ TEST(DriverInstallation, RunsTheInstallerThatTheReportNames) {
         [&name](const std::string& report) {
             return reportedInstaller(report, "D", name).value_or("none");
         });
+}
+
+TEST(DriverInstallation, NeedsAKeyOnceThereIsAPackage) {
+    DescribedMachine machine;
+    std::string error = "earlier";
+    EXPECT_TRUE(installDrivers(machine, "C:\\", {}, nullptr, error));
+    EXPECT_EQ(error, "");
+    EXPECT_FALSE(installDrivers(machine, "C:\\", {{}}, nullptr, error));
+    EXPECT_EQ(error, "No data key specified.");
 }

@@ -18,7 +18,7 @@ TEST(Drivers, AreInstalledInTheirPlaceOfTheRun) {
            {serial, ran(unpacked), choose("Live Product", "Cancel")},
            {extractionTool()}},
           {"1k: without an extraction tool",
-           {shellMessage, choose("Demonstration"),
+           {choose("Demonstration"),
             setup("0g", "Halvick Tavlink Serial Demo 16.4.10002.0", "DEMO")}},
           {"1w: in place of the choice, after the removal",
            {{"* | No, Skip", {"Yes, Uninstall Selected Version(s)"}},

@@ -51,18 +51,23 @@ TEST(OlderVersions, AreSortedAndTheTickedOnesRemovedOneAfterAnother) {
         return asks(rows, actions, true);
     };
     play({// One ticked row removes every version of its name, and what fails is passed over.
-          {"04: unticked by keyboard",
-           {prompt({"columns 20,0 400,0 4", blank, down, down, blank, confirm}),
-            ran(uninstaller("a")), shellMessage, noProgram, shellMessage, chooseLive, classicSetup},
-           versions},
-          {"04: one by keyboard",
-           {prompt({end, blank, up, blank, up, blank, confirm}), ran(uninstaller("b")), chooseLive,
-            classicSetup},
-           versions},
-          {"04: none",
-           {prompt({selectAll, "sees | [ ] Alpha", selectAll, "sees " + rows, selectAll, confirm}),
-            chooseLive, classicSetup},
-           versions},
+          onWindows({"04: unticked by keyboard",
+                     {prompt({"columns 20,0 400,0 4", blank, down, down, blank, confirm}),
+                      ran(uninstaller("a")), shellMessage, noProgram, chooseLive, classicSetup},
+                     versions}),
+          onWindows({"04: one by keyboard",
+                     {prompt({end, blank, up, blank, up, blank, confirm}), ran(uninstaller("b")),
+                      chooseLive, classicSetup},
+                     versions}),
+          onDescribedMachine({"04: one ticked, the rest left alone",
+                              {prompt({selectAll, "Alpha Tavlink Classic Analyzer 12", confirm}),
+                               ran(uninstaller("b")), chooseLive, classicSetup},
+                              versions}),
+          onWindows({"04: none",
+                     {prompt({selectAll, "sees | [ ] Alpha", selectAll, "sees " + rows, selectAll,
+                              confirm}),
+                      chooseLive, classicSetup},
+                     versions}),
           {"04: skipped", {prompt({skip}), chooseLive, classicSetup}, versions},
           {"04: escape", {prompt({"key 27"}), chooseLive, classicSetup}, versions},
           {"04: close box", {prompt({"close"}), chooseLive, classicSetup}, versions}});
@@ -76,15 +81,10 @@ TEST(OlderVersions, AreThoseOfTheProductOrOfTheMaker) {
           {asks("[x] " + name, {confirm}), ran(uninstaller("a")), choose("Live Product", "Cancel")},
           {version("a", name), version("b", 'x' + name)}},
          {"1w: the maker's",
-          {asks("[x] Halvick Anything 12", {skip}), shellMessage,
+          {asks("[x] Halvick Anything 12", {skip}),
            setup("1w", "Halvick 16.4.10002.0", "LIVE x86")},
           {version("a", "Halvick Anything 12"), version("b", "HALVICK Anything 12"),
            version("c", "Tavlink Multiprotocol Analyzer 12")}}});
-    if (on64BitWindows()) {
-        play({"04: listed for 64-bit programs",
-              {chooseLive, classicSetup},
-              {installed("a", "Tavlink Classic Analyzer", "x", "x", "12.0.0.0", KEY_WOW64_64KEY)}});
-    }
 }
 
 TEST(OlderVersions, HaveTheirProgramFoldersLeftAlone) {

@@ -1,8 +1,8 @@
 // A run of the installer as a row: what the user sees and answers, which programs are started, and
-// what lies on the machine. Every run starts from nothing.
+// what lies on the machine. Every run starts from nothing. The same rows are played by the real
+// program on Windows (stage_win.cpp) and by the run's own code on a described machine
+// (stage_described.cpp).
 #pragma once
-
-#include <windows.h>
 
 #include <functional>
 #include <string>
@@ -30,6 +30,7 @@ struct Step {
         DialogOfSomePlatforms,  ///< comes or does not
         Program,                ///< `seen` is its record
         WaitForFile,            ///< nothing happens while the file `seen` is there; then it goes
+        Unseen,                 ///< known on the described machine alone
     };
     std::string seen;
     std::vector<std::string> actions = {};  ///< on a dialog, as DialogWindow::act takes them
@@ -40,7 +41,10 @@ struct Step {
                        const std::string& buttons = "OK", const std::string& reply = "OK");
 /// For a program that cannot be started the shell has a message of its own, ahead of what the
 /// installer has to say.
-inline const Step shellMessage{"* | OK", {"OK"}};
+inline const Step shellMessage{"* | OK", {"OK"}, Step::Kind::DialogOfSomePlatforms};
+[[nodiscard]] Step stopped(const std::string& path);
+[[nodiscard]] Step copiedOver(const std::string& from, const std::string& to);
+[[nodiscard]] Step logged(const std::string& line);
 /// The "Install Product" dialog.
 [[nodiscard]] Step choose(const std::string& choice, const std::string& button = "Install");
 inline const Step chooseLive = choose("Live Product");
@@ -57,37 +61,43 @@ inline const Step chooseLive = choose("Live Product");
 using Given = std::function<void()>;
 [[nodiscard]] Given file(const std::string& path, const std::string& content = "");
 [[nodiscard]] Given removed(const std::string& path);
-/// A copy of a file that lies beside the tests.
-[[nodiscard]] Given copied(const std::string& name, const std::string& path);
 /// A recording stand-in, which takes a while; the script as the recorder has it.
 [[nodiscard]] Given program(const std::string& path, const std::string& script = "100");
 [[nodiscard]] Given setupIn(const std::string& folder);
 [[nodiscard]] Given extractionTool(const std::string& report =
                                        "unpacked \"sub folder\\dpinst_32.exe\" and "
                                        "\"sub folder\\dpinst_64.exe\"\r\n");
-/// A stand-in that runs before and during the run; its handle goes to the end of `processes`.
-[[nodiscard]] Given running(const std::string& path, std::vector<HANDLE>& processes);
-[[nodiscard]] Given registered(HKEY root, const std::string& key, const std::string& name,
-                               const std::string& text, REGSAM view = 0);
+/// A text below HKEY_LOCAL_MACHINE.
+[[nodiscard]] Given registered(const std::string& key, const std::string& name,
+                               const std::string& text);
 /// An entry of the platform's list of installed programs, in the order of `key`: "a" to "h".
 [[nodiscard]] Given installed(const std::string& key, const std::string& name,
                               const std::string& uninstall, const std::string& location = "x",
-                              const std::string& version = "12.0.0.0", REGSAM view = 0);
+                              const std::string& version = "12.0.0.0");
 /// An installation in the maker's registry trees.
 [[nodiscard]] Given indexed(const std::string& key, const std::string& programFolder);
-/// The release of Windows that Wine reports to the installer.
+/// The release of Windows that is reported to the installer, as Wine calls it.
 [[nodiscard]] Given release(const std::string& name);
+
+/// Where a row is played.
+enum class Where { Everywhere, OnWindows, Described };
 
 struct Case {
     std::string name;         ///< begins with the product's code and a colon
     std::vector<Step> steps;  ///< all that the run comes to, in this order
     std::vector<Given> given = {};
     std::string arguments = "-dir \"C:\\end to end\\media\"";
+    Where where = Where::Everywhere;
 };
-/// Runs the installer and tells what differs; gives up at the first dialog that is not expected.
-/// Returns all that was seen.
+inline Case onWindows(Case row) {
+    row.where = Where::OnWindows;
+    return row;
+}
+inline Case onDescribedMachine(Case row) {
+    row.where = Where::Described;
+    return row;
+}
+/// Plays a run and tells what differs; gives up at the first dialog that is not expected. Returns
+/// all that was seen.
 std::string play(const Case& row);
 void play(const std::vector<Case>& rows);
-
-[[nodiscard]] std::string readFile(const std::string& path);
-void removeFolder(const std::string& path);

@@ -1,74 +1,87 @@
 #include "installed/installation_index.h"
 
+#include "installed/key_tree_walk.h"
 #include "platform/ansi_text.h"
-#include "tests/installed/sample_record.h"
+#include "tests/installed/described_tree.h"
 #include "tests/rows.h"
 
-TEST(InstallationIndex, TakesOneRecordPerRegistryKey) {
-    std::vector<InstallationRecord> installations, found(4, sampleRecord());
-    const char* const keys[] = {"HKLM\\A", "hklm\\a", "HKLM\\B", "HKLM\\b"};
-    for (std::size_t index = 0; index < found.size(); ++index) {
-        found[index].fields["Registry Key"] = keys[index];
-    }
-    mergeInstallations(installations, {found[0]});
-    mergeInstallations(installations, found);
-    ASSERT_EQ(installations.size(), 2u);
-    EXPECT_EQ(fieldText(installations[0], "Registry Key"), "HKLM\\A");
-    EXPECT_EQ(fieldText(installations[1], "Registry Key"), "HKLM\\B");
-}
+namespace {
 
-TEST(InstallationIndex, AnswersForSomeFieldsOnly) {
-    InstallationRecord record;
+const std::string maker = makerTree, older = olderMakerTree;
+
+TEST(InstallationIndex, HoldsBothTreesOnce) {
+    DescribedMachine machine;
+    InstallationIndex index(machine);
+    std::vector<std::size_t> matches;
+    EXPECT_FALSE(index.load(true));
+    setRecord(machine, older + "B");
+    EXPECT_TRUE(index.find("halvick ANALYZER", installation_selector::programFolder, matches))
+        << "an empty index is read first";
+    EXPECT_EQ(matches, std::vector<std::size_t>{0});
+    setRecord(machine, maker + "A");
+    setText(machine, maker + "A", "Version", "not trusted");
+    setText(machine, maker + "Common", "Installation Helper", "C:\\Helper");
+    setText(machine, older + "B", "Old User Data Key", "old");
+    machine.files["C:\\Analyzer\\Executables\\Core\\qmx.exe"].version = "Version Build 12.4.1";
+    EXPECT_TRUE(index.load(false));
+    EXPECT_EQ(index.records.size(), 1u);
+    EXPECT_TRUE(index.load(true));
+    std::vector<InstallationRecord> records(3);
     FieldMap extras;
-    std::string answered;
-    storeValue(record, extras, oldUserDataKey, "old");
-    for (auto& [name, text] : record.fields) {
-        text = name;
-        EXPECT_EQ(installationField(record, name), installationField(record, lowerCase(name)));
-        answered += installationField(record, name) + '|';
-    }
-    EXPECT_EQ(answered,
-              "|Lard||Path||Product Id|Product Name|Program Folder|||Seinda|Temp Reference|"
-              "User Data Key||");
-    // Older releases kept the key under another name.
-    record.legacy = true;
-    EXPECT_EQ(installationField(record, "user data key"), "Old User Data Key");
-    EXPECT_EQ(installationField(record, ""), "");
+    EXPECT_TRUE(
+        index.readTree("SOFTWARE\\HVQ\\Tressle Analyzer\\", records, extras, MergeMode::Current));
+    EXPECT_EQ(records.size(), 1u);
+    ASSERT_EQ(index.records.size(), 2u) << "in whatever letters a key is written";
+    EXPECT_STREQ(walkError(), "") << "of the empty machine";
+    EXPECT_FALSE(index.records[0].legacy);
+    EXPECT_TRUE(index.records[1].legacy);
+    EXPECT_EQ(index.records[0].fields["Version"], "12.4.1");
+    EXPECT_EQ(index.helperLocation, "C:\\Helper");
+    EXPECT_EQ(index.field(1, "user data KEY"), "old") << "older releases had another name for it";
+    EXPECT_EQ(index.field(0, "Product Id") + index.field(0, "Version") + index.field(2, "Lard"),
+              "0b");
 }
 
 TEST(InstallationIndex, FindsFromTheLastToTheFirst) {
-    std::vector<InstallationRecord> installations(3, sampleRecord());
-    installations[0].fields["Path"] = "C:\\Old\\";
-    installations[1].fields["Path"] = "\\c:\\old";
-    installations[2].fields["Path"] = "C:\\Old\x95\\";
-    installations[0].fields["Product Id"] = "1k";
-    installations[1].fields["Product Name"] = "Name";
-    installations[2].fields["Temp Reference"] = "Other";
-    // In a double-byte page the last byte of the third path is half a character.
+    DescribedMachine machine;
+    InstallationIndex index(machine);
+    index.records.resize(3, sampleRecord());
+    index.records[0].fields["Path"] = "C:\\Old\\";
+    index.records[1].fields["Path"] = "\\c:\\old";
+    index.records[2].fields["Path"] = "C:\\Old\x95\\";
+    index.records[0].fields["Product Id"] = "1k";
+    index.records[1].fields["Product Name"] = "Name";
+    index.records[2].fields["Temp Reference"] = "Other";
     using Positions = std::vector<std::size_t>;
-    expectRows<std::tuple<std::string, int, bool>, Positions>(
-        {{{"C:\\OLD\\\\", 0, false}, {1, 0}},
-         {{"C:\\", 0, false}, {}},
-         {{"C:\\Old\x95", 0, true}, {}},
-         {{"c:\\old\x95\\\\", 0, true}, Positions{2}},
-         {{"1K", 1, false}, Positions{0}},
-         {{"0b", 1, false}, {2, 1}},
-         {{"name", 2, false}, Positions{1}},
-         {{"HALVICK ANALYZER", 3, false}, {2, 1, 0}},
-         {{"Halvick", 3, false}, {}},
-         {{"", 3, false}, {}},
-         {{"1", 4, false}, {}},
-         {{"other", 5, false}, Positions{2}},
-         {{"1", 6, false}, {}},
-         {{"1", -1, false}, {}}},
-        [&](const std::string& value, int selector, bool twoByte) {
-            CodePage page = asciiCodePage;
-            page.lead[0x95] = twoByte;
-            useCodePage(page);
-            Positions matches{99};
-            const bool found = findInstallations(installations, value, selector, matches);
-            useCodePage(asciiCodePage);
-            EXPECT_EQ(found, !matches.empty());
-            return matches;
-        });
+    namespace by = installation_selector;
+    const struct {
+        std::string value;
+        int selector;
+        Positions found;
+        bool twoByte = false;  ///< the last byte of the third path is half a character
+    } rows[] = {{"C:\\OLD\\\\", by::path, {1, 0}},
+                {"C:\\", by::path, {}},
+                {"C:\\Old\x95", by::path, {}, true},
+                {"c:\\old\x95\\\\", by::path, {2}, true},
+                {"1K", by::productId, {0}},
+                {"0b", by::productId, {2, 1}},
+                {"name", by::productName, {1}},
+                {"HALVICK ANALYZER", by::programFolder, {2, 1, 0}},
+                {"Halvick", by::programFolder, {}},
+                {"", by::programFolder, {}},
+                {"1", 4, {}},
+                {"other", by::temporaryReference, {2}},
+                {"1", 6, {}},
+                {"1", -1, {}}};
+    for (const auto& row : rows) {
+        CodePage page = asciiCodePage;
+        page.lead[0x95] = row.twoByte;
+        useCodePage(page);
+        Positions matches{99};
+        EXPECT_EQ(index.find(row.value, row.selector, matches), !row.found.empty());
+        EXPECT_EQ(matches, row.found) << row.value << " by selector " << row.selector;
+        useCodePage(asciiCodePage);
+    }
 }
+
+}  // namespace

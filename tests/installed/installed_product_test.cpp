@@ -1,20 +1,91 @@
 #include "installed/installed_product.h"
 
+#include "tests/installed/described_tree.h"
 #include "tests/rows.h"
 
-TEST(InstalledProduct, IsReportedWithFourNumbersFromEleven) {
-    expectRows<std::string, bool>({{"11.0.0.0", true},
-                                   {"11.0.0.0.", true},
-                                   {"16.4.10002.0", true},
-                                   {"011.1.1.1", true},
-                                   {"10.9.1", false},
-                                   {"10.9.9.9", false},
-                                   {"11.0", false},
-                                   {"11.0.0", false},
-                                   {"11..0.0", false},
-                                   {"11.0.0.0.0", false},
-                                   {" 11.0.0.0", false},
-                                   {"v11.0.0.0", false},
-                                   {"", false}},
-                                  isReportedVersion);
+using namespace std::string_literals;
+
+namespace {
+
+const std::string list = uninstallListKey;
+
+/// The state of an entry with one value that differs from a whole one's.
+EntryState stateWith(const std::string& name, std::uint32_t type, const std::string& data) {
+    DescribedMachine machine;
+    for (const auto& [value, text] : {std::pair("DisplayName", "Halvick Viewer 12"),
+                                      {"DisplayVersion", "12.0.0.0"},
+                                      {"UninstallString", "remove.exe"},
+                                      {"InstallLocation", "C:\\v"}}) {
+        setText(machine, "entry", value, text);
+    }
+    machine.registry.keys["entry"].set({name, type, data});
+    std::unique_ptr<KeyReader> entry;
+    EXPECT_EQ(machine.localMachine()->openSubkey("entry", entry), errorSuccess);
+    InstalledProduct product;
+    return readEntry(*entry, "Halvick", product);
 }
+
+TEST(InstalledProduct, IsReportedWhenItsEntryIsWhole) {
+    constexpr std::uint32_t text = 1, expandable = 2, binary = 3, texts = 7;
+    const std::string longest(259, 'x');
+    const struct {
+        const char* name;
+        std::uint32_t type;
+        std::string data;
+        EntryState state;
+    } rows[] = {
+        {"Comment", text, "\0"s, EntryState::Reported},
+        {"DisplayName", expandable, "A Halvick\0"s, EntryState::Reported},
+        {"DisplayName", text, "HALVICK Viewer\0"s, EntryState::OtherProduct},
+        {"DisplayName", text, "", EntryState::OtherProduct},  // the empty text
+        {"DisplayName", text, "Halvick", EntryState::NoDisplayName},
+        {"DisplayName", texts, "Halvick\0\0"s, EntryState::NoDisplayName},
+        {"DisplayName", binary, "Halvick\0"s, EntryState::NoDisplayName},
+        {"DisplayName", text, "Halvick" + longest + '\0', EntryState::NoDisplayName},
+        {"DisplayVersion", text, "11.0.0.0\0"s, EntryState::Reported},
+        {"DisplayVersion", text, "10.9.1.0\0"s, EntryState::TooOld},
+        {"DisplayVersion", text, "11.0\0"s, EntryState::NoVersion},
+        {"DisplayVersion", text, "v11.0.0.0\0"s, EntryState::NoVersion},
+        {"DisplayVersion", binary, "11.0.0.0\0"s, EntryState::NoVersion},
+        {"UninstallString", binary, "x\0"s, EntryState::NoUninstaller},
+        {"UninstallString", text, longest + '\0', EntryState::Reported},
+        {"UninstallString", text, longest + "x\0"s, EntryState::NoUninstaller},
+        {"InstallLocation", text, "x", EntryState::NoInstallLocation},
+    };
+    for (const auto& row : rows) {
+        EXPECT_EQ(stateWith(row.name, row.type, row.data), row.state)
+            << row.name << " of type " << row.type << ": " << row.data;
+    }
+}
+
+TEST(InstalledProduct, IsFoundInTheOrderOfTheListWhateverElseIsInIt) {
+    DescribedMachine machine;
+    std::vector<InstalledProduct> products;
+    EXPECT_FALSE(findInstalledMakerProducts(*machine.localMachine(), products)) << "no list";
+    // A long name of an entry, one that cannot be opened, and keys below entries.
+    const std::string longName(250, 'm');
+    for (const std::string& key : {"a"s, "b"s, longName, "z"s, "z\\below"s}) {
+        for (const char* value : {"DisplayName", "UninstallString", "InstallLocation"}) {
+            setText(machine, list + '\\' + key, value, "Halvick " + key.substr(0, 9));
+        }
+        setText(machine, list + '\\' + key, "DisplayVersion", "12.0.0.0");
+    }
+    setText(machine, list + "\\c", "DisplayName", "Halvick without the rest");
+    machine.registry.failures[list + "\\b"].open = 5;
+    EXPECT_TRUE(findInstalledMakerProducts(*machine.localMachine(), products));
+    EXPECT_TRUE(findInstalledProducts(*machine.localMachine(), "ick a", products));
+    std::string names;
+    for (const InstalledProduct& product : products) {
+        names += product.displayName + ", ";
+    }
+    EXPECT_EQ(names, "Halvick a, Halvick mmmmmmmmm, Halvick z, Halvick a, ");
+    EXPECT_FALSE(findInstalledProductsFor(*machine.localMachine(), 4, products));
+    EXPECT_FALSE(findInstalledProductsFor(*machine.localMachine(), -1, products));
+    // A registry that fails half-way has shown what came before.
+    machine.registry.failures[list] = {.enumerate = 5, .fromIndex = 1};
+    products.clear();
+    EXPECT_TRUE(findInstalledMakerProducts(*machine.localMachine(), products));
+    EXPECT_EQ(products.size(), 1U);
+}
+
+}  // namespace

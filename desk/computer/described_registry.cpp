@@ -1,0 +1,126 @@
+#include "desk/computer/described_registry.h"
+
+#include <cstring>
+#include <utility>
+#include <vector>
+
+namespace {
+
+// Mirror winerror.h.
+constexpr std::uint32_t fileNotFound = 2;
+constexpr std::uint32_t moreData = 234;
+
+/// A text into a buffer of `size` bytes, as Windows' calls do.
+std::uint32_t giveText(const std::string& text, char* buffer, std::uint32_t& size) {
+    if (text.size() >= size) {
+        return moreData;
+    }
+    std::memcpy(buffer, text.c_str(), text.size() + 1);
+    size = static_cast<std::uint32_t>(text.size());
+    return errorSuccess;
+}
+
+std::uint32_t giveData(const std::string& bytes, char* buffer, std::uint32_t& size) {
+    const bool fits = buffer == nullptr || bytes.size() <= size;
+    size = static_cast<std::uint32_t>(bytes.size());
+    if (fits && buffer != nullptr) {
+        std::memcpy(buffer, bytes.data(), bytes.size());
+    }
+    return fits ? errorSuccess : moreData;
+}
+
+class DescribedKey : public KeyReader {
+  public:
+    DescribedKey(const DescribedRegistry& registry, std::string keyPath)
+        : registry(registry), path(std::move(keyPath)) {
+        if (const auto known = registry.keys.find(path); known != registry.keys.end()) {
+            values = &known->second;
+        }
+        if (const auto failing = registry.failures.find(path); failing != registry.failures.end()) {
+            failures = failing->second;
+        }
+        const std::size_t start = path.empty() ? 0 : path.size() + 1;
+        for (auto key = registry.keys.upper_bound(path);
+             key != registry.keys.end() && (path.empty() || isBelow(key->first, path));) {
+            const std::size_t end = key->first.find('\\', start);
+            subkeys.push_back(key->first.substr(start, end - start));
+            // Behind all that is below it.
+            key = registry.keys.lower_bound(key->first.substr(0, end) + '\x01');
+        }
+    }
+
+    [[nodiscard]] std::uint32_t openSubkey(const char* name,
+                                           std::unique_ptr<KeyReader>& subkey) const override {
+        std::string wanted = path.empty() || *name == '\0' ? path + name : path + '\\' + name;
+        while (wanted.ends_with('\\')) {
+            wanted.pop_back();
+        }
+        auto opened = std::make_unique<DescribedKey>(registry, wanted);
+        if (opened->failures.open != errorSuccess) {
+            return opened->failures.open;
+        }
+        if (opened->values == nullptr && opened->subkeys.empty()) {
+            return fileNotFound;
+        }
+        subkey = std::move(opened);
+        return errorSuccess;
+    }
+
+    [[nodiscard]] std::uint32_t count(std::uint32_t& subkeyCount,
+                                      std::uint32_t& valueCount) const override {
+        subkeyCount = static_cast<std::uint32_t>(subkeys.size());
+        valueCount = static_cast<std::uint32_t>(values == nullptr ? 0 : values->all().size());
+        return failures.count;
+    }
+
+    [[nodiscard]] std::uint32_t enumerateSubkey(std::uint32_t index, char* name,
+                                                std::uint32_t& size) const override {
+        if (fails(index)) {
+            return failures.enumerate;
+        }
+        return index < subkeys.size() ? giveText(subkeys[index], name, size) : errorNoMoreItems;
+    }
+
+    [[nodiscard]] std::uint32_t enumerateValue(std::uint32_t index, char* name,
+                                               std::uint32_t& nameSize, char* data,
+                                               std::uint32_t& dataSize) const override {
+        if (fails(index)) {
+            return failures.enumerate;
+        }
+        if (values == nullptr || index >= values->all().size()) {
+            return errorNoMoreItems;
+        }
+        const RegistryValue& value = values->all()[index];
+        const std::uint32_t named = giveText(value.name, name, nameSize);
+        return named != errorSuccess ? named : giveData(value.data, data, dataSize);
+    }
+
+    [[nodiscard]] std::uint32_t queryValue(const char* name, std::uint32_t& type, char* data,
+                                           std::uint32_t& size) const override {
+        const RegistryValue* const value = values == nullptr ? nullptr : values->find(name);
+        if (value == nullptr) {
+            return fileNotFound;
+        }
+        type = value->type;
+        return giveData(value->data, data, size);
+    }
+
+    [[nodiscard]] std::uint32_t lastError() const override { return registry.lastError; }
+
+  private:
+    [[nodiscard]] bool fails(std::uint32_t index) const {
+        return failures.enumerate != errorSuccess && index >= failures.fromIndex;
+    }
+
+    const DescribedRegistry& registry;
+    const std::string path;
+    const RegistryValues* values = nullptr;
+    KeyFailures failures;
+    std::vector<std::string> subkeys;  ///< their names, in the order of enumeration
+};
+
+}  // namespace
+
+std::unique_ptr<KeyReader> describedLocalMachine(const DescribedRegistry& registry) {
+    return std::make_unique<DescribedKey>(registry, "");
+}

@@ -1,0 +1,110 @@
+#include "installed/key_tree_walk.h"
+
+#include <tuple>
+#include <utility>
+
+#include "platform/ansi_text.h"
+#include "platform/format_text.h"
+
+namespace {
+
+// For names and for data, in bytes. On the heap: the walk goes as deep as the tree.
+constexpr std::uint32_t bufferSize = 1024;
+
+char lastError[2049] = "";  // terminator included
+
+void setWalkError(std::string_view description) {
+    lastError[description.copy(lastError, sizeof lastError - 1)] = '\0';
+}
+
+std::string quoted(const std::string& path) {
+    return '"' + path + '"';
+}
+
+bool readValues(const KeyReader& key, InstallationRecord& record, FieldMap& extras) {
+    std::string name(bufferSize, '\0');
+    std::string data(bufferSize, '\0');
+    for (std::uint32_t index = 0;; ++index) {
+        std::uint32_t nameSize = bufferSize;
+        std::uint32_t dataSize = bufferSize;
+        const std::uint32_t result =
+            key.enumerateValue(index, name.data(), nameSize, data.data(), dataSize);
+        if (result == errorSuccess) {
+            storeValue(record, extras, name.c_str(), textOfData(data.data(), dataSize));
+        } else if (index == 0) {
+            // Kept: a first value that cannot be read does not cost the key its record, a later
+            // one does.
+            continue;
+        } else if (result == errorNoMoreItems) {
+            return true;
+        } else {
+            // Kept: the number is the thread's last error, not what the call returned.
+            setWalkError(
+                formatText("RegEnumValue failed with %d.", static_cast<int>(key.lastError())));
+            return false;
+        }
+    }
+}
+
+bool readLeaf(const KeyReader& key, const std::string& subkeyName, const std::string& path,
+              std::vector<InstallationRecord>& records, FieldMap& extras) {
+    InstallationRecord record;
+    if (!readValues(key, record, extras)) {
+        return false;
+    }
+    appendIfValid(std::move(record), path, subkeyName, records);
+    return true;
+}
+
+bool walkSubkeys(const KeyReader& key, const std::string& path,
+                 std::vector<InstallationRecord>& records, FieldMap& extras) {
+    std::string name(bufferSize, '\0');
+    for (std::uint32_t index = 0;; ++index) {
+        std::uint32_t nameSize = bufferSize;
+        const std::uint32_t result = key.enumerateSubkey(index, name.data(), nameSize);
+        if (result == errorNoMoreItems) {
+            return true;
+        }
+        if (result != errorSuccess) {
+            setWalkError(index == 0 ? "Could not enumerate key " + quoted(path)
+                                    : "Error enumerating key " +
+                                          quoted(withTrailingBackslash(path) + name.c_str()));
+            return false;
+        }
+        std::ignore = walkKeyTree(&key, name.c_str(), path, records, extras);
+    }
+}
+
+}  // namespace
+
+bool walkKeyTree(const KeyReader* parent, const std::string& subkeyName,
+                 const std::string& parentPath, std::vector<InstallationRecord>& records,
+                 FieldMap& extras) {
+    if (parent == nullptr || subkeyName.empty()) {
+        return false;
+    }
+    const std::string path = withTrailingBackslash(parentPath) + subkeyName;
+    std::unique_ptr<KeyReader> key;
+    if (parent->openSubkey(subkeyName.c_str(), key) != errorSuccess) {
+        setWalkError("Could not open registry key " + quoted(path));
+        return false;
+    }
+    std::uint32_t subkeys = 0;
+    std::uint32_t values = 0;
+    if (key->count(subkeys, values) != errorSuccess) {
+        setWalkError("Could not query key " + quoted(path));
+        return false;
+    }
+    if (subkeys != 0) {
+        return walkSubkeys(*key, path, records, extras);
+    }
+    return values != 0 && readLeaf(*key, subkeyName, path, records, extras);
+}
+
+const char* walkError() {
+    return lastError;
+}
+
+void clearWalkError() {
+    setWalkError({});
+}

@@ -1,0 +1,8 @@
+// What the described stage has beyond the rows that both stages play: failures in the middle.
+#pragma once
+
+#include "desk/computer/described_machine.h"
+#include "tests/end_to_end/stage.h"
+
+/// Anything of the machine that a row is about.
+[[nodiscard]] Given machine(const std::function<void(DescribedMachine& machine)>& change);

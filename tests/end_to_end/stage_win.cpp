@@ -1,0 +1,292 @@
+#include "tests/end_to_end/stage_win.h"
+
+#include <gtest/gtest.h>
+#include <shlobj.h>
+#include <shlwapi.h>
+
+#include <algorithm>
+#include <cstdlib>
+#include <filesystem>
+#include <fstream>
+#include <iterator>
+
+#include "app/environment.h"
+#include "platform/operating_system_win.h"
+#include "platform/system_library_win.h"
+#include "tools/dialog_driver/installer_run_win.h"
+
+namespace {
+
+const std::string installer = scratch + "Install.exe", recordFile = scratch + "records.txt";
+const std::string installerRuns = scratch + "the installer runs";  ///< a file
+const std::string uninstallList = "SOFTWARE\\Microsoft\\Windows\\CurrentVersion\\Uninstall\\";
+
+std::string upTo(const std::string& path, char last) {
+    return path.substr(0, path.rfind(last));
+}
+
+/// The records become these, before the deadline.
+bool awaitRecords(const std::string& expected) {
+    const DWORD start = GetTickCount();
+    while (readFile(recordFile) != expected &&
+           GetTickCount() - start < InstallerRun::defaultDeadline) {
+        Sleep(10);
+    }
+    return readFile(recordFile) == expected;
+}
+
+bool fits(const Step& step, const std::string& shown) {
+    return step.seen.starts_with('*') ? shown.ends_with(step.seen.substr(1)) : shown == step.seen;
+}
+
+/// What the installer asks on this release, whatever a row is about; empty where it asks nothing.
+std::string questionAboutRelease() {
+    const OperatingSystemIdentity identity = identifyOperatingSystem(queryOperatingSystem());
+    const auto message = environmentPolicy(true, identity.code, identity.name).message;
+    return message ? box(message->text, "warning", "Yes | No").seen : "";
+}
+
+/// A run as it is seen from outside, beside what is expected of it.
+class Playback {
+  public:
+    Playback(const std::string& arguments, std::string passedQuestion)
+        : run(installer, arguments, elsewhere), passedQuestion(std::move(passedQuestion)) {}
+
+    /// False: the run is not what it should be, and is not to be followed any further.
+    bool meet(const Step& step) {
+        if (step.kind == Step::Kind::WaitForFile) {
+            return waitsFor(step.seen);
+        }
+        if (step.kind == Step::Kind::Unseen) {
+            return true;
+        }
+        if (step.kind == Step::Kind::Program) {
+            expected += step.seen;
+            return true;
+        }
+        lookOut();
+        if (!fits(step, shown) && step.kind == Step::Kind::DialogOfSomePlatforms) {
+            return true;
+        }
+        expected += step.seen + '\n';
+        takeRecords();
+        seen += (fits(step, shown) ? step.seen : shown) + '\n';
+        shown.clear();
+        for (const std::string& action : step.actions) {
+            if (seen != expected || !shown.empty()) {
+                return false;
+            }
+            shown = dialog->act(action);
+        }
+        dialog.reset();
+        return shown.empty();
+    }
+
+    void end(bool met) {
+        if (met) {
+            lookOut();
+        }
+        if (met && !dialog && shown.empty()) {
+            DWORD exitCode = 1;
+            GetExitCodeProcess(run.process.hProcess, &exitCode);
+            // The installer has left "Setup.Exe" to itself.
+            DeleteFileA(installerRuns.c_str());
+            shown = run.awaitEnd() + (exitCode == 0 ? "" : "exit code " + std::to_string(exitCode));
+        }
+        takeRecords();
+        seen += shown;
+    }
+
+    std::string expected, seen;
+
+  private:
+    /// For the next dialog, if that was not done yet.
+    void lookOut() {
+        if (!dialog && shown.empty()) {
+            const auto [next, error] = run.nextDialog();
+            dialog = next;
+            shown = dialog ? dialog->description() : error;
+            if (dialog && shown == passedQuestion) {
+                shown = dialog->act("Yes");
+                passedQuestion.clear();
+                dialog.reset();
+                lookOut();
+            }
+        }
+    }
+
+    void takeRecords() {
+        const std::string records = readFile(recordFile);
+        seen += records.substr(taken);
+        taken = records.size();
+    }
+
+    bool waitsFor(const std::string& file) {
+        // Longer than the pause between two looks at the file.
+        const bool waits = awaitRecords(expected) &&
+                           WaitForSingleObject(run.process.hProcess, 1500) == WAIT_TIMEOUT &&
+                           readFile(recordFile) == expected;
+        shown = waits && DeleteFileA(file.c_str()) ? "" : "does not wait for " + file;
+        return waits;
+    }
+
+    InstallerRun run;
+    std::string passedQuestion;
+    std::optional<DialogWindow> dialog;
+    std::string shown;
+    size_t taken = 0;
+};
+
+void clear() {
+    removeFolder(scratch);
+    removeFolder(testSystemFolder);
+    SHDeleteKeyA(HKEY_CURRENT_USER, "Software\\Wine\\AppDefaults\\Install.exe");
+    SHDeleteKeyA(HKEY_LOCAL_MACHINE, "Software\\Halvick Test Equipment");
+    SHDeleteKeyA(HKEY_LOCAL_MACHINE, "Software\\HVQ");
+    // 32-bit Windows XP lacks it, and a second view of the list.
+    const auto deleteInView = procedureAddress<decltype(&RegDeleteKeyExA)>(
+        GetModuleHandleA("advapi32.dll"), "RegDeleteKeyExA");
+    for (std::string key = uninstallList + 'a'; key.back() <= 'h'; ++key.back()) {
+        RegDeleteKeyA(HKEY_LOCAL_MACHINE, key.c_str());
+        if (deleteInView != nullptr) {
+            deleteInView(HKEY_LOCAL_MACHINE, key.c_str(), KEY_WOW64_64KEY, 0);
+        }
+    }
+}
+
+/// After the last run.
+[[maybe_unused]] const int cleaner = std::atexit(clear);
+
+}  // namespace
+
+bool on64BitWindows() {
+    BOOL answer = FALSE;
+    return IsWow64Process(GetCurrentProcess(), &answer) && answer;
+}
+
+Step stopped(const std::string&) {
+    return {"", {}, Step::Kind::Unseen};
+}
+
+Step copiedOver(const std::string&, const std::string&) {
+    return {"", {}, Step::Kind::Unseen};
+}
+
+Step logged(const std::string&) {
+    return {"", {}, Step::Kind::Unseen};
+}
+
+Given file(const std::string& path, const std::string& content) {
+    return [=] {
+        SHCreateDirectoryExA(nullptr, upTo(path, '\\').c_str(), nullptr);
+        std::ofstream(path, std::ios::binary) << content;
+    };
+}
+
+Given removed(const std::string& path) {
+    return [=] { EXPECT_TRUE(DeleteFileA(path.c_str())) << path; };
+}
+
+Given copied(const std::string& name, const std::string& path) {
+    return [=] {
+        SHCreateDirectoryExA(nullptr, upTo(path, '\\').c_str(), nullptr);
+        const std::string source = upTo(_pgmptr, '\\') + '\\' + name;
+        EXPECT_TRUE(CopyFileA(source.c_str(), path.c_str(), FALSE)) << source << " to " << path;
+    };
+}
+
+Given program(const std::string& path, const std::string& script) {
+    return [=] {
+        copied("recorder.exe", path)();
+        file(path + ".script", script)();
+    };
+}
+
+Given extractionTool(const std::string& report) {
+    const std::string packed = scratch + "driver installer.exe", written = scratch + "report";
+    return [=] {
+        file(written, report)();
+        copied("recorder.exe", packed)();
+        file(unpacked + ".script", "100")();
+        program(media + "flatten.exe",
+                written + '\t' + media + "report.txt\n" + packed + '\t' + unpacked + "\n100")();
+    };
+}
+
+Given running(const std::string& path, std::vector<HANDLE>& processes) {
+    return [=, &processes] {
+        program(path, "60000")();
+        DeleteFileA(recordFile.c_str());
+        STARTUPINFOA startup{};
+        startup.cb = sizeof startup;
+        PROCESS_INFORMATION process{};
+        EXPECT_TRUE(CreateProcessA(path.c_str(), nullptr, nullptr, nullptr, FALSE, 0, nullptr,
+                                   nullptr, &startup, &process));
+        CloseHandle(process.hThread);
+        processes.push_back(process.hProcess);
+        while (readFile(recordFile).empty() &&
+               WaitForSingleObject(process.hProcess, 10) == WAIT_TIMEOUT) {
+        }
+    };
+}
+
+Given registeredBelow(HKEY root, const std::string& key, const std::string& name,
+                      const std::string& text, REGSAM view) {
+    return [=] {
+        HKEY opened = nullptr;
+        RegCreateKeyExA(root, key.c_str(), 0, nullptr, 0, KEY_SET_VALUE | view, nullptr, &opened,
+                        nullptr);
+        RegSetValueExA(opened, name.c_str(), 0, REG_SZ, reinterpret_cast<const BYTE*>(text.c_str()),
+                       static_cast<DWORD>(text.size()) + 1);
+        RegCloseKey(opened);
+    };
+}
+
+Given registered(const std::string& key, const std::string& name, const std::string& text) {
+    return registeredBelow(HKEY_LOCAL_MACHINE, key, name, text);
+}
+
+Given release(const std::string& name) {
+    return registeredBelow(HKEY_CURRENT_USER, "Software\\Wine\\AppDefaults\\Install.exe", "Version",
+                           name);
+}
+
+std::string play(const Case& row) {
+    if (row.where == Where::Described) {
+        return "";
+    }
+    SCOPED_TRACE(row.name);
+    SetEnvironmentVariableA("RECORD_FILE", recordFile.c_str());
+    clear();
+    setupIn(media)();
+    file(elsewhere + "ProductData.ini", "[Version Number]\r\nVersion Number=9.9.9.9\r\n")();
+    // Set by the build, as the stamping tool is a native program.
+    const std::string release = std::getenv("STAMPED_INSTALLERS"),
+                      code = row.name.substr(0, row.name.find(':')),
+                      product = release + (code.empty() ? "/../release/installer.exe"
+                                                        : '/' + code + "/Install.exe");
+    EXPECT_TRUE(CopyFileA(product.c_str(), installer.c_str(), FALSE)) << product;
+    for (const Given& given : row.given) {
+        given();
+    }
+    DeleteFileA(recordFile.c_str());
+    file(installerRuns)();
+
+    const bool aboutTheRelease =
+        !row.steps.empty() && row.steps.front().seen.find("tested on") != std::string::npos;
+    Playback playback(row.arguments, aboutTheRelease ? "" : questionAboutRelease());
+    playback.end(std::all_of(row.steps.begin(), row.steps.end(),
+                             [&](const Step& step) { return playback.meet(step); }));
+    EXPECT_EQ(playback.seen, playback.expected);
+    return playback.seen;
+}
+
+std::string readFile(const std::string& path) {
+    std::ifstream file(path, std::ios::binary);
+    return {std::istreambuf_iterator<char>(file), {}};
+}
+
+void removeFolder(const std::string& path) {
+    std::error_code ignored;
+    std::filesystem::remove_all(path, ignored);
+}

@@ -1,0 +1,150 @@
+// Runs whose effects only a real machine shows.
+#include <gtest/gtest.h>
+#include <shlobj.h>
+
+#include <cstdlib>
+#include <ctime>
+#include <fstream>
+
+#include "tests/end_to_end/stage_win.h"
+#include "tests/end_to_end/viewers.h"
+
+namespace {
+
+/// UTC, as the log tells it.
+std::string now() {
+    const std::time_t time = std::time(nullptr);
+    char text[20];
+    std::strftime(text, sizeof text, "%Y-%m-%d %H:%M:%S", std::gmtime(&time));
+    return text;
+}
+
+TEST(WindowsAlone, FallsBackToTheOldUninstallerAndLogsIt) {
+    SYSTEMTIME utc, local;
+    GetSystemTime(&utc);
+    GetLocalTime(&local);
+    // Where the test run has set the zone; another machine may well be on UTC.
+    EXPECT_TRUE(std::getenv("TZ") == nullptr || utc.wHour != local.wHour);
+    char documents[MAX_PATH] = "";
+    SHGetFolderPathA(nullptr, CSIDL_COMMON_DOCUMENTS, nullptr, SHGFP_TYPE_CURRENT, documents);
+    const std::string logFolder = std::string(documents) + "\\Halvick Test Equipment";
+    const std::string logFile = logFolder + "\\InstallLog.txt";
+    const Step waitForMarker{marker("a"), {}, Step::Kind::WaitForFile};
+    file(logFile, "earlier\r\n")();
+    const std::string start = now();
+    play({{"1q: with its arguments",
+           {ran(location("a") + "\\setup.exe", "-remove \"a b\""), waitForMarker,
+            viewerSetup("1.2.3.4")},
+           {old("a", viewer, " -remove \"a b\""),
+            file(scratch + "ProductData.ini", "[Version Number]\r\nVersion Number=1.2.3.4\r\n")}}});
+    const std::string log = readFile(logFile), time = log.substr(log.find('\n') + 1, 19);
+    EXPECT_EQ(log, "earlier\r\n" + time + " Version 16.4.10002.0 CopyFile from \"" + media +
+                       "UninstallQmx.exe\" to \"" + location("a") +
+                       "\\UninstallQmx.exe\" failed - 2\r\n");
+    EXPECT_LE(start, time);
+    EXPECT_LE(time, now());
+    removeFolder(logFolder);
+    play({{"1q: the log's folder is not made",
+           {ran(location("a") + "\\setup.exe"), waitForMarker, viewerSetup()},
+           {old("a", viewer, "")}}});
+    EXPECT_EQ(readFile(logFile), "");
+}
+
+TEST(WindowsAlone, StopsTheRunningCopiesOfTheViewerAlone) {
+    const std::string core = "\\Executables\\Core\\";
+    std::vector<HANDLE> processes;
+    play({{"1q: running copies",
+           inOrder({replaced("a"), {viewerSetup()}}),
+           {newUninstaller, old("a", viewer), running(location("a") + core + "QMX.exe", processes),
+            running(location("b") + core + "QMX.exe", processes),
+            running(location("a") + core + "qmx2.exe", processes)}}});
+    std::string alive;
+    for (const HANDLE process : processes) {
+        alive += WaitForSingleObject(process, 0) == WAIT_TIMEOUT ? "alive " : "ended ";
+        TerminateProcess(process, 0);
+        CloseHandle(process);
+    }
+    EXPECT_EQ(alive, "ended alive alive ");
+}
+
+TEST(WindowsAlone, LooksForOlderVersionsInTheViewOf32BitPrograms) {
+    if (!on64BitWindows()) {
+        GTEST_SKIP() << "there is one view";
+    }
+    const std::string key = "SOFTWARE\\Microsoft\\Windows\\CurrentVersion\\Uninstall\\a";
+    std::vector<Given> given;
+    for (const auto& [name, text] : {std::pair("DisplayName", "Tavlink Classic Analyzer"),
+                                     {"DisplayVersion", "12.0.0.0"},
+                                     {"UninstallString", "x"},
+                                     {"InstallLocation", "x"}}) {
+        given.push_back(registeredBelow(HKEY_LOCAL_MACHINE, key, name, text, KEY_WOW64_64KEY));
+    }
+    play({{"04: listed for 64-bit programs",
+           {chooseLive, setup("04", "Halvick Tavlink Classic Analyzer 16.4.10002.0")},
+           given}});
+}
+
+// On the releases that Wine can report for a program.
+TEST(WindowsAlone, EveryReportedReleaseMeetsItsPolicy) {
+    if (GetProcAddress(GetModuleHandleA("ntdll.dll"), "wine_get_version") == nullptr) {
+        GTEST_SKIP() << "Windows reports no other release than its own";
+    }
+    const std::string refused = "refused", passed;
+    // Version 5.2 is the 64-bit XP wherever the processor is a 64-bit one. This Wine has the
+    // product types of win7 and win2008r2 the wrong way round.
+    const std::string version52 = on64BitWindows() ? passed : "Windows Server 2003 Service Pack 2";
+    const struct {
+        std::string release, asksAbout, reply = "Yes";
+    } table[] = {{"win20", refused},
+                 {"win95", refused},
+                 {"win98", refused},
+                 {"winme", refused},
+                 {"nt351", refused},
+                 {"nt40", refused},
+                 {"win2k", "Windows 2000 Service Pack 4"},
+                 {"winxp", passed},
+                 {"winxp64", version52},
+                 {"win2003", version52},
+                 {"vista", passed},
+                 {"win2008", "Windows Server 2008 Service Pack 2"},
+                 {"win2008", "Windows Server 2008 Service Pack 2", "No"},
+                 {"win7", "Windows Server 2008 R2 Service Pack 1"},
+                 {"win2008r2", passed},
+                 {"win8", passed},
+                 {"win81", passed},
+                 {"win10", passed}};
+    // Set by the script that makes a document of it.
+    const char* matrix = std::getenv("RELEASE_MATRIX");
+    for (const auto& [name, asksAbout, reply] : table) {
+        // A product that has drivers, and a setup for each processor.
+        Case run{"1m: " + name, {}, {release(name), extractionTool()}};
+        if (asksAbout == refused) {
+            run.steps = {
+                box("This product is only supported on Windows 7 and Windows 8 operating "
+                    "systems.",
+                    "warning")};
+        } else if (asksAbout != passed) {
+            run.steps = {box("This product has not been tested on " + asksAbout +
+                                 ".\n\nWould you like to continue the installation?",
+                             "warning", "Yes | No", reply)};
+        }
+        if (asksAbout != refused && reply == "Yes") {
+            if (name != "win2k") {  // the drivers do not run there
+                run.steps.insert(run.steps.end(),
+                                 {extracted("SerialTavlinkDrivers.fzx"), ran(unpacked)});
+            }
+            run.steps.insert(
+                run.steps.end(),
+                {chooseLive, setup("1m", "Halvick Tavlink Industrial Analyzer 16.4.10002.0",
+                                   "LIVE " + processor, processor)});
+        }
+        const std::string seen = play(run);
+        if (matrix != nullptr && reply == "Yes") {
+            std::ofstream(matrix + processor, std::ios::app | std::ios::binary)
+                << "release " << name << '\n'
+                << seen;
+        }
+    }
+}
+
+}  // namespace

@@ -1,0 +1,104 @@
+// The walk through a registry tree, on what other programs may have left there.
+#include "installed/key_tree_walk.h"
+
+#include "tests/installed/described_tree.h"
+
+using namespace std::string_literals;
+
+namespace {
+
+class KeyTreeWalk : public testing::Test {
+  protected:
+    bool walk(const std::string& key) {
+        clearWalkError();
+        records.clear();
+        return walkKeyTree(machine.localMachine().get(), key, "HKEY_LOCAL_MACHINE\\", records,
+                           extras);
+    }
+
+    DescribedMachine machine;
+    std::vector<InstallationRecord> records;
+    FieldMap extras;
+};
+
+TEST_F(KeyTreeWalk, TakesDataOfAnyTypeUpToTheirFirstZero) {
+    constexpr std::uint32_t text = 1, binary = 3, number = 4, texts = 7;
+    const std::string longest(1024, 'x');
+    const struct {
+        std::uint32_t type;
+        std::string data, read;
+    } rows[] = {
+        {text, "", ""},           {text, "abc\0"s, "abc"},    {text, "a\0b\0"s, "a"},
+        {text, "abc", "abc"},     {binary, longest, longest}, {binary, longest + 'x', "broken off"},
+        {number, "ABCD", "ABCD"}, {number, "A\0\0\0"s, "A"},  {texts, "a\0b\0\0"s, "a"}};
+    for (const auto& row : rows) {
+        machine.registry.keys.clear();
+        setRecord(machine, "A");
+        machine.registry.keys["A"].set({"Lard", row.type, row.data});
+        EXPECT_EQ(walk("A") ? records.at(0).fields["Lard"] : "broken off", row.read)
+            << "type " << row.type << ", " << row.data.substr(0, 9);
+    }
+}
+
+TEST_F(KeyTreeWalk, ReachesEveryLeaf) {
+    std::string deep = "T\\D";
+    for (int level = 0; level < 200; ++level) {
+        deep += "\\L";
+    }
+    const std::string longName(255, '\xE9');
+    machine.registry.keys["T\\B\\C"].set({"!", 3, std::string(1025, 'x')});  // a first: passed over
+    for (const std::string& key : {"T"s, "T\\A"s, "T\\B"s, "T\\B\\C"s, deep, "T\\E"s,
+                                   "T\\" + longName, "T\\F"s, "T\\G"s, "T\\H\\I"s}) {
+        setRecord(machine, key);
+    }
+    setText(machine, "T\\A", longName, "long");
+    setText(machine, "T\\A", "", "default");
+    setText(machine, "T\\E", std::string(1024, 'z'), "");  // a later one: not
+    setText(machine, "T\\Incomplete", "Product Id", "0b");
+    machine.registry.keys["T\\Empty"];
+    machine.registry.failures["T\\F"].open = 5;
+    machine.registry.failures["T\\G"].count = 5;
+    machine.registry.failures["T\\H"].enumerate = 5;
+    EXPECT_FALSE(walk("T\\Empty"));
+    EXPECT_FALSE(walk(""));
+    EXPECT_TRUE(walk("T\\"));
+    std::string keys;
+    for (InstallationRecord& found : records) {
+        keys +=
+            found.fields["Registry Key"].substr(19) + '|' + found.fields["Registry Subkey"] + '|';
+    }
+    EXPECT_EQ(keys, "T\\A|A|T\\B\\C|C|" + deep + "|L|T\\" + longName + '|' + longName + '|');
+    EXPECT_EQ(extras, (FieldMap{{"", "default"}, {longName, "long"}}));
+}
+
+TEST_F(KeyTreeWalk, TellsItsLastFailure) {
+    setRecord(machine, "T\\A");
+    setRecord(machine, "T\\B");
+    machine.registry.lastError = 5;
+    const struct {
+        const char *failing, *walked;
+        KeyFailures failures;
+        const char* told;
+    } rows[] = {
+        {"T", "T\\", {.open = 5}, "Could not open registry key \"HKEY_LOCAL_MACHINE\\T\\\""},
+        {"T", "T", {.count = 5}, "Could not query key \"HKEY_LOCAL_MACHINE\\T\""},
+        {"T", "T", {.enumerate = 5}, "Could not enumerate key \"HKEY_LOCAL_MACHINE\\T\""},
+        {"T",
+         "T",
+         {.enumerate = 5, .fromIndex = 1},
+         "Error enumerating key \"HKEY_LOCAL_MACHINE\\T\\A\""},
+        {"T\\A", "T\\A", {.enumerate = 234, .fromIndex = 2}, "RegEnumValue failed with 5."},
+        {"X", "X", {}, "Could not open registry key \"HKEY_LOCAL_MACHINE\\X\""},
+    };
+    for (const auto& row : rows) {
+        machine.registry.failures = {{row.failing, row.failures}};
+        EXPECT_FALSE(walk(row.walked)) << row.told;
+        EXPECT_STREQ(walkError(), row.told);
+    }
+    machine.registry.failures.clear();
+    EXPECT_TRUE(walk("T"));
+    EXPECT_STREQ(walkError(), "");
+    EXPECT_FALSE(walkKeyTree(nullptr, "T", "", records, extras));
+}
+
+}  // namespace
