@@ -11,8 +11,9 @@
 #include "desk/media/media_folder.h"
 #include "desk/media/product_facts.h"
 #include "desk/page/dry_run_text.h"
-#include "desk/page/story_page.h"
+#include "desk/page/page.h"
 #include "desk/refusal.h"
+#include "desk/western_text.h"
 #include "desk/whole_file.h"
 
 namespace {
@@ -25,7 +26,7 @@ struct Choices {
     std::string release;
     std::string directory = "D:\\";
     std::string requiredBuild;
-    std::string machineFile;
+    std::vector<std::string> machineFiles;
     MachineChoices machine;
     std::string page;
 };
@@ -34,53 +35,71 @@ struct Choices {
 struct Checked {
     std::string where;
     MediaReport report;
-    std::optional<DryRun> run;
+    std::vector<DryRun> runs;
 };
 
-MachineDescription describedMachine(const Choices& choices) {
+MachineDescription describedMachine(const std::string& file, const MachineChoices& choices) {
     MachineDescription machine;
     std::string error;
-    if (choices.machineFile.empty()) {
-        if (!emptyMachine(choices.machine, machine, error)) {
+    if (file.empty()) {
+        if (!emptyMachine(choices, machine, error)) {
             throw Refusal(error + '.');
         }
+        machine.name = "nothing installed";
         return machine;
     }
-    const std::optional<std::string> description = readWholeFile(choices.machineFile);
+    const std::optional<std::string> description = readWholeFile(file);
     if (!description) {
-        throw Refusal("Cannot read the machine's description \"" + choices.machineFile + "\".");
+        throw Refusal("Cannot read the machine's description \"" + file + "\".");
     }
-    const fs::path folder = fs::path(choices.machineFile).parent_path();
+    const fs::path folder = fs::path(file).parent_path();
     const auto readNamed = [&folder](const std::string& name) {
         return readWholeFile((folder / name).string());
     };
-    if (!readMachine(*description, readNamed, choices.machine, machine, error)) {
-        throw Refusal("\"" + choices.machineFile + "\": " + error + '.');
+    if (!readMachine(*description, readNamed, choices, machine, error)) {
+        throw Refusal("\"" + file + "\": " + error + '.');
     }
+    machine.name = fs::path(file).filename().string();
     return machine;
 }
 
+/// None where nothing was said that asks for a dry run.
+std::vector<MachineDescription> describedMachines(const Choices& choices) {
+    std::vector<MachineDescription> machines;
+    for (const std::string& file : choices.machineFiles) {
+        machines.push_back(describedMachine(file, choices.machine));
+    }
+    if (machines.empty() &&
+        (!choices.machine.windows.empty() || choices.machine.bits != 0 || !choices.page.empty())) {
+        machines.push_back(describedMachine("", choices.machine));
+    }
+    return machines;
+}
+
 Checked checkMedia(const fs::path& installer, const fs::path& folder, const Choices& choices,
-                   const std::optional<MachineDescription>& machine) {
+                   const std::vector<MachineDescription>& machines) {
     Media media = mediaOf(installer, folder, choices.directory);
     media.requiredBuild = choices.requiredBuild;
     CProductData catalogue;
-    Checked checked{folder.string(), examineMedia(media, catalogue), std::nullopt};
-    if (machine && !checked.report.productCode.empty()) {
-        checked.run = dryRun(dryRunMedia(media, checked.report), *machine);
+    Checked checked{folder.string(), examineMedia(media, catalogue), {}};
+    for (const MachineDescription& machine : machines) {
+        if (checked.report.productCode.empty()) {
+            break;
+        }
+        checked.runs.push_back(dryRun(dryRunMedia(media, checked.report), machine));
     }
     return checked;
 }
 
 /// Every folder of a release; one without an installer is a problem of its own.
 std::vector<Checked> checkRelease(const Choices& choices,
-                                  const std::optional<MachineDescription>& machine) {
+                                  const std::vector<MachineDescription>& machines) {
     std::vector<Checked> all;
     for (const fs::path& folder : foldersIn(choices.release)) {
         if (const std::optional<fs::path> installer = findInstaller(folder)) {
-            all.push_back(checkMedia(*installer, folder, choices, machine));
+            all.push_back(checkMedia(*installer, folder, choices, machines));
         } else {
-            Checked checked{folder.string(), {}, std::nullopt};
+            Checked checked{folder.string(), {}, {}};
             checked.report.problems.emplace_back(
                 "There is no stamped installer, or more than one.");
             all.push_back(std::move(checked));
@@ -93,15 +112,21 @@ std::vector<Checked> checkRelease(const Choices& choices,
 }
 
 /// The runs of all products from media that hold everything.
-std::vector<DryRun> runsOfAll(const Choices& choices, const MachineDescription& machine) {
-    std::vector<DryRun> runs;
+Json runsOfAll(const Choices& choices, const std::vector<MachineDescription>& machines) {
+    Json media = Json::array();
     for (const ProductFacts& product : allProductFacts()) {
-        runs.push_back(dryRun({.identity = {product.code, product.name},
-                               .sourceDirectory = choices.directory,
-                               .files = product.files},
-                              machine));
+        Json one = {{"productCode", product.code}, {"productName", product.name}};
+        for (const MachineDescription& machine : machines) {
+            const DryRun run = dryRun({.identity = {product.code, product.name},
+                                       .sourceDirectory = choices.directory,
+                                       .files = product.files},
+                                      machine);
+            one["build"] = toUtf8(run.build);
+            one["runs"].push_back(dryRunAsJson(run));
+        }
+        media.push_back(std::move(one));
     }
-    return runs;
+    return media;
 }
 
 std::string column(std::string text, std::size_t width) {
@@ -141,8 +166,11 @@ std::string releaseAsText(const std::vector<Checked>& all) {
 
 Json toJson(const Checked& checked) {
     Json json = asJson(checked.report);
-    if (checked.run) {
-        json["run"] = dryRunAsJson(*checked.run);
+    if (checked.runs.size() == 1) {
+        json["run"] = dryRunAsJson(checked.runs.front());
+    }
+    for (std::size_t run = 0; checked.runs.size() > 1 && run < checked.runs.size(); ++run) {
+        json["runs"].push_back(dryRunAsJson(checked.runs[run]));
     }
     return json;
 }
@@ -167,18 +195,23 @@ void print(const std::vector<Checked>& all, const Choices& choices, bool json) {
         if (json) {
             printJson(toJson(checked));
         } else {
-            if (checked.run) {
-                std::cout << dryRunAsText(*checked.run) << '\n';
+            for (const DryRun& run : checked.runs) {
+                std::cout << dryRunAsText(run) << '\n';
             }
             std::cout << asText(checked.report);
         }
     }
 }
 
-void writePage(const std::vector<DryRun>& runs, const Choices& choices,
-               const MachineDescription& machine) {
+void writePage(Json media, const Choices& choices,
+               const std::vector<MachineDescription>& machines) {
+    Json report = {{"computers", Json::array()}, {"media", std::move(media)}};
+    for (const MachineDescription& machine : machines) {
+        report["computers"].push_back(
+            {{"name", toUtf8(machine.name)}, {"administrator", machine.administrator}});
+    }
     std::string error;
-    if (!writeWholeFile(choices.page, storyPage(runs, machine), error)) {
+    if (!writeWholeFile(choices.page, pageOf(report), error)) {
         throw Refusal("Cannot write \"" + choices.page + "\": " + error);
     }
 }
@@ -192,32 +225,27 @@ int check(const Choices& choices, bool json) {
     if (ofMedia && choices.folder.empty()) {
         throw CLI::ValidationError("check", "FOLDER, the media folder, is missing");
     }
-    std::optional<MachineDescription> machine;
-    if (!choices.machineFile.empty() || !choices.machine.windows.empty() ||
-        choices.machine.bits != 0 || !choices.page.empty()) {
-        machine = describedMachine(choices);
-    }
+    const std::vector<MachineDescription> machines = describedMachines(choices);
     if (!ofMedia && !ofRelease) {
-        writePage(runsOfAll(choices, *machine), choices, *machine);
+        writePage(runsOfAll(choices, machines), choices, machines);
         return exitGood;
     }
     std::vector<Checked> all;
     if (ofRelease) {
-        all = checkRelease(choices, machine);
+        all = checkRelease(choices, machines);
     } else {
-        all.push_back(checkMedia(choices.installer, choices.folder, choices, machine));
+        all.push_back(checkMedia(choices.installer, choices.folder, choices, machines));
     }
     print(all, choices, json);
-    std::vector<DryRun> runs;
+    Json media = Json::array();
     bool complete = true;
     for (const Checked& checked : all) {
         complete = complete && checked.report.isComplete();
-        if (checked.run) {
-            runs.push_back(*checked.run);
-        }
+        media.push_back(toJson(checked));
+        media.back()["folder"] = checked.where;
     }
     if (!choices.page.empty()) {
-        writePage(runs, choices, *machine);
+        writePage(std::move(media), choices, machines);
     }
     return complete ? exitGood : exitWrong;
 }
@@ -236,9 +264,11 @@ void addCheckCommand(CLI::App& app, Session& session) {
     command->add_option("--dir", choices->directory, "The folder as the launcher names it")
         ->capture_default_str();
     command->add_option("--build", choices->requiredBuild, "The build that the media must hold");
-    command->add_option("--installed", choices->machineFile,
-                        "Tell the whole run on the machine that this file describes: JSON, or what "
-                        "regedit exports");
+    command
+        ->add_option("--installed", choices->machineFiles,
+                     "Tell the whole run on the machine that this file describes: JSON, or what "
+                     "regedit exports; given again, on another one beside it")
+        ->allow_extra_args(false);
     command->add_option("--windows", choices->machine.windows,
                         "The machine's release, such as \"Windows 7\"");
     command->add_option("--bits", choices->machine.bits, "The machine's bitness")

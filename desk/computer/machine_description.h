@@ -30,6 +30,8 @@
 #include "platform/operating_system.h"
 
 struct MachineDescription {
+    /// What a page calls it.
+    std::string name;
     /// How the description calls the release.
     std::string windows;
     /// What Windows answers to the installer.

@@ -1,0 +1,42 @@
+#include "desk/page/page.h"
+
+#include <nlohmann/json.hpp>
+#include <string_view>
+
+namespace {
+
+// page.html, which CMake puts between quotes.
+constexpr std::string_view pageTemplate =
+#include "page_template.inc"
+    ;
+
+constexpr std::string_view sampleStart = "<script type=\"application/json\" id=\"runs\">";
+constexpr std::string_view sampleEnd = "</script>";
+constexpr std::size_t reportAt = pageTemplate.find(sampleStart) + sampleStart.size();
+constexpr std::size_t restAt = pageTemplate.find(sampleEnd, reportAt);
+static_assert(reportAt < restAt && restAt < pageTemplate.size());
+
+/// The key that driver archives were packed with is not for whoever is sent a page.
+void hideArchiveKeys(std::string& text) {
+    constexpr std::string_view option = "-fzxkey ";
+    for (std::size_t at = text.find(option); at != std::string::npos; at = text.find(option, at)) {
+        at += option.size();
+        text.replace(at, text.find_first_of(" \"", at) - at, "...");
+    }
+}
+
+}  // namespace
+
+std::string pageOf(const Json& report) {
+    std::string text = report.dump(-1, ' ', false, Json::error_handler_t::replace);
+    hideArchiveKeys(text);
+    std::string page(pageTemplate.substr(0, reportAt));
+    for (const char character : text) {
+        if (character == '<') {
+            page += "\\u003c";  // or a text could end the script element that it stands in
+        } else {
+            page += character;
+        }
+    }
+    return page.append(pageTemplate.substr(restAt));
+}
