@@ -1,5 +1,5 @@
 #!/bin/bash
-# Draws the picture of the page that shows the runs, in a real browser: story_picture.sh
+# Draws the picture of the page that shows the runs, in a real browser: page_picture.sh
 set -eu
 . "$(dirname "$0")/usage.sh"
 cd "$(dirname "$0")/.."
