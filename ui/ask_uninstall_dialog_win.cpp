@@ -1,7 +1,5 @@
 #include "ui/ask_uninstall_dialog_win.h"
 
-#include <string>
-
 #include "platform/ansi_text.h"
 #include "platform/handle_win.h"
 #include "ui/ask_uninstall_dialog.h"
@@ -25,9 +23,8 @@ int CALLBACK compareItems(LPARAM left, LPARAM right, LPARAM order) {
 
 }  // namespace
 
-CAskUninstallDlg::CAskUninstallDlg(
-    const std::vector<InstalledProduct>& products,
-    const std::function<void(const std::vector<std::string>& tickedNames)>& remove)
+CAskUninstallDlg::CAskUninstallDlg(const std::vector<InstalledProduct>& products,
+                                   const Remove& remove)
     : CDialog(IDD_ASK_UNINSTALL), products(&products), remove(&remove) {}
 
 bool CAskUninstallDlg::OnInitDialog() {
@@ -64,7 +61,9 @@ void CAskUninstallDlg::OnConfirm() {
             tickedNames.push_back(list.GetItemText(item, nameColumn));
         }
     }
-    (*remove)(tickedNames);
+    if (list.GetItemCount() > 0) {
+        (*remove)(tickedNames);
+    }
     EndDialog(IDOK);
 }
 

@@ -8,15 +8,16 @@
 #include "framework/dialog_win.h"
 #include "installed/installed_product.h"
 
-/// Lists the installed versions, all ticked, and runs the uninstallers of those that stay ticked,
-/// one after the other. The result of DoModal says nothing of how that went.
+/// Lists the installed versions, all ticked, and has those that stay ticked removed. The result of
+/// DoModal says nothing of how that went.
 class CAskUninstallDlg : public CDialog {
   public:
-    /// `remove` is called with the names that are still ticked when the user confirms, in the order
-    /// of the list. Both outlive the dialog.
-    CAskUninstallDlg(
-        const std::vector<InstalledProduct>& products,
-        const std::function<void(const std::vector<std::string>& tickedNames)>& remove);
+    /// Removes the versions of these names.
+    using Remove = std::function<void(const std::vector<std::string>& tickedNames)>;
+
+    /// Both outlive the dialog. Once the user has confirmed, `remove` is called with the ticked
+    /// names in the order of the list, which may be none, before the dialog ends.
+    CAskUninstallDlg(const std::vector<InstalledProduct>& products, const Remove& remove);
 
   protected:
     bool OnInitDialog() override;
@@ -24,7 +25,6 @@ class CAskUninstallDlg : public CDialog {
 
   private:
     void OnSkip();
-    /// Pumps no messages while an uninstaller runs.
     void OnConfirm();
     void OnSelectAll();
 
@@ -32,7 +32,7 @@ class CAskUninstallDlg : public CDialog {
     void SortList();
 
     const std::vector<InstalledProduct>* products;
-    const std::function<void(const std::vector<std::string>&)>* remove;
+    const Remove* remove;
     CListCtrl list;
     CButton selectAll;
 };

@@ -42,6 +42,9 @@ void __throw_bad_alloc() {
 void __throw_bad_array_new_length() {
     endProcess(statusNoMemory);
 }
+void __throw_bad_function_call() {
+    endProcess(statusAssertionFailure);
+}
 void __throw_length_error(const char*) {
     endProcess(statusAssertionFailure);
 }
