@@ -1,18 +1,18 @@
-// One owner for every kind of handle that Windows hands out.
+// Unique handles for every kind that Windows hands out.
 #pragma once
 
 #include <windows.h>
 
-/// Owns a handle and closes it with `Close`. Empty is null, or what CreateFile and its like return
-/// on failure.
+/// The one owner of a handle, which it closes with `Close`. Empty is null, or what CreateFile and
+/// its like return on failure.
 template <class Handle, class Close>
-class Owner {
+class UniqueHandle {
   public:
-    Owner() = default;
-    explicit Owner(Handle owned) : handle(owned) {}
-    ~Owner() { reset(); }
-    Owner(const Owner&) = delete;
-    Owner& operator=(const Owner&) = delete;
+    UniqueHandle() = default;
+    explicit UniqueHandle(Handle owned) : handle(owned) {}
+    ~UniqueHandle() { reset(); }
+    UniqueHandle(const UniqueHandle&) = delete;
+    UniqueHandle& operator=(const UniqueHandle&) = delete;
 
     [[nodiscard]] explicit operator bool() const {
         return handle != nullptr && handle != INVALID_HANDLE_VALUE;
@@ -35,25 +35,25 @@ class Owner {
 struct CloseKernelHandle {
     BOOL operator()(HANDLE handle) const { return CloseHandle(handle); }
 };
-using KernelHandle = Owner<HANDLE, CloseKernelHandle>;
+using KernelHandle = UniqueHandle<HANDLE, CloseKernelHandle>;
 
 struct CloseFileSearch {
     BOOL operator()(HANDLE search) const { return FindClose(search); }
 };
-using FileSearch = Owner<HANDLE, CloseFileSearch>;
+using FileSearch = UniqueHandle<HANDLE, CloseFileSearch>;
 
 struct CloseRegistryKey {
     LSTATUS operator()(HKEY key) const { return RegCloseKey(key); }
 };
-using RegistryHandle = Owner<HKEY, CloseRegistryKey>;
+using RegistryHandle = UniqueHandle<HKEY, CloseRegistryKey>;
 
-struct ReleaseScreen {
+struct ReleaseScreenDeviceContext {
     int operator()(HDC context) const { return ReleaseDC(nullptr, context); }
 };
 /// Of the whole screen, GetDC(nullptr).
-using ScreenContext = Owner<HDC, ReleaseScreen>;
+using ScreenDeviceContext = UniqueHandle<HDC, ReleaseScreenDeviceContext>;
 
 struct FreeSecurityId {
     PSID operator()(PSID id) const { return FreeSid(id); }
 };
-using SecurityId = Owner<PSID, FreeSecurityId>;
+using SecurityId = UniqueHandle<PSID, FreeSecurityId>;

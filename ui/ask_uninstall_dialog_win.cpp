@@ -79,7 +79,7 @@ void CAskUninstallDlg::FillList() {
     // lines, double buffering and the like; the look of the list comes from them.
     const LONG style = GetWindowLongA(list.m_hWnd, GWL_STYLE);
     SendMessageA(list.m_hWnd, LVM_SETEXTENDEDLISTVIEWSTYLE, 0, style | LVS_EX_CHECKBOXES);
-    const ScreenContext screen(GetDC(nullptr));
+    const ScreenDeviceContext screen(GetDC(nullptr));
     const ListColumnWidths widths = listColumnWidths(GetDeviceCaps(screen.get(), LOGPIXELSX));
     list.InsertColumn(0, "", LVCFMT_LEFT, widths.tick);
     list.InsertColumn(nameColumn, "", LVCFMT_LEFT, widths.name);
