@@ -3,16 +3,21 @@
 
 #include <windows.h>
 
+#include <utility>
+
 /// The one owner of a handle, which it closes with `Close`. Empty is null, or what CreateFile and
-/// its like return on failure.
+/// its like return on failure. Closing keeps the thread's last error.
 template <class Handle, class Close>
 class UniqueHandle {
   public:
     UniqueHandle() = default;
     explicit UniqueHandle(Handle owned) : handle(owned) {}
     ~UniqueHandle() { reset(); }
-    UniqueHandle(const UniqueHandle&) = delete;
-    UniqueHandle& operator=(const UniqueHandle&) = delete;
+    UniqueHandle(UniqueHandle&& other) noexcept : handle(std::exchange(other.handle, nullptr)) {}
+    UniqueHandle& operator=(UniqueHandle&& other) noexcept {
+        reset(std::exchange(other.handle, nullptr));
+        return *this;
+    }
 
     [[nodiscard]] explicit operator bool() const {
         return handle != nullptr && handle != INVALID_HANDLE_VALUE;
@@ -23,7 +28,9 @@ class UniqueHandle {
     /// Closes what is held and takes `owned` in its place. Returns what the close returned, zero
     /// when nothing was held.
     auto reset(Handle owned = nullptr) {
+        const DWORD lastError = GetLastError();
         const auto result = *this ? Close()(handle) : decltype(Close()(handle))();
+        SetLastError(lastError);
         handle = owned;
         return result;
     }
