@@ -2,6 +2,7 @@
 
 #include <objbase.h>
 
+#include "platform/pending_input_win.h"
 #include "platform/system_library_win.h"
 
 namespace {
@@ -64,5 +65,6 @@ bool ShellRunner::runAndWait(const char* file, const char* parameters, const cha
         Sleep(pollInterval);
     } while (exitCode == STILL_ACTIVE);
     execution.fMask = SEE_MASK_NOCLOSEPROCESS;
+    discardInput();
     return true;
 }

@@ -17,8 +17,8 @@ class ShellRunner {
     /// as the installer, which ends soon after), or null on failure.
     HANDLE start(const char* file, const char* parameters, const char* verb);
 
-    /// Starts `file` and blocks until it has ended, pumping no messages. False when it could not
-    /// be started. Lasts at least 200 ms after a start.
+    /// Starts `file` and blocks until it has ended, pumping no messages; what was typed or clicked
+    /// meanwhile is lost. False when it could not be started. Lasts at least 200 ms after a start.
     bool runAndWait(const char* file, const char* parameters, const char* verb);
 
     /// Exit code of the last process waited for; 0 after start.

@@ -51,9 +51,6 @@ void __throw_length_error(const char*) {
 void __throw_logic_error(const char*) {
     endProcess(statusAssertionFailure);
 }
-void __throw_bad_function_call() {
-    endProcess(statusAssertionFailure);
-}
 void __throw_out_of_range(const char*) {
     endProcess(statusAssertionFailure);
 }

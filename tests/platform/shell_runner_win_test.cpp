@@ -4,6 +4,7 @@
 #include <objbase.h>
 
 #include <cstdlib>
+#include <vector>
 
 namespace {
 
@@ -35,6 +36,26 @@ TEST(ShellRunner, WaitsOnRequestForTheExitCode) {
     EXPECT_TRUE(runner.result.started);
     // The shell was given the single-threaded apartment that it asks for.
     EXPECT_EQ(CoInitializeEx(nullptr, COINIT_MULTITHREADED), RPC_E_CHANGED_MODE);
+}
+
+TEST(ShellRunner, LeavesNoInputOfTheTimeThatItWaited) {
+    const HWND window =
+        CreateWindowA("STATIC", "", WS_POPUP, 0, 0, 9, 9, HWND_MESSAGE, nullptr, nullptr, nullptr);
+    constexpr UINT kinds[] = {WM_KEYDOWN,    WM_SYSKEYUP,      WM_CHAR,    WM_MOUSEMOVE,
+                              WM_MOUSEWHEEL, WM_NCLBUTTONDOWN, WM_COMMAND, WM_APP};
+    for (const UINT kind : kinds) {
+        PostMessageA(window, kind, 0, 0);
+    }
+    ASSERT_TRUE(ShellRunner().runAndWait(_pgmptr, "--gtest_filter=None", "open"));
+    std::vector<UINT> left;
+    for (const UINT kind : kinds) {
+        MSG message;
+        if (PeekMessageA(&message, window, kind, kind, PM_REMOVE)) {
+            left.push_back(kind);
+        }
+    }
+    EXPECT_EQ(left, (std::vector<UINT>{WM_COMMAND, WM_APP}));
+    DestroyWindow(window);
 }
 
 }  // namespace
