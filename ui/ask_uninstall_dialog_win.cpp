@@ -50,11 +50,29 @@ MessageMap CAskUninstallDlg::GetMessageMap() const {
     return {{}, commands};
 }
 
+// A message box that a removal brings up, and that the prompt does not own, leaves the prompt's
+// buttons and keys working.
+void CAskUninstallDlg::OnOK() {
+    if (!confirmed) {
+        CDialog::OnOK();
+    }
+}
+
+void CAskUninstallDlg::OnCancel() {
+    if (!confirmed) {
+        CDialog::OnCancel();
+    }
+}
+
 void CAskUninstallDlg::OnSkip() {
-    EndDialog(IDCANCEL);
+    OnCancel();
 }
 
 void CAskUninstallDlg::OnConfirm() {
+    if (confirmed) {
+        return;
+    }
+    confirmed = true;
     std::vector<std::string> tickedNames;
     for (int item = 0; item < list.GetItemCount(); ++item) {
         if (list.GetCheck(item)) {
@@ -62,6 +80,9 @@ void CAskUninstallDlg::OnConfirm() {
         }
     }
     if (list.GetItemCount() > 0) {
+        // Windows would put a frozen copy in the place of a window that is not looked after, and
+        // take clicks for it.
+        DisableProcessWindowsGhosting();
         (*remove)(tickedNames);
     }
     EndDialog(IDOK);

@@ -21,6 +21,8 @@ class CAskUninstallDlg : public CDialog {
 
   protected:
     bool OnInitDialog() override;
+    void OnOK() override;
+    void OnCancel() override;
     [[nodiscard]] MessageMap GetMessageMap() const override;
 
   private:
@@ -33,6 +35,7 @@ class CAskUninstallDlg : public CDialog {
 
     const std::vector<InstalledProduct>* products;
     const Remove* remove;
+    bool confirmed = false;  ///< the answer stands, and none after it is taken
     CListCtrl list;
     CButton selectAll;
 };

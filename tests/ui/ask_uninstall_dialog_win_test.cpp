@@ -1,0 +1,33 @@
+#include "ui/ask_uninstall_dialog_win.h"
+
+#include <gtest/gtest.h>
+
+#include "tests/framework/modal_driver_win.h"
+#include "ui/resource.h"
+
+namespace {
+
+TEST(AskUninstallDialog, TakesNoSecondAnswer) {
+    const std::vector<InstalledProduct> products{{"beta", "", ""}, {"Alpha", "", ""}};
+    std::vector<std::vector<std::string>> removed;
+    const CAskUninstallDlg* shown = nullptr;
+    // As while a message box stands that the prompt does not own.
+    const CAskUninstallDlg::Remove remove = [&](const std::vector<std::string>& names) {
+        removed.push_back(names);
+        for (const WPARAM button : {IDYES, IDNO, IDOK, IDCANCEL}) {
+            if (removed.size() == 1) {
+                SendMessageA(shown->m_hWnd, WM_COMMAND, button, 0);
+                EXPECT_TRUE(IsWindowVisible(shown->m_hWnd)) << "ended by button " << button;
+            }
+        }
+    };
+    CAskUninstallDlg dialog(products, remove);
+    shown = &dialog;
+    EXPECT_EQ(
+        driveModal([&] { return dialog.DoModal(); },
+                   [](HWND window) { SendMessageA(GetDlgItem(window, IDYES), BM_CLICK, 0, 0); }),
+        IDOK);
+    EXPECT_EQ(removed, (std::vector<std::vector<std::string>>{{"Alpha", "beta"}}));
+}
+
+}  // namespace
