@@ -30,9 +30,10 @@ void stopProcess(DWORD processId, DWORD& result) {
 void stopProcessWithModule(DWORD processId, const std::string& path, DWORD& result) {
     // A process that is loading or unloading just then is to be asked again.
     KernelHandle modules;
-    for (int attempt = 0; attempt < snapshotAttempts && !modules; ++attempt) {
+    int attempt = 0;
+    do {
         modules.reset(CreateToolhelp32Snapshot(TH32CS_SNAPMODULE, processId));
-    }
+    } while (!modules && GetLastError() == ERROR_BAD_LENGTH && ++attempt < snapshotAttempts);
     // Kept: not checked; without a snapshot the walk has no first module.
     MODULEENTRY32 module;
     module.dwSize = sizeof module;
