@@ -13,9 +13,11 @@ struct LibrarySearchCalls {
 };
 [[nodiscard]] LibrarySearchCalls librarySearchCalls();
 
-/// Restricts where later library loads look to the system folder; on a Windows that cannot do that,
-/// removes the current directory from the places. Called first thing: the installer is started
-/// elevated from folders that anybody may have written to. Silent where both calls are missing.
+/// Restricts where later library loads look to the system folder. A Windows that cannot do that
+/// looks beside the program first: there the libraries that it is known to look for are loaded from
+/// the system folder, and the current directory is removed from the places. Called first thing: the
+/// installer is started elevated from folders that anybody may have written to. Silent where the
+/// calls and the libraries are missing.
 void restrictLibrarySearch(const LibrarySearchCalls& calls = librarySearchCalls());
 
 /// While it lives, a started program has the current directory among its places, as programs have:
@@ -28,9 +30,12 @@ class InheritableLibrarySearch {
     InheritableLibrarySearch& operator=(const InheritableLibrarySearch&) = delete;
 };
 
-/// Loads `name` (for example "version.dll") from the system folder by its full path, wherever
-/// the search path leads. Null on failure. Never unloaded.
-[[nodiscard]] HMODULE loadSystemLibrary(const char* name);
+/// Loads the library at the full path `path`. What it needs itself is not looked for beside the
+/// program, once the search was restricted. Null on failure. Never unloaded.
+HMODULE loadLibrary(const std::string& path);
+
+/// Loads `name` (for example "version.dll") from the system folder by loadLibrary.
+HMODULE loadSystemLibrary(const char* name);
 
 /// The function of type `Function` (a pointer, calling convention included) that `library` exports
 /// as `name` (or by the number in it, MAKEINTRESOURCEA); null when the library or the export is

@@ -58,7 +58,7 @@ std::string registeredPath() {
 
 HMODULE loadControl() {
     const std::string path = registeredPath();
-    const HMODULE control = path.empty() ? nullptr : LoadLibraryA(path.c_str());
+    const HMODULE control = path.empty() ? nullptr : loadLibrary(path);
     return control != nullptr ? control : loadSystemLibrary("hhctrl.ocx");
 }
 
