@@ -21,14 +21,18 @@ number() {
 
 states '^Magic.*\(PE32\)' || fail "not a 32-bit program"
 states '^Subsystem.*Windows GUI' || fail "not a windowed program"
-[ $(($(number MajorSubsystemVersion) * 100 + $(number MinorSubsystemVersion))) -le 501 ] ||
-    fail "asks for a newer Windows than XP"
+[ "$(number MajorSubsystemVersion).$(number MinorSubsystemVersion)" = 5.1 ] ||
+    fail "is not made for Windows XP and later"
+# Without a load of them the list view and the newer looks are missing.
+states '[[:space:]]InitCommonControls$' || fail "does not load the common controls"
 
 states 'DYNAMIC_BASE' || fail "cannot be placed at random"
 if states 'relocations stripped' || ! states '^Entry 5 [0-9a-f]+ 0*[1-9a-f]'; then
     fail "has no relocations"
 fi
 states 'NX_COMPAT' || fail "runs data"
+states 'NO_SEH' || fail "takes exception handlers from its own image"
+states 'TERMINAL_SERVICE_AWARE' || fail "is slowed down by a terminal server"
 # The flags of a section follow on a line of their own.
 executable=$(grep -w CODE <<<"$headers")
 if [ -z "$executable" ] || grep -vq READONLY <<<"$executable"; then
