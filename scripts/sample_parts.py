@@ -48,17 +48,20 @@ def checksum(image, field):
 
 
 # Offsets in the executables made here.
+FILE_FLAGS = 64 + 22
+SUBSYSTEM_VERSION = 64 + 24 + 48
 CHECKSUM = 64 + 24 + 64
 CERTIFICATES = 64 + 24 + 96 + 4 * 8
 
 
-def executable(magic=0x10B, block=MARKER + bytes(112), flags=0x140, section=0xC0000040):
+def executable(magic=0x10B, block=MARKER + bytes(112), flags=0x8540, section=0xC0000040):
     """The headers of a Windows executable and one section with an empty block."""
     content = padded(block + version_resource(), 512)
     headers = b"MZ" + bytes(58) + struct.pack("<I", 64)
     headers += b"PE\0\0" + struct.pack("<HHIIIHH", 0x14C, 1, 0, 0, 0, 224, 0x102)
     optional = bytearray(224)
     struct.pack_into("<H", optional, 0, magic)
+    struct.pack_into("<HH", optional, 48, 5, 1)
     struct.pack_into("<H", optional, 70, flags)
     struct.pack_into("<II", optional, 96 + 5 * 8, 0x3000, 12)
     headers += optional + b".data\0\0\0" + struct.pack(

@@ -17,6 +17,7 @@ constexpr std::uint64_t rawSizeField = 16;
 constexpr std::uint64_t rawOffsetField = 20;
 constexpr std::uint64_t sectionFlagsField = 36;
 constexpr std::uint64_t fileFlagsField = 4 + 18;
+constexpr std::uint64_t subsystemVersionField = 48;
 constexpr std::uint64_t protectionsField = 70;
 constexpr std::uint32_t magic32 = 0x10B;
 constexpr std::uint32_t magic64 = 0x20B;
@@ -129,22 +130,36 @@ bool isSigned(std::string_view bytes) {
 
 std::vector<std::string> missingProtections(std::string_view bytes) {
     // IMAGE_DLLCHARACTERISTICS_, IMAGE_FILE_ and IMAGE_SCN_ flags of winnt.h.
-    constexpr std::uint32_t dynamicBase = 0x40, dataIsNotRun = 0x100, relocationsStripped = 1,
-                            runs = 0x20000000, isWritten = 0x80000000;
+    constexpr std::uint32_t dynamicBase = 0x40, dataIsNotRun = 0x100, noHandlers = 0x400,
+                            terminalServerAware = 0x8000, relocationsStripped = 1,
+                            swapRuns = 0x400 | 0x800, runs = 0x20000000, isWritten = 0x80000000;
+    constexpr std::uint32_t windowsXp = 5 | 1 << 16;
     const Image image(bytes);
     const std::uint64_t signature = *image.number(signatureField, 4);
     const std::uint64_t optional = signature + optionalHeader;
+    const std::uint32_t fileFlags = *image.number(signature + fileFlagsField, 2);
     const std::uint32_t protections = image.number(optional + protectionsField, 2).value_or(0);
     const std::uint64_t relocations =
         optional + directoryEntry(image, optional, relocationDirectory);
     std::vector<std::string> missing;
-    if ((protections & dynamicBase) == 0 ||
-        (*image.number(signature + fileFlagsField, 2) & relocationsStripped) != 0 ||
+    if ((protections & dynamicBase) == 0 || (fileFlags & relocationsStripped) != 0 ||
         image.number(relocations + 4, 4).value_or(0) == 0) {
         missing.emplace_back("it is not placed at random (ASLR)");
     }
     if ((protections & dataIsNotRun) == 0) {
         missing.emplace_back("its data can be run (no NX)");
+    }
+    if ((protections & noHandlers) == 0) {
+        missing.emplace_back("it takes exception handlers from its own image (no NO_SEH)");
+    }
+    if ((protections & terminalServerAware) == 0) {
+        missing.emplace_back("it is not aware of terminal servers");
+    }
+    if ((fileFlags & swapRuns) != swapRuns) {
+        missing.emplace_back("it is not loaded whole from a disc and from the net");
+    }
+    if (image.number(optional + subsystemVersionField, 4) != windowsXp) {
+        missing.emplace_back("it does not ask for Windows XP (subsystem version 5.1)");
     }
     const std::uint64_t sections = optional + *image.number(signature + optionalSizeField, 2);
     const std::uint32_t count = *image.number(signature + sectionCountField, 2);

@@ -14,5 +14,6 @@
 [[nodiscard]] bool isSigned(std::string_view bytes);
 
 /// The protections that the executable, which is whole, lacks, for people: random placement, data
-/// that cannot be run, code that cannot be written.
+/// that cannot be run, code that cannot be written, no exception handlers of its own, awareness of
+/// terminal servers, being loaded whole from a disc and from the net, Windows XP as the oldest.
 [[nodiscard]] std::vector<std::string> missingProtections(std::string_view bytes);

@@ -139,6 +139,9 @@ bool stampImage(std::string& image, std::string_view code, std::string_view name
               sizeof StampedIdentity::productCode, code);
     writeText(image, block + offsetof(StampedIdentity, productName),
               sizeof StampedIdentity::productName, name);
+    // IMAGE_FILE_REMOVABLE_RUN_FROM_SWAP and IMAGE_FILE_NET_RUN_FROM_SWAP (winnt.h), which the
+    // linker has no option for: a disc taken out or a share that is gone does not end the program.
+    image[header - 1] = static_cast<char>(image[header - 1] | 0x0C);
     writeText(image, header + checksumOffset, 4, "");
     const std::uint32_t checksum = imageChecksum(image);
     for (std::size_t index = 0; index < 4; ++index) {

@@ -15,9 +15,10 @@ bool chooseStampedCode(const CProductData& catalogue, std::string_view given, st
                        std::string& note, std::string& error);
 
 /// Fills the block of app/stamped_identity.h, the product in the version resource (see
-/// version_stamp.h), with `build` when that is not empty, and sets the checksum of the executable.
-/// False with `error` filled and `image` unchanged when it is no 32-bit Windows executable, is
-/// signed, does not hold the block exactly once, or a text is empty or does not fit.
+/// version_stamp.h), with `build` when that is not empty, has Windows load the executable whole
+/// from removable media and from the net, and sets its checksum. False with `error` filled and
+/// `image` unchanged when it is no 32-bit Windows executable, is signed, does not hold the block
+/// exactly once, or a text is empty or does not fit.
 bool stampImage(std::string& image, std::string_view code, std::string_view name,
                 std::string& error, std::string_view build = {});
 

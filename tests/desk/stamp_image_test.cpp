@@ -32,10 +32,11 @@ TEST(StampImage, FillsTheBlockAndTheChecksum) {
     std::string expected = executable();
     expected.replace(blockOffset + 16, 2, "1Q");
     expected.replace(blockOffset + 24, 7, "Model X");
-    // The words that are not zero: 5A4D 0040 4550 010B, the marker's 233C 5250 444F 4355 2D54 5453
-    // 4D41 3E50, the texts' 5131 6F4D 6564 206C 0058. Their sum 3F1F6, folded to F1F9, and the
+    expected[optionalHeader - 1] = '\x0C';  // loaded whole from a disc and from the net
+    // The words that are not zero: 5A4D 0040 4550 0C00 010B, the marker's 233C 5250 444F 4355 2D54
+    // 5453 4D41 3E50, the texts' 5131 6F4D 6564 206C 0058. Their sum 3FDF6, folded to FDF9, and the
     // size of the file, 2E5.
-    expected.replace(optionalHeader + 64, 2, "\xDE\xF4");
+    expected.replace(optionalHeader + 64, 3, "\xDE\x00\x01", 3);
     EXPECT_EQ(image, expected);
 
     // A checksum that was there before does not count.

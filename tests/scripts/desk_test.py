@@ -16,7 +16,8 @@ from pathlib import Path
 
 sys.dont_write_bytecode = True
 sys.path.insert(0, str(Path(__file__).resolve().parents[2] / "scripts"))
-from sample_parts import CERTIFICATES, CHECKSUM, MARKER, checksum, executable, make_parts, wide
+from sample_parts import (CERTIFICATES, CHECKSUM, FILE_FLAGS, MARKER, SUBSYSTEM_VERSION, checksum,
+                          executable, make_parts, wide)
 
 TOOLS = Path(sys.argv[1]).resolve()
 failures = []
@@ -223,12 +224,18 @@ def releases(work):
     weak = executable(flags=0, section=0xE0000040)
     (work / "weak.exe").write_bytes(weak)
     run("stamp", "weak.exe", "1k", "weak-1k.exe")
+    linked = bytearray(image)
+    struct.pack_into("<H", linked, FILE_FLAGS, 0x102)
+    struct.pack_into("<HH", linked, SUBSYSTEM_VERSION, 4, 0)
+    struct.pack_into("<I", linked, CHECKSUM, 0)
     rows = [
         ("changed", image[:-1] + b"x", ["differs from its checksum", "damaged or changed"]),
         ("cut off", image[:-600], ["differs from its checksum", "cut off"]),
         ("another product", (work / "release/1m/Install.exe").read_bytes(), ['stamped "1m"']),
         ("not stamped", executable(), ["is not stamped"]),
-        ("without protections", (work / "weak-1k.exe").read_bytes(), ["ASLR", "NX", "written and run"]),
+        ("without protections", (work / "weak-1k.exe").read_bytes(), 
+         ["ASLR", "NX", "written and run", "NO_SEH", "terminal servers"]),
+        ("as other linkers leave it", bytes(linked), ["from a disc and from the net", "Windows XP"]),
         ("one signed", signing(image), ["some installers are signed"]),
         ("missing", None, ["1k/Install.exe: is missing"]),
     ]
