@@ -7,6 +7,8 @@ copies=$scripts/../build/prefixes/running
 name=$1
 shift
 export WINEDEBUG=-all LC_ALL=C.UTF-8
+# Without Wine's debugger, which waits for somebody, a crash ends the program.
+export WINEDLLOVERRIDES="winedbg.exe=d${WINEDLLOVERRIDES:+;$WINEDLLOVERRIDES}"
 
 case $name in
 win64 | win32)
