@@ -12,16 +12,16 @@ std::string_view textOfData(const char* data, std::size_t size) {
 }
 
 std::uint32_t readStringValue(const KeyReader& key, const char* name, char* buffer,
-                              std::uint32_t& size) {
+                              std::uint32_t& size, std::uint32_t* type) {
     const std::uint32_t capacity = size;
     size = 0;
-    std::uint32_t type = 0;
+    std::uint32_t dataType = 0;
     std::uint32_t dataSize = capacity;
-    const std::uint32_t result = key.queryValue(name, type, buffer, dataSize);
+    const std::uint32_t result = key.queryValue(name, dataType, buffer, dataSize);
     if (result != errorSuccess) {
         return result;
     }
-    if (!isStringType(type)) {
+    if (!isStringType(dataType)) {
         return errorInvalidData;
     }
     if (buffer != nullptr) {
@@ -33,5 +33,8 @@ std::uint32_t readStringValue(const KeyReader& key, const char* name, char* buff
         }
     }
     size = dataSize;
+    if (type != nullptr) {
+        *type = dataType;
+    }
     return errorSuccess;
 }

@@ -45,10 +45,11 @@ class KeyReader {
 /// Reads a terminated value of a string type. `size` is the capacity of `buffer` in bytes, and
 /// becomes the size of the data with its terminator; 0 on failure and for data without any byte,
 /// which is the empty string. A null `buffer` asks for the size alone, and nothing is known of the
-/// terminator then. Returns the Windows error code; errorInvalidData for any other type and for
-/// data without a terminator.
+/// terminator then. `type`, where one is given, becomes which of the two string types it is.
+/// Returns the Windows error code; errorInvalidData for any other type and for data without a
+/// terminator.
 [[nodiscard]] std::uint32_t readStringValue(const KeyReader& key, const char* name, char* buffer,
-                                            std::uint32_t& size);
+                                            std::uint32_t& size, std::uint32_t* type = nullptr);
 
 /// Whether `type` is one of the two string types (REG_SZ and REG_EXPAND_SZ of winnt.h).
 [[nodiscard]] bool isStringType(std::uint32_t type);

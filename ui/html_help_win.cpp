@@ -3,7 +3,7 @@
 #include <htmlhelp.h>
 
 #include "platform/ansi_text.h"
-#include "platform/handle_win.h"
+#include "platform/registry_key_win.h"
 #include "platform/system_library_win.h"
 #include "ui/html_help.h"
 
@@ -19,23 +19,20 @@ constexpr const char* variablesKey =
 
 struct RegistryText {
     DWORD type = REG_NONE;
-    std::string text;  ///< at most MAX_PATH bytes
+    std::string text;  ///< at most MAX_PATH - 1 bytes
 };
 
-/// A value that only administrators can write. REG_NONE when it is missing or too long.
+/// A value that only administrators can write. REG_NONE when it is missing, no text or too long.
 RegistryText machineText(const char* keyPath, const char* name) {
-    RegistryHandle key;
-    // One byte more than is read: a value in the registry need not be terminated.
-    char value[MAX_PATH + 1]{};
-    DWORD size = MAX_PATH;
-    DWORD type = REG_NONE;
-    if (RegOpenKeyExA(HKEY_LOCAL_MACHINE, keyPath, 0, KEY_QUERY_VALUE, key.receive()) !=
-            ERROR_SUCCESS ||
-        RegQueryValueExA(key.get(), name, nullptr, &type, reinterpret_cast<BYTE*>(value), &size) !=
-            ERROR_SUCCESS) {
+    RegistryKey key;
+    char text[MAX_PATH];
+    std::uint32_t size = sizeof text;
+    std::uint32_t type = REG_NONE;
+    if (key.open(HKEY_LOCAL_MACHINE, keyPath, KEY_QUERY_VALUE) != ERROR_SUCCESS ||
+        readStringValue(key, name, text, size, &type) != ERROR_SUCCESS) {
         return {};
     }
-    return {type, value};
+    return {type, text};
 }
 
 /// A variable of the machine's environment, not of the process's: there any program may have set
@@ -63,6 +60,12 @@ HMODULE loadControl() {
 }
 
 }  // namespace
+
+HtmlHelpControl::~HtmlHelpControl() {
+    if (entryPoint && *entryPoint != nullptr) {
+        (*entryPoint)(nullptr, nullptr, HH_CLOSE_ALL, 0);
+    }
+}
 
 HtmlHelpControl::EntryPoint HtmlHelpControl::load() {
     return procedureAddress<EntryPoint>(loadControl(), MAKEINTRESOURCEA(htmlHelpOrdinal));

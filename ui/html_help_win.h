@@ -6,10 +6,15 @@
 #include <string>
 
 /// HTML Help, loaded from its registered control when it is first asked for. Where it cannot be
-/// loaded, that is remembered and asking does nothing. The control stays loaded until the process
-/// ends, since its windows have threads of their own.
+/// loaded, that is remembered and asking does nothing. Its windows are closed with the object; the
+/// control stays loaded until the process ends, since they have threads of their own.
 class HtmlHelpControl {
   public:
+    HtmlHelpControl() = default;
+    ~HtmlHelpControl();
+    HtmlHelpControl(const HtmlHelpControl&) = delete;
+    HtmlHelpControl& operator=(const HtmlHelpControl&) = delete;
+
     /// Opens the file at its first page.
     void displayTopic(HWND owner, const std::string& file);
 

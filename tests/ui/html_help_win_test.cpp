@@ -28,18 +28,22 @@ constexpr const char* machineVariables =
     "SYSTEM\\CurrentControlSet\\Control\\Session Manager\\Environment";
 
 void registerControl(const ScratchMachine& machine, DWORD type, const std::string& path) {
-    machine.setValue(std::string("Software\\Classes\\") + registration, "", type, path);
+    machine.setValue(std::string("Software\\Classes\\") + registration, "", type, path + '\0');
 }
 
 TEST(HtmlHelpControl, IsTheOneThatTheMachineRegisteredElseTheSystems) {
     SetEnvironmentVariableA("HELP_FOLDER", folder.c_str());
     const std::string bareName = recorder.substr(folder.size() + 1);
+    std::string detour = folder;  // a long path to the same file
+    for (int step = 0; step < 32; ++step) {
+        detour += "\\.";
+    }
     const std::string twice = "C:\\Install.chm 0 0;C:\\Install.chm 0 0;";
     const struct {
         DWORD type;
         std::string path;
         std::string shown;
-    } table[] = {{REG_SZ, recorder, twice},
+    } table[] = {{REG_SZ, detour + '\\' + bareName, twice},
                  {REG_EXPAND_SZ, "%MACHINE_HELP_FOLDER%\\" + bareName, twice},
                  {REG_EXPAND_SZ, "%HELP_FOLDER%\\" + bareName, ""},  // the user's variable
                  {REG_SZ, folder + "\\missing.ocx", ""},
@@ -50,10 +54,13 @@ TEST(HtmlHelpControl, IsTheOneThatTheMachineRegisteredElseTheSystems) {
         const ScratchMachine machine;
         machine.setText(machineVariables, "MACHINE_HELP_FOLDER", folder);
         registerControl(machine, row.type, row.path);
-        HtmlHelpControl help;
-        help.displayTopic(nullptr, "C:\\Install.chm");
-        help.displayTopic(nullptr, "C:\\Install.chm");
-        EXPECT_EQ(shownHelp(), row.shown) << row.path;
+        {
+            HtmlHelpControl help;
+            help.displayTopic(nullptr, "C:\\Install.chm");
+            help.displayTopic(nullptr, "C:\\Install.chm");
+            EXPECT_EQ(shownHelp(), row.shown) << row.path;
+        }
+        EXPECT_EQ(shownHelp(), row.shown.empty() ? "" : "closed;") << row.path;
         EXPECT_TRUE(!row.shown.empty() || GetModuleHandleA("hhctrl.ocx") != nullptr) << row.path;
     }
 }
