@@ -21,13 +21,20 @@ DWORD openToken(KernelHandle& token) {
 
 }  // namespace
 
-bool containsGroup(const TOKEN_GROUPS& groups, PSID group) {
+DWORD containsAdministrators(const TOKEN_GROUPS& groups, bool& administrator) {
+    SID_IDENTIFIER_AUTHORITY authority = SECURITY_NT_AUTHORITY;
+    SecurityId administrators;
+    if (!AllocateAndInitializeSid(&authority, 2, SECURITY_BUILTIN_DOMAIN_RID,
+                                  DOMAIN_ALIAS_RID_ADMINS, 0, 0, 0, 0, 0, 0,
+                                  administrators.receive())) {
+        return GetLastError();
+    }
     for (DWORD index = 0; index < groups.GroupCount; ++index) {
-        if (EqualSid(groups.Groups[index].Sid, group)) {
-            return true;
+        if (EqualSid(groups.Groups[index].Sid, administrators.get())) {
+            administrator = true;
         }
     }
-    return false;
+    return ERROR_SUCCESS;
 }
 
 DWORD IsAdministrator(bool& administrator) {
@@ -49,15 +56,8 @@ DWORD IsAdministrator(bool& administrator) {
     if (buffer == nullptr) {
         return ERROR_NOT_ENOUGH_MEMORY;
     }
-    SID_IDENTIFIER_AUTHORITY authority = SECURITY_NT_AUTHORITY;
-    SecurityId administrators;
-    if (!GetTokenInformation(token.get(), TokenGroups, buffer.get(), size, &size) ||
-        !AllocateAndInitializeSid(&authority, 2, SECURITY_BUILTIN_DOMAIN_RID,
-                                  DOMAIN_ALIAS_RID_ADMINS, 0, 0, 0, 0, 0, 0,
-                                  administrators.receive())) {
-        return GetLastError();
-    }
-    administrator =
-        containsGroup(*reinterpret_cast<const TOKEN_GROUPS*>(buffer.get()), administrators.get());
-    return ERROR_SUCCESS;
+    return GetTokenInformation(token.get(), TokenGroups, buffer.get(), size, &size)
+               ? containsAdministrators(*reinterpret_cast<const TOKEN_GROUPS*>(buffer.get()),
+                                        administrator)
+               : GetLastError();
 }

@@ -2,8 +2,9 @@
 
 #include <windows.h>
 
-/// Whether the list names the group. Its attributes are not looked at.
-[[nodiscard]] bool containsGroup(const TOKEN_GROUPS& groups, PSID group);
+/// Sets `administrator` when the list names the local Administrators group, whatever its
+/// attributes. Returns a Windows error code, 0 on success; after a failure `administrator` stays.
+[[nodiscard]] DWORD containsAdministrators(const TOKEN_GROUPS& groups, bool& administrator);
 
 /// Sets `administrator` when the local Administrators group is in the access token of the thread
 /// or, where it has none, of the process. A group that is disabled or only denies counts as well

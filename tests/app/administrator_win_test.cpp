@@ -14,7 +14,8 @@ struct Id {
         EXPECT_TRUE(CreateWellKnownSid(type, nullptr, bytes, &size));
     }
     BYTE bytes[SECURITY_MAX_SID_SIZE];
-} administrators(WinBuiltinAdministratorsSid), users(WinBuiltinUsersSid), everyone(WinWorldSid);
+} administrators(WinBuiltinAdministratorsSid), users(WinBuiltinUsersSid), everyone(WinWorldSid),
+    powerUsers(WinBuiltinPowerUsersSid), guests(WinBuiltinGuestsSid);
 
 // As administrator counts who is in the group in any way: enabled, not enabled, for denial only.
 TEST(Administrator, IsWhoseGroupsHoldTheGroup) {
@@ -22,18 +23,21 @@ TEST(Administrator, IsWhoseGroupsHoldTheGroup) {
     expectRows<Groups, bool>(
         {{{}, false},
          {{{users.bytes, SE_GROUP_ENABLED}, {everyone.bytes, SE_GROUP_ENABLED}}, false},
+         {{{powerUsers.bytes, SE_GROUP_ENABLED}, {guests.bytes, SE_GROUP_ENABLED}}, false},
          {{{users.bytes, 0}, {administrators.bytes, SE_GROUP_ENABLED}}, true},
          {{{administrators.bytes, 0}, {users.bytes, SE_GROUP_ENABLED}}, true},
          {{{everyone.bytes, 0}, {administrators.bytes, SE_GROUP_USE_FOR_DENY_ONLY}}, true}},
         [](const Groups& groups) {
-            // Behind the end stands the group that is looked for.
+            // Behind the end stands the administrators' group.
             std::vector<char> list(sizeof(TOKEN_GROUPS) +
                                    sizeof(SID_AND_ATTRIBUTES) * groups.size());
             auto& tokenGroups = *reinterpret_cast<TOKEN_GROUPS*>(list.data());
             tokenGroups.GroupCount = static_cast<DWORD>(groups.size());
             std::copy(groups.begin(), groups.end(), tokenGroups.Groups);
             tokenGroups.Groups[groups.size()].Sid = administrators.bytes;
-            return containsGroup(tokenGroups, administrators.bytes);
+            bool administrator = false;
+            EXPECT_EQ(containsAdministrators(tokenGroups, administrator), DWORD{ERROR_SUCCESS});
+            return administrator;
         });
 }
 
