@@ -19,6 +19,8 @@ class MappedDialog : public CDialog {
   public:
     MappedDialog() : CDialog(&emptyTemplate.header) {}
 
+    int clicks = 0;
+
   protected:
     MessageMap GetMessageMap() const override {
         static constexpr MessageEntry messages[] = {
@@ -33,23 +35,27 @@ class MappedDialog : public CDialog {
         return static_cast<LRESULT>(wParam) * 10 + lParam;
     }
     LRESULT OnLeftToDefault(WPARAM, LPARAM) { return Default() + 5; }
-    void OnButton() { EndDialog(77); }
+    void OnButton() {
+        ++clicks;
+        EndDialog(77);
+    }
 };
 
 TEST(Dialog, HandlesWhatItsMapNames) {
     MappedDialog dialog;
     EXPECT_EQ(driveModal([&] { return dialog.DoModal(); },
-                         [](HWND window) {
+                         [&](HWND window) {
                              EXPECT_EQ(SendMessageA(window, answered, 4, 2), 42);
                              EXPECT_EQ(SendMessageA(window, leftToDefault, 0, 0), 0);
                              // Another notification of the same control is not a click.
                              SendMessageA(window, WM_COMMAND, MAKEWPARAM(100, BN_SETFOCUS), 0);
-                             EXPECT_TRUE(IsWindow(window));
+                             EXPECT_EQ(dialog.clicks, 0);
                              const auto procedure =
                                  reinterpret_cast<DLGPROC>(GetWindowLongPtrA(window, DWLP_DLGPROC));
                              EXPECT_TRUE(procedure(window, WM_COMMAND, 100, 0)) << "a click";
                          }),
               77);
+    EXPECT_EQ(dialog.clicks, 1);
     EXPECT_EQ(dialog.m_hWnd, nullptr);
     EXPECT_EQ(CDialog(999).DoModal(), -1) << "no such resource";
 }

@@ -19,13 +19,13 @@ RECT area(HWND control) {
 }
 
 /// Of one line in the prompt's font.
-int lineHeight(HWND prompt) {
+SIZE extent(HWND prompt, const std::string& line) {
     const HDC context = GetDC(prompt);
     SelectObject(context, reinterpret_cast<HFONT>(SendMessageA(prompt, WM_GETFONT, 0, 0)));
     SIZE size{};
-    GetTextExtentPoint32A(context, "X", 1, &size);
+    GetTextExtentPoint32A(context, line.data(), static_cast<int>(line.size()), &size);
     ReleaseDC(prompt, context);
-    return size.cy;
+    return size;
 }
 
 /// The control that has the focus; null when it is none of the dialog's.
@@ -109,16 +109,27 @@ TEST(InstallDialog, HasItsPlacesAndGrowsForItsPrompt) {
                    expectGrown(0);
                    EXPECT_EQ(SendMessageA(GetDlgItem(window, IDC_LIVE_PRODUCT), BM_GETCHECK, 0, 0),
                              BST_CHECKED);
-                   dialog.SetPrompt("1\n2\n3\n4\n5");
-                   expectGrown(5 * lineHeight(prompt) - units.top + 4);
-                   dialog.SetPrompt("1\r\n2\r\n3\r\n4\r\n5\r\n6\r\n7\r\n8");
-                   const int grown = 8 * lineHeight(prompt) - units.top + 4;
+                   // Wider than the prompt's control, and by how many widths.
+                   const std::string wide(120, 'W');
+                   const SIZE line = extent(prompt, wide);
+                   dialog.SetPrompt(wide);
+                   const int lines = 1 + line.cx / area(prompt).right;
+                   EXPECT_GT(lines, 2);
+                   expectGrown(lines * line.cy - units.top + 4);
+                   dialog.SetPrompt(wide + "\r\n2\r\n3\r\n4\r\n5\r\n6\r\n7\r\n8");
+                   const int grown = (lines + 7) * line.cy - units.top + 4;
                    expectGrown(grown);
                    dialog.SetPrompt("Short");
                    expectGrown(grown);
                    const auto procedure =
                        reinterpret_cast<DLGPROC>(GetWindowLongPtrA(window, DWLP_DLGPROC));
                    EXPECT_FALSE(procedure(window, WM_PAINT, 0, 0)) << "not minimised";
+                   ShowWindow(window, SW_MINIMIZE);
+                   EXPECT_TRUE(procedure(window, WM_PAINT, 0, 0)) << "minimised";
+                   ShowWindow(window, SW_RESTORE);
+                   EXPECT_FALSE(procedure(window, WM_INITDIALOG, 0,
+                                          reinterpret_cast<LPARAM>(static_cast<CDialog*>(&dialog))))
+                       << "the focus is not set";
                    const LRESULT icon = SendMessageA(window, WM_GETICON, ICON_BIG, 0);
                    EXPECT_NE(icon, 0);
                    EXPECT_EQ(SendMessageA(window, WM_GETICON, ICON_SMALL, 0), icon);
