@@ -1,0 +1,133 @@
+#!/bin/bash
+# Runs a Windows kit in a virtual machine, unattended and without a screen, on a clone of a disk image.
+#
+#   virtual_machine.sh IMAGE KIT OUT
+#
+# IMAGE  the disk of a system that logs an administrator on by itself; any format that QEMU reads. It is
+#        not changed. How to prepare one: tools/windows_kit/README.txt.
+# KIT    what windows_kit.sh made, or another folder with a run.cmd, which is started at logon
+# OUT    a folder for what comes back: report.txt, console.txt (what run.cmd printed), screen-SECONDS.png
+#
+# Exits with run.cmd's exit code, with 124 when the machine took too long, and with 125 when it could
+# not do its work. In the environment: LIMIT (1800), START_LIMIT (600): seconds for all, and until the
+# kit has started; MEMORY (2048): megabytes; ACCEL: kvm or tcg, otherwise KVM where it works.
+set -eu
+. "$(dirname "$0")/usage.sh"
+[ $# -ge 3 ] || wrong_usage "an image, a kit and a folder for the results, please"
+image=$(realpath -m "$1") kit=$(realpath -m "$2") out=$(realpath -m "$3")
+shift 3
+no_more "$@"
+limit=${LIMIT-1800} start_limit=${START_LIMIT-600}
+
+say() { echo "virtual_machine: $*"; }
+fail() {
+    say "FAILED: $2" >&2
+    exit "$1"
+}
+
+work=$(mktemp -d)
+export MTOOLS_SKIP_CHECK=1
+qemu=
+clean_up() {
+    [ -z "$qemu" ] || kill -KILL "$qemu" 2>/dev/null || true
+    wait
+    rm -rf "$work"
+}
+trap clean_up EXIT
+trap 'exit 130' INT TERM HUP
+
+[ -r "$image" ] || fail 125 "there is no image $image"
+[ -f "$kit/run.cmd" ] || fail 125 "$kit is no kit: it has no run.cmd"
+"$(dirname "$0")/setup.sh" --without-wine qemu-system-x86 qemu-utils mtools fdisk ||
+    fail 125 "it needs QEMU and mtools: qemu-system-x86, qemu-utils, mtools, fdisk"
+format=$(qemu-img info --output=json "$image" 2>"$work/errors" |
+    sed -n 's/^    "format": "\(.*\)",*$/\1/p')
+[ -n "$format" ] || fail 125 "$image is no disk image: $(cat "$work/errors")"
+# The partition table says what the system's disk is written in, and so which system it can be.
+qemu-img dd -f "$format" -O raw bs=512 count=1 if="$image" of="$work/table"
+case $(od -An -tx1 -j450 -N1 "$work/table")$(od -An -tx1 -j510 "$work/table") in
+' 06 55 aa' | ' 0b 55 aa' | ' 0c 55 aa' | ' 0e 55 aa')
+    # FAT, as ReactOS has it: it runs C:\atlogon.cmd, which is put there.
+    say "a copy of $image"
+    qemu-img convert -f "$format" -O raw "$image" "$work/system"
+    offset=$(od -An -tu4 -j454 -N4 "$work/table")
+    system_format=raw autostart=::/atlogon.cmd
+    ;;
+' 07 55 aa')
+    # NTFS, as Windows has it: nothing here writes it, so the system looks for the kit by itself.
+    say "a copy-on-write clone of $image"
+    qemu-img create -q -f qcow2 -b "$image" -F "$format" "$work/system"
+    system_format=qcow2 autostart=
+    ;;
+*)
+    fail 125 "$image has no partition table with a FAT or NTFS partition first"
+    ;;
+esac
+
+# The kit's own disk, and what starts it.
+megabytes=$(($(du -sm "$kit" | cut -f1) + 256))
+truncate -s "${megabytes}M" "$work/kit"
+echo 'start=2048, type=c' | sfdisk -q "$work/kit"
+kit_disk=$work/kit@@1M
+mformat -F -T $(((megabytes - 1) * 2048)) -h 16 -s 63 -i "$kit_disk" ::
+mcopy -s -i "$kit_disk" "$kit" ::/kit
+printf '%s\r\n' '@echo off' \
+    'for %%d in (c d e f g h i) do if exist %%d:\kit\run.cmd %%d:\atlogon.cmd' >"$work/find.cmd"
+[ -z "$autostart" ] || mcopy -o -i "$work/system@@$((offset * 512))" "$work/find.cmd" "$autostart"
+# The pause lets the desktop come up.
+printf '%s\r\n' '@echo off' 'cd /d "%~dp0kit"' 'ping -n 20 127.0.0.1 >nul' 'call run.cmd >COM1 2>&1' \
+    'echo exit code %errorlevel% >COM1' 'programs\tools\windows_kit\end_machine.exe' >"$work/start.cmd"
+mcopy -i "$kit_disk" "$work/start.cmd" ::/atlogon.cmd
+
+if [ -z "${ACCEL-}" ]; then
+    ACCEL=kvm
+    if ! echo quit | qemu-system-x86_64 -accel kvm -machine pc -nodefaults -display none \
+        -monitor stdio >/dev/null 2>"$work/errors"; then
+        ACCEL=tcg
+        say "without KVM, so every instruction is translated: $(head -n 1 "$work/errors")"
+    fi
+fi
+mkdir -p "$out"
+rm -f "$out"/screen-*.png "$out"/report.txt "$out"/console.txt
+touch "$work/console"
+say "the machine starts ($ACCEL)"
+# It ends with this script, however that ends. A restart, too, ends it.
+coproc machine {
+    exec setpriv --pdeathsig KILL qemu-system-x86_64 -accel "$ACCEL" -m "${MEMORY-2048}" -nodefaults \
+        -vga std -display none -no-reboot -rtc base=localtime -monitor stdio -serial "file:$work/console" \
+        -drive "file=$work/system,format=$system_format,if=ide,index=0,cache=unsafe" \
+        -drive "file=$work/kit,format=raw,if=ide,index=1,cache=unsafe" >"$work/monitor" 2>"$work/errors"
+}
+# shellcheck disable=SC2154  # coproc sets them
+qemu=$machine_PID monitor=${machine[1]}
+picture() {
+    echo "screendump \"$out/screen-$(printf %04d "$SECONDS").png\" -f png" >&"$monitor" || true
+}
+give_up() {
+    picture
+    echo quit >&"$monitor"
+    wait "$qemu" || true
+    cp "$work/console" "$out/console.txt"
+    fail 124 "$1; the last picture is $(ls "$out"/screen-*.png | tail -n 1)"
+}
+SECONDS=0
+shown=0
+while sleep 1 && kill -0 "$qemu" 2>/dev/null; do
+    [ $SECONDS -lt "$limit" ] || give_up "the kit did not end in $limit seconds"
+    [ -s "$work/console" ] || [ $SECONDS -lt "$start_limit" ] ||
+        give_up "the system did not start the kit in $start_limit seconds: is the image prepared?"
+    if [ $((SECONDS / 20)) -ne "$shown" ]; then
+        shown=$((SECONDS / 20))
+        picture
+        say "$SECONDS s: $(tail -n 1 "$work/console" | tr -d '\r')"
+    fi
+done
+took=$SECONDS
+wait "$qemu" || true
+qemu=
+cp "$work/console" "$out/console.txt"
+mcopy -i "$kit_disk" ::/kit/report.txt "$out" 2>/dev/null || say "there is no report"
+result=$(sed -n 's/^exit code \([0-9]*\).*/\1/p' "$work/console")
+[ -n "$result" ] || fail 125 "the machine ended and the kit had not: $(cat "$work/errors" "$work/console")"
+say "$took s, exit code $result; see $out"
+exit "$result"
