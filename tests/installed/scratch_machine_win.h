@@ -15,13 +15,12 @@
 class ScratchMachine {
   public:
     explicit ScratchMachine(HKEY root = HKEY_LOCAL_MACHINE) : root(root) {
-        HKEY own = nullptr;
         RegCreateKeyA(HKEY_CURRENT_USER, path, &own);
         EXPECT_EQ(RegOverridePredefKey(root, own), ERROR_SUCCESS);
-        RegCloseKey(own);
     }
     ~ScratchMachine() {
         RegOverridePredefKey(root, nullptr);
+        RegCloseKey(own);
         SHDeleteKeyA(HKEY_CURRENT_USER, path);
     }
     ScratchMachine(const ScratchMachine&) = delete;
@@ -82,4 +81,5 @@ class ScratchMachine {
 
     static constexpr const char* path = "Software\\Installer Test";
     const HKEY root;
+    HKEY own = nullptr;  ///< open as long as it stands in for the root
 };

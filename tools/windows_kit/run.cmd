@@ -27,24 +27,24 @@ echo == kit_guard after >> "%REPORT%"
 tools\windows_kit\kit_guard.exe after >> "%REPORT%" 2>&1
 if errorlevel 1 set FAILED=%FAILED% kit_guard
 
+set RESULT=0
 if "%FAILED%"=="" goto passed
+set RESULT=1
 echo == FAILED:%FAILED% >> "%REPORT%"
 echo FAILED:%FAILED%. Please send report.txt back.
-popd
-exit /b 1
+goto end
 
 :passed
 echo == all passed >> "%REPORT%"
 echo All passed. Please send report.txt back.
-popd
-exit /b 0
+goto end
 
 :refused
+set RESULT=2
 echo == REFUSED, nothing was run >> "%REPORT%"
 echo Nothing was run. The reasons:
 type "%REPORT%"
-popd
-exit /b 2
+goto end
 
 :suite
 echo %2...
@@ -52,3 +52,8 @@ echo == %2 >> "%REPORT%"
 %1\%2.exe >> "%REPORT%" 2>&1
 if errorlevel 1 set FAILED=%FAILED% %2
 exit /b 0
+
+rem On ReactOS "exit /b" always ends with 0, and so does what comes before a jump: this stays last.
+:end
+popd
+cmd /c exit %RESULT%
