@@ -5,7 +5,7 @@
 #
 # IMAGE  the disk of a system that logs an administrator on by itself; any format that QEMU reads. It is
 #        not changed. How to prepare one: tools/windows_kit/README.txt.
-# KIT    what windows_kit.sh made, or another folder with a run.cmd, which is started at logon
+# KIT    what windows_kit.sh made; its run.cmd is started at logon
 # OUT    a folder for what comes back: report.txt, console.txt (what run.cmd printed), screen-SECONDS.png
 #
 # Exits with run.cmd's exit code, with 124 when the machine took too long, and with 125 when it could
@@ -37,7 +37,10 @@ trap clean_up EXIT
 trap 'exit 130' INT TERM HUP
 
 [ -r "$image" ] || fail 125 "there is no image $image"
-[ -f "$kit/run.cmd" ] || fail 125 "$kit is no kit: it has no run.cmd"
+end_machine=programs/tools/windows_kit/end_machine.exe
+for file in run.cmd "$end_machine"; do
+    [ -f "$kit/$file" ] || fail 125 "$kit is no kit: it has no $file"
+done
 "$(dirname "$0")/setup.sh" --without-wine qemu-system-x86 qemu-utils mtools fdisk ||
     fail 125 "it needs QEMU and mtools: qemu-system-x86, qemu-utils, mtools, fdisk"
 format=$(qemu-img info --output=json "$image" 2>"$work/errors" |
@@ -76,7 +79,7 @@ printf '%s\r\n' '@echo off' \
 [ -z "$autostart" ] || mcopy -o -i "$work/system@@$((offset * 512))" "$work/find.cmd" "$autostart"
 # The pause lets the desktop come up.
 printf '%s\r\n' '@echo off' 'cd /d "%~dp0kit"' 'ping -n 20 127.0.0.1 >nul' 'call run.cmd >COM1 2>&1' \
-    'echo exit code %errorlevel% >COM1' 'programs\tools\windows_kit\end_machine.exe' >"$work/start.cmd"
+    'echo exit code %errorlevel% >COM1' "${end_machine//\//\\}" >"$work/start.cmd"
 mcopy -i "$kit_disk" "$work/start.cmd" ::/atlogon.cmd
 
 if [ -z "${ACCEL-}" ]; then
