@@ -26,8 +26,9 @@ fail() {
 }
 
 work=$(mktemp -d)
-export MTOOLS_SKIP_CHECK=1
+export MTOOLS_SKIP_CHECK=1 PATH=$PATH:/usr/sbin:/sbin
 qemu=
+# shellcheck disable=SC2317  # reached through the trap
 clean_up() {
     [ -z "$qemu" ] || kill -KILL "$qemu" 2>/dev/null || true
     wait
@@ -35,32 +36,39 @@ clean_up() {
 }
 trap clean_up EXIT
 trap 'exit 130' INT TERM HUP
+trap 'exit 125' ERR
 
 [ -r "$image" ] || fail 125 "there is no image $image"
 end_machine=programs/tools/windows_kit/end_machine.exe
 for file in run.cmd "$end_machine"; do
     [ -f "$kit/$file" ] || fail 125 "$kit is no kit: it has no $file"
 done
-"$(dirname "$0")/setup.sh" --without-wine qemu-system-x86 qemu-utils mtools fdisk ||
-    fail 125 "it needs QEMU and mtools: qemu-system-x86, qemu-utils, mtools, fdisk"
+for program in qemu-system-x86_64 qemu-img mformat sfdisk; do
+    command -v "$program" >/dev/null || fail 125 "there is no $program; as root:
+    apt-get install --no-install-recommends qemu-system-x86 qemu-utils mtools fdisk"
+done
 format=$(qemu-img info --output=json "$image" 2>"$work/errors" |
     sed -n 's/^    "format": "\(.*\)",*$/\1/p')
 [ -n "$format" ] || fail 125 "$image is no disk image: $(cat "$work/errors")"
 # The partition table says what the system's disk is written in, and so which system it can be.
 qemu-img dd -f "$format" -O raw bs=512 count=1 if="$image" of="$work/table"
-case $(od -An -tx1 -j450 -N1 "$work/table")$(od -An -tx1 -j510 "$work/table") in
-' 06 55 aa' | ' 0b 55 aa' | ' 0c 55 aa' | ' 0e 55 aa')
+table=$(od -An -v -tx1 "$work/table" | tr -d ' \n')
+case ${table:900:2}-${table:1020} in # its first partition's type, its signature
+06-55aa | 0b-55aa | 0c-55aa | 0e-55aa)
     # FAT, as ReactOS has it: it runs C:\atlogon.cmd, which is put there.
     say "a copy of $image"
     qemu-img convert -f "$format" -O raw "$image" "$work/system"
-    offset=$(od -An -tu4 -j454 -N4 "$work/table")
-    system_format=raw autostart=::/atlogon.cmd
+    printf '%s\r\n' '@echo off' \
+        'for %%d in (c d e f g h i) do if exist %%d:\kit\run.cmd %%d:\atlogon.cmd' >"$work/find.cmd"
+    start=$(od -An -tu4 -j454 -N4 "$work/table")
+    mcopy -o -i "$work/system@@$((start * 512))" "$work/find.cmd" ::/atlogon.cmd
+    system_format=raw
     ;;
-' 07 55 aa')
+07-55aa)
     # NTFS, as Windows has it: nothing here writes it, so the system looks for the kit by itself.
     say "a copy-on-write clone of $image"
     qemu-img create -q -f qcow2 -b "$image" -F "$format" "$work/system"
-    system_format=qcow2 autostart=
+    system_format=qcow2
     ;;
 *)
     fail 125 "$image has no partition table with a FAT or NTFS partition first"
@@ -74,12 +82,9 @@ echo 'start=2048, type=c' | sfdisk -q "$work/kit"
 kit_disk=$work/kit@@1M
 mformat -F -T $(((megabytes - 1) * 2048)) -h 16 -s 63 -i "$kit_disk" ::
 mcopy -s -i "$kit_disk" "$kit" ::/kit
-printf '%s\r\n' '@echo off' \
-    'for %%d in (c d e f g h i) do if exist %%d:\kit\run.cmd %%d:\atlogon.cmd' >"$work/find.cmd"
-[ -z "$autostart" ] || mcopy -o -i "$work/system@@$((offset * 512))" "$work/find.cmd" "$autostart"
-# The pause lets the desktop come up.
-printf '%s\r\n' '@echo off' 'cd /d "%~dp0kit"' 'ping -n 20 127.0.0.1 >nul' 'call run.cmd >COM1 2>&1' \
-    'echo exit code %errorlevel% >COM1' "${end_machine//\//\\}" >"$work/start.cmd"
+# The pause lets the desktop come up. The serial port opens once: what is left running may hold it.
+printf '%s\r\n' '@echo off' 'cd /d "%~dp0kit"' 'ping -n 20 127.0.0.1 >nul' 'call :run >COM1 2>&1' \
+    "${end_machine//\//\\}" 'goto :eof' ':run' 'call run.cmd' 'echo exit code %errorlevel%' >"$work/start.cmd"
 mcopy -i "$kit_disk" "$work/start.cmd" ::/atlogon.cmd
 
 if [ -z "${ACCEL-}" ]; then
@@ -104,17 +109,17 @@ coproc machine {
 # shellcheck disable=SC2154  # coproc sets them
 qemu=$machine_PID monitor=${machine[1]}
 picture() {
-    echo "screendump \"$out/screen-$(printf %04d "$SECONDS").png\" -f png" >&"$monitor" || true
+    last_picture=$out/screen-$(printf %04d "$SECONDS").png
+    # It may have ended just now.
+    { echo "screendump \"$last_picture\" -f png" >&"$monitor"; } 2>/dev/null || true
 }
 give_up() {
     picture
-    echo quit >&"$monitor"
-    wait "$qemu" || true
+    sleep 1
     cp "$work/console" "$out/console.txt"
-    fail 124 "$1; the last picture is $(ls "$out"/screen-*.png | tail -n 1)"
+    fail 124 "$1; the last picture is $last_picture"
 }
-SECONDS=0
-shown=0
+SECONDS=0 shown=0
 while sleep 1 && kill -0 "$qemu" 2>/dev/null; do
     [ $SECONDS -lt "$limit" ] || give_up "the kit did not end in $limit seconds"
     [ -s "$work/console" ] || [ $SECONDS -lt "$start_limit" ] ||

@@ -5,6 +5,7 @@
 #include <vector>
 
 #include "tests/framework/modal_driver_win.h"
+#include "tests/systems_win.h"
 #include "ui/resource.h"
 
 namespace {
@@ -72,6 +73,29 @@ TEST(InstallDialog, WorksByKeyboard) {
                   row.result);
         EXPECT_EQ(dialog.productType, row.productType);
     }
+}
+
+TEST(InstallDialog, TakesKeysTypedAhead) {
+    if (onWine()) {
+        GTEST_SKIP() << "Wine has no keyboard without a display";
+    }
+    CInstallDlg dialog("Sample");
+    dialog.SetOfferDemonstration(true);
+    const INT_PTR result =
+        driveModal([&] { return dialog.DoModal(); },
+                   [](HWND window) {
+                       focusBeyond(window, nullptr);
+                       for (const BYTE key : {VK_DOWN, VK_TAB, VK_RETURN}) {
+                           keybd_event(key, 0, 0, 0);
+                           keybd_event(key, 0, KEYEVENTF_KEYUP, 0);
+                       }
+                       const DWORD start = GetTickCount();
+                       while (IsWindow(window) && GetTickCount() - start < 10000) {
+                           Sleep(1);
+                       }
+                   });
+    EXPECT_EQ(result, IDOK);
+    EXPECT_EQ(dialog.productType, 8u);
 }
 
 // For a prompt that needs the room the dialog and the prompt grow, the other controls move down.

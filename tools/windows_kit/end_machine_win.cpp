@@ -14,9 +14,9 @@ int main() {
     char folder[MAX_PATH] = "";
     GetCurrentDirectoryA(sizeof folder, folder);
     const char volumeName[] = {'\\', '\\', '.', '\\', folder[0], ':', '\0'};
-    const HANDLE volume = CreateFileA(volumeName, GENERIC_READ | GENERIC_WRITE,
-                                      FILE_SHARE_READ | FILE_SHARE_WRITE, nullptr, OPEN_EXISTING, 0,
-                                      nullptr);
+    const HANDLE volume =
+        CreateFileA(volumeName, GENERIC_READ | GENERIC_WRITE, FILE_SHARE_READ | FILE_SHARE_WRITE,
+                    nullptr, OPEN_EXISTING, 0, nullptr);
     FlushFileBuffers(volume);
     BOOLEAN before = FALSE;
     RtlAdjustPrivilege(shutdownPrivilege, TRUE, FALSE, &before);

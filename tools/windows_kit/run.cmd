@@ -17,7 +17,7 @@ if exist ..\build.txt type ..\build.txt >> "%REPORT%"
 
 echo == kit_guard before >> "%REPORT%"
 tools\windows_kit\kit_guard.exe before >> "%REPORT%" 2>&1
-if errorlevel 1 goto refused
+if not "%ERRORLEVEL%"=="0" goto refused
 
 call :suite tests decision_tests
 call :suite tests windows_tests
@@ -25,7 +25,7 @@ call :suite dialog_driver end_to_end_tests
 
 echo == kit_guard after >> "%REPORT%"
 tools\windows_kit\kit_guard.exe after >> "%REPORT%" 2>&1
-if errorlevel 1 set FAILED=%FAILED% kit_guard
+if not "%ERRORLEVEL%"=="0" set FAILED=%FAILED% kit_guard
 
 set RESULT=0
 if "%FAILED%"=="" goto passed
@@ -50,7 +50,10 @@ goto end
 echo %2...
 echo == %2 >> "%REPORT%"
 %1\%2.exe >> "%REPORT%" 2>&1
-if errorlevel 1 set FAILED=%FAILED% %2
+set CODE=%ERRORLEVEL%
+rem The code of a crash is below 0, which "if errorlevel" takes for a success.
+if not "%CODE%"=="0" echo %2 ended with %CODE% >> "%REPORT%"
+if not "%CODE%"=="0" set FAILED=%FAILED% %2
 exit /b 0
 
 rem On ReactOS "exit /b" always ends with 0, and so does what comes before a jump: this stays last.
