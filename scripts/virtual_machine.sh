@@ -30,8 +30,7 @@ export MTOOLS_SKIP_CHECK=1 PATH=$PATH:/usr/sbin:/sbin
 qemu=
 # shellcheck disable=SC2317  # reached through the trap
 clean_up() {
-    [ -z "$qemu" ] || kill -KILL "$qemu" 2>/dev/null || true
-    wait
+    { [ -z "$qemu" ] || kill -KILL "$qemu" || true; wait; } 2>/dev/null
     rm -rf "$work"
 }
 trap clean_up EXIT

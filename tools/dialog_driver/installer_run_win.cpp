@@ -55,15 +55,20 @@ Encounter InstallerRun::nextDialog(DWORD deadline) {
 }
 
 std::string InstallerRun::awaitEnd() {
+    if (!startError.empty()) {
+        return startError;
+    }
     const DWORD start = GetTickCount();
     JOBOBJECT_BASIC_ACCOUNTING_INFORMATION accounting{};
     do {
+        // The installer itself is none of the job's where the tests run in a job of somebody
+        // else's.
+        const DWORD installer = WaitForSingleObject(process.hProcess, pollInterval);
         QueryInformationJobObject(job, JobObjectBasicAccountingInformation, &accounting,
                                   sizeof accounting, nullptr);
-        if (accounting.ActiveProcesses == 0) {
-            return startError;
+        if (installer == WAIT_OBJECT_0 && accounting.ActiveProcesses == 0) {
+            return "";
         }
-        WaitForSingleObject(process.hProcess, pollInterval);
         Sleep(pollInterval);
     } while (GetTickCount() - start < defaultDeadline);
     return std::to_string(accounting.ActiveProcesses) + " processes still run";
