@@ -10,7 +10,8 @@
 #
 # Exits with run.cmd's exit code, with 124 when the machine took too long, and with 125 when it could
 # not do its work. In the environment: LIMIT (1800), START_LIMIT (600): seconds for all, and until the
-# kit has started; MEMORY (2048): megabytes; ACCEL: kvm or tcg, otherwise KVM where it works.
+# kit has started; MEMORY (2048): megabytes; ACCEL: kvm or tcg, otherwise KVM where it works;
+# CD: an image for a CD drive.
 set -eu
 . "$(dirname "$0")/usage.sh"
 [ $# -ge 3 ] || wrong_usage "an image, a kit and a folder for the results, please"
@@ -103,7 +104,8 @@ coproc machine {
     exec setpriv --pdeathsig KILL qemu-system-x86_64 -accel "$ACCEL" -m "${MEMORY-2048}" -nodefaults \
         -vga std -display none -no-reboot -rtc base=localtime -monitor stdio -serial "file:$work/console" \
         -drive "file=$work/system,format=$system_format,if=ide,index=0,cache=unsafe" \
-        -drive "file=$work/kit,format=raw,if=ide,index=1,cache=unsafe" >"$work/monitor" 2>"$work/errors"
+        -drive "file=$work/kit,format=raw,if=ide,index=1,cache=unsafe" \
+        ${CD:+-drive "file=$CD,format=raw,if=ide,index=2,media=cdrom"} >"$work/monitor" 2>"$work/errors"
 }
 # shellcheck disable=SC2154  # coproc sets them
 qemu=$machine_PID monitor=${machine[1]}
