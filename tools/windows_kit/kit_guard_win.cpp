@@ -140,7 +140,7 @@ std::vector<std::string> objections(const std::vector<std::string>& programs) {
         }
     }
     for (const std::string& folder : madeFolders()) {
-        if (pathExists(folder)) {
+        if (examinePath(folder) != PathKind::Inaccessible) {
             found.push_back("the folder exists: " + folder);
         }
     }
@@ -183,7 +183,7 @@ int after() {
         SHDeleteKeyA(HKEY_LOCAL_MACHINE, name.c_str());
     }
     for (const std::string& folder : madeFolders()) {
-        if (pathExists(folder)) {
+        if (examinePath(folder) != PathKind::Inaccessible) {
             std::printf("left behind and removed: %s\n", folder.c_str());
             removeFolder(folder);
         }
