@@ -1,7 +1,5 @@
 // A stand-in for the setup utility: tells that it was started, and ends.
-#include <windows.h>
-
-#include "tools/benchmarks/hand_over_event.h"
+#include "tools/benchmarks/benchmark_win.h"
 
 int WINAPI WinMain(HINSTANCE, HINSTANCE, LPSTR, int) {
     const HANDLE event = OpenEventA(EVENT_MODIFY_STATE, FALSE, handOverEvent);

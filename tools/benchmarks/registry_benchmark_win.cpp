@@ -5,6 +5,7 @@
 // to report.
 #include <windows.h>
 
+#include <malloc.h>
 #include <shlwapi.h>
 
 #include <algorithm>
@@ -19,36 +20,31 @@
 #include "installed/installation_index_win.h"
 #include "installed/installed_product_win.h"
 #include "platform/system_library_win.h"
-#include "tools/benchmarks/stopwatch_win.h"
+#include "tools/benchmarks/benchmark_win.h"
 
 namespace {
 
 std::size_t heldMemory = 0;
 std::size_t mostHeldMemory = 0;
 
-// A block's size stands in front of it.
-constexpr std::size_t headerSize = 2 * sizeof(std::size_t);
-
 }  // namespace
 
 void* operator new(std::size_t size) {
-    auto* const block = static_cast<std::size_t*>(std::malloc(headerSize + size));
-    *block = size;
-    heldMemory += size;
+    void* const block = std::malloc(size);
+    heldMemory += _msize(block);
     mostHeldMemory = std::max(mostHeldMemory, heldMemory);
-    return reinterpret_cast<char*>(block) + headerSize;
+    return block;
 }
 
-void operator delete(void* memory) noexcept {
-    if (memory != nullptr) {
-        auto* const block = reinterpret_cast<std::size_t*>(static_cast<char*>(memory) - headerSize);
-        heldMemory -= *block;
-        std::free(block);
+void operator delete(void* block) noexcept {
+    if (block != nullptr) {
+        heldMemory -= _msize(block);
     }
+    std::free(block);
 }
 
-void operator delete(void* memory, std::size_t) noexcept {
-    operator delete(memory);
+void operator delete(void* block, std::size_t) noexcept {
+    operator delete(block);
 }
 
 namespace {
@@ -60,7 +56,6 @@ constexpr int entryCount = 10000;
 constexpr int ownEntryCount = 100;
 constexpr int recordCount = 5000;
 constexpr int runCount = 5;
-
 constexpr const char* ownName = "Halvick Viewer";
 constexpr const char* otherName = "Another Program";
 
@@ -76,7 +71,7 @@ void writeValues(const std::string& key, const Values& values) {
     RegCreateKeyA(HKEY_LOCAL_MACHINE, key.c_str(), &created);
     for (const auto& [name, text] : values) {
         RegSetValueExA(created, name, 0, REG_SZ, reinterpret_cast<const BYTE*>(text.c_str()),
-                       static_cast<DWORD>(text.size() + 1));
+                       static_cast<DWORD>(text.size()) + 1);
     }
     RegCloseKey(created);
 }

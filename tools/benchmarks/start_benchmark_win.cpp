@@ -5,16 +5,13 @@
 // Every round runs each command once, so that what else the machine does falls on all of them.
 // Prints a line for each command: the median in milliseconds, and the median of the ratios, round
 // by round, of the first command's time to this one's.
-#include <windows.h>
-
 #include <cstdio>
 #include <cstdlib>
 #include <string>
 #include <string_view>
 #include <vector>
 
-#include "tools/benchmarks/hand_over_event.h"
-#include "tools/benchmarks/stopwatch_win.h"
+#include "tools/benchmarks/benchmark_win.h"
 
 namespace {
 
@@ -42,15 +39,18 @@ class Process {
     Process(const Process&) = delete;
     Process& operator=(const Process&) = delete;
 
-    HWND awaitDialog() const {
+    [[nodiscard]] HWND awaitDialog() const {
         const DWORD start = GetTickCount();
         // Idle for the first time: the dialog is up and has nothing left to do.
         WaitForInputIdle(process.hProcess, deadline);
         do {
-            Search search{process.dwProcessId, nullptr};
-            EnumWindows(examineWindow, reinterpret_cast<LPARAM>(&search));
-            if (search.found != nullptr) {
-                return search.found;
+            for (HWND window = nullptr;
+                 (window = FindWindowExA(nullptr, window, "#32770", nullptr)) != nullptr;) {
+                DWORD processId = 0;
+                GetWindowThreadProcessId(window, &processId);
+                if (processId == process.dwProcessId && IsWindowVisible(window)) {
+                    return window;
+                }
             }
         } while (WaitForSingleObject(process.hProcess, 1) == WAIT_TIMEOUT &&
                  GetTickCount() - start < deadline);
@@ -63,24 +63,6 @@ class Process {
     }
 
   private:
-    struct Search {
-        DWORD processId;
-        HWND found;
-    };
-
-    static BOOL CALLBACK examineWindow(HWND window, LPARAM parameter) {
-        auto& search = *reinterpret_cast<Search*>(parameter);
-        DWORD processId = 0;
-        GetWindowThreadProcessId(window, &processId);
-        char className[8] = "";
-        GetClassNameA(window, className, sizeof className);
-        if (processId == search.processId && IsWindowVisible(window) &&
-            std::string_view(className) == "#32770") {
-            search.found = window;
-        }
-        return search.found == nullptr;
-    }
-
     PROCESS_INFORMATION process{};
 };
 

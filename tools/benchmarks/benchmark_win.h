@@ -5,13 +5,17 @@
 #include <algorithm>
 #include <vector>
 
+/// The event that the stand-in for the setup utility sets when it has been started.
+inline constexpr const char* handOverEvent = "Installer benchmark hand-over";
+
 /// Runs from its construction on.
 class Stopwatch {
   public:
     Stopwatch() { QueryPerformanceCounter(&start); }
 
-    double milliseconds() const {
-        LARGE_INTEGER now, frequency;
+    [[nodiscard]] double milliseconds() const {
+        LARGE_INTEGER now;
+        LARGE_INTEGER frequency;
         QueryPerformanceCounter(&now);
         QueryPerformanceFrequency(&frequency);
         return 1000.0 * static_cast<double>(now.QuadPart - start.QuadPart) /
@@ -19,10 +23,10 @@ class Stopwatch {
     }
 
   private:
-    LARGE_INTEGER start;
+    LARGE_INTEGER start{};
 };
 
-inline double median(std::vector<double> times) {
-    std::sort(times.begin(), times.end());
-    return times[times.size() / 2];
+inline double median(std::vector<double> values) {
+    std::sort(values.begin(), values.end());
+    return values[values.size() / 2];
 }
