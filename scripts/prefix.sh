@@ -1,17 +1,21 @@
 #!/bin/bash
 # Wine prefixes for tests and demonstrations, below build/prefixes.
 #
-#   prefix.sh make TEMPLATE...           makes the templates that are missing: win64, win32
-#   prefix.sh start TEMPLATE NAME.PID    makes a throw-away copy, running/NAME.PID, and keeps a
-#                                        server running for it; PID: the process that it is for
-#   prefix.sh stop NAME.PID              ends that server and removes the copy
-#   prefix.sh sweep                      does so with every copy whose process has ended
+#   prefix.sh make TEMPLATE...              makes the templates that are missing: win64, win32
+#   prefix.sh start TEMPLATE NAME.PID       makes a throw-away copy, running/NAME.PID, and keeps a server
+#                                           running for it; PID: the process that it is for
+#   prefix.sh run NAME.PID PROGRAM WORD...  runs a Windows program in that copy
+#   prefix.sh run TEMPLATE PROGRAM WORD...  ... in a fresh copy of its own
+#   prefix.sh stop NAME.PID                 ends that server and removes the copy
+#   prefix.sh sweep                         does so with every copy whose process has ended
 set -u
-root=$(cd "$(dirname "$0")/.." && pwd)
-templates=$root/build/prefixes
+. "$(dirname "$0")/usage.sh"
+templates=$(cd "$(dirname "$0")/.." && pwd)/build/prefixes
 copies=$templates/running
 # A prefix takes over the shell's locale; file names with bytes above 127 need one that has them.
 export WINEDEBUG=-all LC_ALL=C.UTF-8
+# Without Wine's debugger, which waits for somebody, a crash ends the program.
+export WINEDLLOVERRIDES="winedbg.exe=d${WINEDLLOVERRIDES:+;$WINEDLLOVERRIDES}"
 
 make_template() {
     local name=$1 new=$templates/$1.new
@@ -22,8 +26,7 @@ make_template() {
         [ ! -d "$templates/$name" ] || exit 0
         echo "prefix: making $name"
         rm -rf "$new"
-        # Without a display Wine asks nothing; tests need no display, so the copies go without one
-        # too.
+        # Without a display Wine asks nothing; tests need none, so the copies go without one too.
         if ! WINEARCH=$name WINEPREFIX=$new env -u DISPLAY -u WAYLAND_DISPLAY sh -c \
             'wineboot -i && wine reg add "HKCU\\Software\\Wine\\Drivers" /v Graphics /d null /f &&
              wineserver -w' >"$new.log" 2>&1 9>&-; then
@@ -36,7 +39,6 @@ make_template() {
         cp -s /usr/share/wine/fonts/*.ttf "$new/drive_c/windows/Fonts/" || exit 1
         # Wine links a user's folders to the home folder, which is none of a test's business.
         find "$new/drive_c/users" -type l -exec rm {} \; -exec mkdir {} \;
-        rm -f "$new.log"
         touch "$new/made"
         mv "$new" "$templates/$name"
     ) 9>"$templates/$name.lock"
@@ -53,6 +55,27 @@ start() {
     # Wine's own services live on and would hold a pipe of the caller open.
     { WINEPREFIX=$copy wineserver -p && WINEPREFIX=$copy wine cmd /c exit; } \
         >/dev/null 2>&1 </dev/null
+}
+
+finish() {
+    local result=$?
+    trap - EXIT
+    stop "$own" || result=1
+    exit "$result"
+}
+
+run() {
+    if [[ $1 == *.* ]]; then
+        [ -d "$copies/$1" ] || wrong_usage "$1 was not started"
+        WINEPREFIX=$copies/$1 exec wine "${@:2}"
+    fi
+    own=$1.$$
+    trap finish EXIT
+    trap exit INT TERM HUP
+    start "$1" "$own" || exit 1
+    # In the background: a signal ends the wait and not only the program.
+    WINEPREFIX=$copies/$own wine "${@:2}" <&0 &
+    wait $!
 }
 
 stop() {
@@ -78,16 +101,13 @@ sweep() {
 
 case "${1-} $#" in
 make\ *)
-    shift
-    for name; do
+    for name in "${@:2}"; do
         make_template "$name" || exit 1
     done
     ;;
 "start 3") start "$2" "$3" ;;
+run\ *) run "${@:2}" ;;
 "stop 2") stop "$2" ;;
 "sweep 1") sweep ;;
-*)
-    sed -n '2,/^set/{/^#/p}' "$0" >&2
-    exit 2
-    ;;
+*) wrong_usage "what shall be done with which prefix?" ;;
 esac
