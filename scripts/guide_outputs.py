@@ -1,11 +1,9 @@
 #!/usr/bin/env python3
 """Writes the outputs that the documents show: runs each command that stands in a comment
 "<!-- shown: COMMAND -->" and puts what it says into the block below. The commands run in order in a
-folder of their own, with a sample build in it.
+folder of their own, with a sample build in it."""
 
-guide_outputs.py [--check] TOOLS    TOOLS: folder of installer-tool; --check changes nothing and ends
-                                    with exit code 1 when a document shows something else
-"""
+import argparse
 import os
 import re
 import subprocess
@@ -14,11 +12,10 @@ import tempfile
 from pathlib import Path
 
 sys.dont_write_bytecode = True
-sys.path.insert(0, str(Path(__file__).resolve().parent))
 from sample_parts import executable, make_parts
 
 ROOT = Path(__file__).resolve().parents[1]
-DOCUMENTS = ["README.md", "docs/release-guide.md"]
+DOCUMENTS = [ROOT / "README.md", ROOT / "docs" / "release-guide.md"]
 SHOWN = re.compile(r"(<!-- shown: ([^\n]*) -->\n```\n)(.*?)(```\n)", re.DOTALL)
 
 
@@ -39,29 +36,23 @@ def shown(command):
 
 
 def main():
-    words = sys.argv[1:]
-    checks = "--check" in words
-    words = [word for word in words if word != "--check"]
-    if len(words) != 1 or words[0].startswith("-"):
-        asked = words in (["-h"], ["--help"])
-        print(__doc__.strip(), file=sys.stdout if asked else sys.stderr)
-        return 0 if asked else 2
-    tools = Path(words[0]).resolve()
-    differing = []
+    parser = argparse.ArgumentParser(description=__doc__)
+    parser.add_argument("--check", action="store_true", help="change nothing; fail when a document shows something else")
+    parser.add_argument("tools", type=Path, help="folder of installer-tool")
+    options = parser.parse_args()
+    differs = False
     with tempfile.TemporaryDirectory() as folder:
-        prepare(Path(folder), tools)
+        prepare(Path(folder), options.tools.resolve())
         os.chdir(folder)
-        for name in DOCUMENTS:
-            document = ROOT / name
+        for document in DOCUMENTS:
             before = document.read_text(encoding="utf-8")
             after = SHOWN.sub(lambda match: match[1] + shown(match[2]) + match[4], before)
             if after != before:
-                differing.append(name)
-                if not checks:
+                print(f"guide_outputs: {document} {'shows something else' if options.check else 'written'}")
+                differs = True
+                if not options.check:
                     document.write_text(after, encoding="utf-8")
-    for name in differing:
-        print(f"guide_outputs: {name} {'differs; run guide_outputs.py' if checks else 'written'}")
-    return 1 if checks and differing else 0
+    return 1 if options.check and differs else 0
 
 
 sys.exit(main())
