@@ -52,7 +52,6 @@ TEST(Failures, EndTheRunBeforeAnythingIsInstalled) {
                "to continue the installation?",
                "warning", "Yes | No", "No")},
           {release("win2k"), extractionTool()}},
-         {"0q: a demonstration that is not offered", {choose("Demonstration"), {"* | OK", {"OK"}}}},
          {"16: a family that ends the run in silence", {}, {extractionTool()}}});
 }
 

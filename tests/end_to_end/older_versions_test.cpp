@@ -41,12 +41,16 @@ TEST(OlderVersions, AreSortedAndTheTickedOnesRemovedOneAfterAnother) {
         version("f", "Tavlink Classic Analyzer 11", "11.0"),
         version("g", "TAVLINK Classic Analyzer 12"), version("h", "Tavlink Serial Analyzer 12"),
         // No uninstaller, and one that is no program.
-        removed(uninstaller("c")), file(uninstaller("d"), "a text")};
+        removed(uninstaller("c")), file(uninstaller("d"))};
     const std::string rows = "[x] Alpha Tavlink Classic Analyzer 12 | [x] " + beta + " | [x] " +
                              beta + " | [x] Tavlink Classic Analyzer 13";
     const std::string end = "key 35", up = "key 38", down = "key 40", blank = "key 32";
     // The program's own word comes without an owner, on top of the prompt.
-    const Step noProgram{"Error | warning | Unknown ShellExecute error ! | OK", {"OK"}};
+    // ReactOS forgets its reason over a message of its own.
+    const Step noProgram{stageSystem() == System::ReactOs
+                             ? "* | OK"
+                             : "Error | warning | Unknown ShellExecute error ! | OK",
+                         {"OK"}};
     const auto prompt = [&](const std::vector<std::string>& actions) {
         return asks(rows, actions, true);
     };

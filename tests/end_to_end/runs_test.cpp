@@ -27,8 +27,10 @@ TEST(CommandLine, EveryFailureIsShownAndEndsTheRun) {
 }
 
 TEST(CommandLine, SourceDirectoriesAreHandedOverAsTheyAre) {
-    // With it the setup utility's path is as long as the shell takes, 259 characters.
-    const std::string longest = scratch + std::string(249 - scratch.size(), 'm') + '\\';
+    // With it the setup utility's path is as long as the shell takes, 259 characters; 258 on
+    // ReactOS.
+    const std::size_t length = stageSystem() == System::ReactOs ? 248 : 249;
+    const std::string longest = scratch + std::string(length - scratch.size(), 'm') + '\\';
     const std::string umlauts = scratch + "\xC4hnlich \xDF`\\";
     const struct {
         std::string folder, arguments, handedOver;
@@ -42,8 +44,10 @@ TEST(CommandLine, SourceDirectoriesAreHandedOverAsTheyAre) {
     for (const auto& row : table) {
         Step started = setup("0q", "Halvick Tavlink Universal Analyzer", "LIVE", "x86",
                              defaultBuild, row.handedOver);
-        // A program knows its own path in full.
-        started.seen.replace(1, row.handedOver.size(), row.folder);
+        // A program knows its own path in full; Wine leaves a long path's prefix out.
+        if (!row.handedOver.starts_with("\\\\?\\") || stageSystem() == System::Wine) {
+            started.seen.replace(1, row.handedOver.size(), row.folder);
+        }
         play({"0q: " + row.arguments,
               {chooseLive, started},
               {setupIn(row.folder)},
@@ -85,38 +89,45 @@ Step dialogOf(const std::string& product, const std::string& choices,
 TEST(HandOver, FollowsTheChoice) {
     const std::string classic = "Halvick Tavlink Classic ", setupUtility = media + "Setup.Exe";
     const std::string enter = "key 13", escape = "key 27", help = "key 112";
-    play(
-        {{"04: live at once",
-          {dialogOf("Tavlink Classic Analyzer", all, {"Install"}),
-           setup("04", classic + "Analyzer 16.4.10002.0")}},
-         onWindows({"04: demonstration, after help",
-                    {{"* | Help", {help, "File Viewer", "Demonstration", enter}},
-                     setup("0h", classic + "Demo 16.4.10002.0", "DEMO")}}),
-         {"1d: no demonstration",
-          {dialogOf("Tavlink ZigBee Analyzer", live + " | File Viewer", {"close"})}},
-         {"04: cancelled by keyboard", {{"* | Help", {"Demonstration", escape}}}},
-         // As a script of the field might.
-         onWindows(
-             {"0q: a choice that is not offered",
-              {{"* | Help", {"id 4008", "id 1"}},
-               box("This installer is invalid. Please contact Technical Support.\n\nHalvick Test "
-                   "Equipment\nTechnical Support\n100 Instrument Way\nHalvick, VA 22999\nUSA\nWeb: "
-                   "https://www.halvick.example/\nE-mail: support@halvick.example\nTelephone: +1 "
-                   "434 "
-                   "555 0100\nFax: +1 434 555 0101\n",
-                   "warning")}}),
-         {"1s: without the maker's name in front",
-          {chooseLive, setup("1s", "Tavlink Near Field Analyzer 16.4.10002.0")}},
-         {": no stamp", {dialogOf("", live, {"Install"}), setup("", "Halvick ")}},
-         {"0q: no setup utility",
-          {chooseLive,
-           box("Failed to locate program installation utility: \"" + setupUtility + '"', "error")},
-          {removed(setupUtility)}},
-         onWindows({"0q: a setup utility that is no program",
-                    {chooseLive,
-                     shellMessage,
-                     {"Error | warning | Unknown ShellExecute error ! | OK", {"OK"}}},
-                    {file(setupUtility, "a text")}})});
+    play({{"04: live at once",
+           {dialogOf("Tavlink Classic Analyzer", all, {"Install"}),
+            setup("04", classic + "Analyzer 16.4.10002.0")}},
+          onWindows({"04: demonstration, after help",
+                     {{"* | Help", {help, "File Viewer", "Demonstration", enter}},
+                      setup("0h", classic + "Demo 16.4.10002.0", "DEMO")}}),
+          {"1d: no demonstration",
+           {dialogOf("Tavlink ZigBee Analyzer", live + " | File Viewer", {"close"})}},
+          {"04: cancelled by keyboard", {{"* | Help", {"Demonstration", escape}}}},
+          {"1s: without the maker's name in front",
+           {chooseLive, setup("1s", "Tavlink Near Field Analyzer 16.4.10002.0")}},
+          {": no stamp", {dialogOf("", live, {"Install"}), setup("", "Halvick ")}},
+          {"0q: no setup utility",
+           {chooseLive,
+            box("Failed to locate program installation utility: \"" + setupUtility + '"', "error")},
+           {removed(setupUtility)}},
+          onWindows({"0q: a setup utility that is no program",
+                     {chooseLive,
+                      shellMessage,
+                      {"Error | warning | Unknown ShellExecute error ! | OK", {"OK"}}},
+                     {file(setupUtility)}})});
+}
+
+// As a script of the field might.
+TEST(HandOver, ForbidsADemonstrationThatThereIsNot) {
+    if (stageSystem() == System::ReactOs) {
+        GTEST_SKIP() << "a click on a hidden choice never ends there: the button looks for itself "
+                        "among the visible ones";
+    }
+    const Step refusal =
+        box("This installer is invalid. Please contact Technical Support.\n\nHalvick Test "
+            "Equipment\nTechnical Support\n100 Instrument Way\nHalvick, VA 22999\nUSA\nWeb: "
+            "https://www.halvick.example/\nE-mail: support@halvick.example\nTelephone: +1 434 555 "
+            "0100\nFax: +1 434 555 0101\n",
+            "warning");
+    play({onWindows(
+              {"0q: a choice that is not offered", {{"* | Help", {"id 4008", "id 1"}}, refusal}}),
+          onDescribedMachine(
+              {"0q: a choice that is not offered", {choose("Demonstration"), refusal}})});
 }
 
 TEST(HandOver, TakesTheBuildFromTheProductDataBesideTheProgram) {

@@ -14,6 +14,9 @@ inline const std::string media = scratch + "media\\";
 inline const std::string elsewhere = scratch + "elsewhere\\";
 inline constexpr const char* defaultBuild = "16.4.10002.0";
 
+/// What the stage is; each has faults of its own, for which a row may have to differ.
+enum class System { Described, Windows, Wine, ReactOs };
+[[nodiscard]] System stageSystem();
 [[nodiscard]] bool on64BitWindows();
 inline const std::string processor = on64BitWindows() ? "x64" : "x86";
 /// The name and the full path of what the extraction tool unpacks.

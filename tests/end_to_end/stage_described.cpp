@@ -121,6 +121,10 @@ void setRelease(const std::string& name) {
 
 }  // namespace
 
+System stageSystem() {
+    return System::Described;
+}
+
 bool on64BitWindows() {
     const char* const bits = std::getenv("BITS");
     return bits == nullptr || std::string(bits) != "32";

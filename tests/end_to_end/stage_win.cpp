@@ -13,6 +13,7 @@
 #include "app/environment.h"
 #include "platform/operating_system_win.h"
 #include "platform/system_library_win.h"
+#include "tests/systems_win.h"
 #include "tools/dialog_driver/installer_run_win.h"
 
 namespace {
@@ -46,6 +47,11 @@ std::string questionAboutRelease() {
     return message ? box(message->text, "warning", "Yes | No").seen : "";
 }
 
+/// As a folder of more than 247 characters, and a file of more than 259, have to be named.
+std::string longPath(const std::string& path) {
+    return "\\\\?\\" + path;
+}
+
 /// A run as it is seen from outside, beside what is expected of it.
 class Playback {
   public:
@@ -54,6 +60,9 @@ class Playback {
 
     /// False: the run is not what it should be, and is not to be followed any further.
     bool meet(const Step& step) {
+        if (!passedQuestion.empty()) {
+            lookOut();  // the question comes ahead of everything
+        }
         if (step.kind == Step::Kind::WaitForFile) {
             return waitsFor(step.seen);
         }
@@ -159,6 +168,10 @@ void clear() {
 
 }  // namespace
 
+System stageSystem() {
+    return onWine() ? System::Wine : onReactOs() ? System::ReactOs : System::Windows;
+}
+
 bool on64BitWindows() {
     BOOL answer = FALSE;
     return IsWow64Process(GetCurrentProcess(), &answer) && answer;
@@ -189,9 +202,11 @@ Given removed(const std::string& path) {
 
 Given copied(const std::string& name, const std::string& path) {
     return [=] {
-        SHCreateDirectoryExA(nullptr, upTo(path, '\\').c_str(), nullptr);
-        const std::string source = upTo(_pgmptr, '\\') + '\\' + name;
-        EXPECT_TRUE(CopyFileA(source.c_str(), path.c_str(), FALSE)) << source << " to " << path;
+        const std::string source = upTo(_pgmptr, '\\') + '\\' + name, folder = upTo(path, '\\');
+        SHCreateDirectoryExA(nullptr, folder.c_str(), nullptr);
+        CreateDirectoryA(longPath(folder).c_str(), nullptr);
+        EXPECT_TRUE(CopyFileA(source.c_str(), longPath(path).c_str(), FALSE))
+            << source << " to " << path;
     };
 }
 
@@ -287,6 +302,9 @@ std::string readFile(const std::string& path) {
 }
 
 void removeFolder(const std::string& path) {
-    std::error_code ignored;
-    std::filesystem::remove_all(path, ignored);
+    const DWORD start = GetTickCount();
+    std::error_code error;
+    do {
+        std::filesystem::remove_all(longPath(path), error);
+    } while (error && GetTickCount() - start < InstallerRun::defaultDeadline && (Sleep(50), true));
 }

@@ -84,7 +84,8 @@ TEST(RegistryKey, AnswersAsTheDescribedOne) {
                 const char* const wanted = index < 7 ? values[index].name : "absent";
                 const std::uint32_t asked = key.queryValue(wanted, type, data, size = room);
                 tell(asked, std::to_string(type) + std::string(data, size));
-                tell(key.queryValue(wanted, type, nullptr, size = 0), std::to_string(size));
+                const std::uint32_t sized = key.queryValue(wanted, type, nullptr, size = 0);
+                tell(sized, std::to_string(size));
             }
         }
         return all;

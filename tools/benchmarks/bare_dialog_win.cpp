@@ -3,7 +3,7 @@
 
 #include <commctrl.h>
 
-#include "framework/application_win.h"
+#include "framework/application.h"
 #include "framework/dialog_win.h"
 #include "ui/resource.h"
 

@@ -1,6 +1,6 @@
 // The floor for the time to the first dialog: a program of the installer's framework, options
 // and manifest that shows a dialog and nothing else.
-#include "framework/application_win.h"
+#include "framework/application.h"
 #include "framework/dialog_win.h"
 
 namespace {

@@ -17,8 +17,10 @@
 #include <utility>
 #include <vector>
 
-#include "installed/installation_index_win.h"
-#include "installed/installed_product_win.h"
+#include "app/windows_machine_win.h"
+#include "installed/installation_index.h"
+#include "installed/installed_product.h"
+#include "platform/registry_key_win.h"
 #include "platform/system_library_win.h"
 #include "tools/benchmarks/benchmark_win.h"
 
@@ -180,7 +182,7 @@ std::size_t discoveryMemory(std::size_t expectedCount) {
     const std::size_t heldBefore = heldMemory;
     mostHeldMemory = heldMemory;
     std::vector<InstalledProduct> products;
-    std::ignore = findInstalledMakerProducts(products);
+    std::ignore = findInstalledMakerProducts(*openLocalMachine(), products);
     if (products.size() != expectedCount) {
         fail("discovery");
     }
@@ -188,6 +190,7 @@ std::size_t discoveryMemory(std::size_t expectedCount) {
 }
 
 void run() {
+    WindowsMachine machine;
     fillUninstallList(0, ownEntryCount, ownName);
     fillUninstallList(ownEntryCount, entryCount / 10, otherName);
     const std::size_t memoryOfFew = discoveryMemory(ownEntryCount);
@@ -195,13 +198,13 @@ void run() {
     compare(
         [] {
             std::vector<InstalledProduct> products;
-            std::ignore = findInstalledMakerProducts(products);
+            std::ignore = findInstalledMakerProducts(*openLocalMachine(), products);
         },
         readEntriesBarely);
     fillMakerTree();
     compare(
-        [] {
-            InstallationIndex index;
+        [&machine] {
+            InstallationIndex index(machine);
             index.load(false);
             if (index.records.size() != recordCount) {
                 fail("index");
