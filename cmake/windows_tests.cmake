@@ -2,10 +2,12 @@
 #                  [ENVIRONMENT name=value...])
 #
 # Elsewhere than on Windows the test runs under Wine, once in a 64-bit and once in a 32-bit prefix,
-# each a fresh copy that no other test sees. On Windows one test at a time has the desktop and the
-# registry.
+# each a fresh copy that no other test sees; 64-bit programs run in one that has nothing of 32 bits. On
+# Windows one test at a time has the desktop and the registry.
 if(CMAKE_HOST_WIN32)
   set(WINDOWS_TEST_PREFIXES native)
+elseif(CMAKE_SIZEOF_VOID_P EQUAL 8)
+  set(WINDOWS_TEST_PREFIXES x64)
 else()
   set(WINDOWS_TEST_PREFIXES win64 win32)
 endif()

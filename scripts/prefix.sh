@@ -1,7 +1,9 @@
 #!/bin/bash
 # Wine prefixes for tests and demonstrations, below build/prefixes.
 #
-#   prefix.sh make TEMPLATE...              makes the templates that are missing: win64, win32
+#   prefix.sh make TEMPLATE...              makes the templates that are missing: win64, win32; x64, which
+#                                           has nothing of 32 bits, for kernels that start no such programs
+#   prefix.sh templates                     prints those that this machine can use
 #   prefix.sh start TEMPLATE NAME.PID       makes a throw-away copy, running/NAME.PID, and keeps a server
 #                                           running for it; PID: the process that it is for
 #   prefix.sh run NAME.PID PROGRAM WORD...  runs a Windows program in that copy
@@ -17,6 +19,15 @@ export WINEDEBUG=-all LC_ALL=C.UTF-8
 # Without Wine's debugger, which waits for somebody, a crash ends the program.
 export WINEDLLOVERRIDES="winedbg.exe=d${WINEDLLOVERRIDES:+;$WINEDLLOVERRIDES}"
 
+# use TEMPLATE: has the Wine for it at hand.
+use() {
+    [[ $1 == x64* ]] || return 0
+    export WINELOADER=/usr/lib/wine/wine64 WINESERVER=/usr/lib/wine/wineserver64
+    wine() { "$WINELOADER" "$@"; }
+    wineserver() { "$WINESERVER" "$@"; }
+    export -f wine wineserver
+}
+
 make_template() {
     local name=$1 new=$templates/$1.new
     mkdir -p "$templates"
@@ -27,8 +38,9 @@ make_template() {
         echo "prefix: making $name"
         rm -rf "$new"
         # Without a display Wine asks nothing; tests need none, so the copies go without one too.
-        if ! WINEARCH=$name WINEPREFIX=$new env -u DISPLAY -u WAYLAND_DISPLAY sh -c \
-            'wineboot -i && wine reg add "HKCU\\Software\\Wine\\Drivers" /v Graphics /d null /f &&
+        use "$name"
+        if ! WINEARCH=${name/x64/win64} WINEPREFIX=$new env -u DISPLAY -u WAYLAND_DISPLAY bash -c \
+            'wine wineboot -i && wine reg add "HKCU\\Software\\Wine\\Drivers" /v Graphics /d null /f &&
              wineserver -w' >"$new.log" 2>&1 9>&-; then
             cat "$new.log" >&2
             echo "prefix: FAILED to make $name" >&2
@@ -47,6 +59,7 @@ make_template() {
 start() {
     local template=$templates/$1 copy=$copies/$2
     make_template "$1" || return 1
+    use "$1"
     sweep
     stop "$2" || return 1
     mkdir -p "$copies"
@@ -67,7 +80,9 @@ finish() {
 run() {
     if [[ $1 == *.* ]]; then
         [ -d "$copies/$1" ] || wrong_usage "$1 was not started"
-        WINEPREFIX=$copies/$1 exec wine "${@:2}"
+        use "$1"
+        WINEPREFIX=$copies/$1 wine "${@:2}"
+        exit
     fi
     own=$1.$$
     trap finish EXIT
@@ -81,12 +96,14 @@ run() {
 stop() {
     local copy=$copies/$1 written
     [ -d "$copy" ] || return 0
-    WINEPREFIX=$copy timeout 20 wineserver -k || WINEPREFIX=$copy wineserver -k9
+    use "$1"
+    WINEPREFIX=$copy timeout 20 "${WINESERVER:-wineserver}" -k ||
+        WINEPREFIX=$copy wineserver -k9
     written=$(find "$copy" -type f -links +1 -newer "$copy/made" -print -quit)
     rm -rf "$copy"
     if [ -n "$written" ]; then
         # The templates are made anew by the next run.
-        rm -rf "${templates:?}/win64" "${templates:?}/win32"
+        rm -rf "${templates:?}"/{win64,win32,x64}
         echo "prefix: FAILED: the template was written to: ${written#"$copy/"}" >&2
         return 1
     fi
@@ -99,7 +116,16 @@ sweep() {
     done
 }
 
+templates() {
+    if "$(dirname "$0")/starts_32_bit.sh" && [ -e /usr/lib/i386-linux-gnu/wine ]; then
+        echo win64 win32
+    elif [ -x /usr/lib/wine/wine64 ]; then
+        echo x64
+    fi
+}
+
 case "${1-} $#" in
+"templates 1") templates ;;
 make\ *)
     for name in "${@:2}"; do
         make_template "$name" || exit 1

@@ -4,23 +4,33 @@
 #
 #   setup.sh [--without-wine] [PACKAGE...]    further packages, for scripts that need more
 #
-# Exits with 3 when everything is installed but 32-bit Wine, which the archive can lack for a while:
-# then all can be built, and the native tests run.
+# Where there is no 32-bit Wine, the Windows programs run as 64-bit ones: the kernel may start no 32-bit
+# programs, or the archive's i386 half may be out of step. Exits with 3 when everything is installed but
+# Wine.
 set -u
+. "$(dirname "$0")/usage.sh"
+scripts=$(cd "$(dirname "$0")" && pwd)
 export LC_ALL=C.UTF-8
 
-wine=(wine wine64 wine32:i386)
+wine=(wine wine64) wine32=()
 if [ "${1-}" = --without-wine ]; then
     wine=()
     shift
+elif "$scripts/starts_32_bit.sh"; then
+    wine32=(wine32:i386)
+else
+    wine+=(g++-mingw-w64-x86-64-posix)
 fi
+for word; do
+    [[ $word != -* ]] || wrong_usage "\"$word\" is not understood"
+done
 packages=(
     cmake ninja-build ccache googletest
     libcli11-dev nlohmann-json3-dev
     g++ clang libclang-rt-dev
     g++-mingw-w64-i686-posix binutils-mingw-w64-i686
     openssl osslsigncode
-    python3 clang-format clang-tidy shellcheck
+    git python3 clang-format clang-tidy shellcheck
     fonts-wine xvfb imagemagick x11-utils
     "$@"
 )
@@ -33,14 +43,16 @@ missing() {
     done
 }
 
+# fail REASON [ADVICE]: with ADVICE also the commands to type by hand
 fail() {
     {
-        [ -z "${log-}" ] || cat "$log"
+        [ -z "${log-}" ] || grep -E '^(E|W|sudo|dpkg): ?' "$log" | tail -n 5
         echo "setup: FAILED: $1"
         if [ -n "${2-}" ]; then
             echo "setup: $2"
-            echo "    dpkg --add-architecture i386; apt-get update"
-            echo "    apt-get install -y --no-install-recommends ${wanted[*]}"
+            echo "    apt-get update; apt-get install -y --no-install-recommends ${packages[*]} ${wine[*]}"
+            [ ${#wine32[@]} -eq 0 ] ||
+                echo "    dpkg --add-architecture i386; apt-get update; apt-get install -y ${wine32[*]}"
         fi
     } >&2
     exit 1
@@ -48,7 +60,7 @@ fail() {
 
 # check_root: fills as_root with what goes before a command for root.
 check_root() {
-    local by_hand="as root, run this and then this script again:"
+    local by_hand="as root, type this and then run this script again:"
     as_root=()
     [ "$(id -u)" -ne 0 ] || return 0
     command -v sudo >/dev/null ||
@@ -82,43 +94,51 @@ progress() {
     done
 }
 
+# install PACKAGE...: what is still missing of these, at first as it comes, then with the halves of
+# shared libraries at the release's own version. A system that is up to date from security takes the
+# first, another one the second.
 install() {
-    # sudo hands on no further descriptors, so apt's report takes the place of its output. Naming
-    # the release keeps the amd64 and i386 halves of a shared library at one version.
-    # shellcheck disable=SC2016  # expanded by the shell that is started
-    as_administrator sh -c 'exec apt-get "$@" 3>&1 >&2' apt-get install -y --no-install-recommends \
-        -t "$VERSION_CODENAME" -o APT::Status-Fd=3 -o DPkg::Lock::Timeout=600 "$@" | progress
+    local release
+    for release in "" "$VERSION_CODENAME"; do
+        mapfile -t wanted < <(missing "$@")
+        [ ${#wanted[@]} -gt 0 ] || return 0
+        # sudo hands on no further descriptors, so apt's report takes the place of its output.
+        # shellcheck disable=SC2016  # expanded by the shell that is started
+        as_administrator sh -c 'exec apt-get "$@" 3>&1 >&2' apt-get install -y \
+            --no-install-recommends ${release:+-t "$release"} -o APT::Status-Fd=3 \
+            -o DPkg::Lock::Timeout=600 "${wanted[@]}" | progress
+    done
+    mapfile -t wanted < <(missing "$@")
+    [ ${#wanted[@]} -eq 0 ]
 }
 
 command -v apt-get >/dev/null || fail "this is no Debian: what is needed is ${packages[*]} ${wine[*]}"
-mapfile -t wanted < <(missing "${packages[@]}" "${wine[@]}")
+mapfile -t wanted < <(missing "${packages[@]}" "${wine[@]}" "${wine32[@]}")
 [ ${#wanted[@]} -gt 0 ] || exit 0
+# Once 32-bit Wine could not be had, the 64-bit compiler stands in for it; it is not tried every time.
+[ "${wanted[*]}" != "${wine32[*]}" ] || [ -n "${SETUP_AGAIN-}" ] ||
+    [ -n "$(missing g++-mingw-w64-x86-64-posix)" ] || exit 0
 check_root
 echo "setup: installing ${wanted[*]}"
-log=$(mktemp)
+log=$(mktemp) || fail "there is no room for temporary files in ${TMPDIR:-/tmp}"
 trap 'rm -f "$log"' EXIT
-
-# 32-bit Wine comes from the i386 half of the archive.
-dpkg --print-foreign-architectures | grep -qx i386 ||
+[ ${#wine32[@]} -eq 0 ] || dpkg --print-foreign-architectures | grep -qx i386 ||
     as_administrator dpkg --add-architecture i386 >>"$log"
 echo "setup: reading the package index"
 # One index of several may be out of reach while the packages can still be had.
 as_administrator apt-get update -o DPkg::Lock::Timeout=600 >>"$log" ||
-    index="; the package index could not be read whole (see above)"
+    index="; the package index could not be read whole: is there a network?"
 . /etc/os-release
 : "${VERSION_CODENAME:=stable}"
-install "${wanted[@]}"
-
-mapfile -t wanted < <(missing "${packages[@]}")
-[ ${#wanted[@]} -eq 0 ] || install "${wanted[@]}"
-mapfile -t wanted < <(missing "${packages[@]}")
-[ ${#wanted[@]} -eq 0 ] || fail "not installed: ${wanted[*]}${index-}"
-mapfile -t wanted < <(missing "${wine[@]}")
-if [ ${#wanted[@]} -gt 0 ]; then
-    grep '^[EW]:' "$log" >&2
+install "${packages[@]}" || fail "not installed: ${wanted[*]}${index-}"
+if ! install "${wine[@]}"; then
+    grep '^[EW]:' "$log" | tail -n 5 >&2
     echo "setup: WITHOUT WINE: not installed: ${wanted[*]}${index-}" >&2
-    echo "setup: the archive's i386 half may be out of step with the rest for some hours; all else" \
-        "is installed" >&2
     exit 3
+fi
+if [ ${#wine32[@]} -gt 0 ] && ! install "${wine32[@]}"; then
+    echo "setup: there is no 32-bit Wine: the archive's i386 half may be out of step for some hours" \
+        "(SETUP_AGAIN=1 scripts/setup.sh tries again)" >&2
+    install g++-mingw-w64-x86-64-posix || fail "not installed: ${wanted[*]}${index-}"
 fi
 echo "setup: done"

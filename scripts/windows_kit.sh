@@ -29,8 +29,6 @@ scripts/build.sh release tools checked
 rm -rf "$folder" "$folder.zip"
 mkdir -p "$folder/programs"
 scripts/release.sh "$folder/installers" build/release/installer.exe >/dev/null
-tests/end_to_end/tell_stories.sh "$folder/installers"
-cp -r tests/end_to_end/machines "$folder"
 mkdir -p "$folder/release"
 cp build/release/installer.exe "$folder/release"  # of no product: a run of it is tested too
 for programs in tests dialog_driver tools/windows_kit; do

@@ -5,12 +5,16 @@
 #include <shlwapi.h>
 
 #include <algorithm>
+#include <cstddef>
 #include <cstdlib>
 #include <filesystem>
 #include <fstream>
 #include <iterator>
+#include <tuple>
 
 #include "app/environment.h"
+#include "app/stamped_identity.h"
+#include "catalogue/product_catalogue.h"
 #include "platform/operating_system_win.h"
 #include "platform/system_library_win.h"
 #include "tests/systems_win.h"
@@ -163,6 +167,27 @@ void clear() {
     }
 }
 
+/// The installer of the product with this code, or of none.
+void putInstaller(const std::string& code) {
+    // Set by the build, as the stamping tool is a native program. It stamps what ships alone.
+    const char* const release = std::getenv("STAMPED_INSTALLERS");
+    const std::string source = release != nullptr && !code.empty()
+                                   ? std::string(release) + '/' + code + "/Install.exe"
+                                   : std::getenv("UNSTAMPED_INSTALLER");
+    std::string content = readFile(source);
+    EXPECT_NE(content, "") << source;
+    if (release == nullptr && !code.empty()) {
+        CProductData catalogue;
+        std::string name;
+        std::ignore = catalogue.productName(code, name);
+        const std::size_t block = content.find(std::string(stampMarker, sizeof stampMarker));
+        content.replace(block + offsetof(StampedIdentity, productCode), code.size(),
+                        code == "1q" ? "1Q" : code);
+        content.replace(block + offsetof(StampedIdentity, productName), name.size(), name);
+    }
+    file(installer, content)();
+}
+
 /// After the last run.
 [[maybe_unused]] const int cleaner = std::atexit(clear);
 
@@ -275,12 +300,7 @@ std::string play(const Case& row) {
     clear();
     setupIn(media)();
     file(elsewhere + "ProductData.ini", "[Version Number]\r\nVersion Number=9.9.9.9\r\n")();
-    // Set by the build, as the stamping tool is a native program.
-    const std::string release = std::getenv("STAMPED_INSTALLERS"),
-                      code = row.name.substr(0, row.name.find(':')),
-                      product = release + (code.empty() ? "/../release/installer.exe"
-                                                        : '/' + code + "/Install.exe");
-    EXPECT_TRUE(CopyFileA(product.c_str(), installer.c_str(), FALSE)) << product;
+    putInstaller(row.name.substr(0, row.name.find(':')));
     for (const Given& given : row.given) {
         given();
     }

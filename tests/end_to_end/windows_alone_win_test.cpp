@@ -6,6 +6,7 @@
 #include <ctime>
 #include <fstream>
 
+#include "platform/operating_system_win.h"
 #include "tests/end_to_end/stage_win.h"
 #include "tests/end_to_end/viewers.h"
 
@@ -92,7 +93,8 @@ TEST(WindowsAlone, EveryReportedReleaseMeetsItsPolicy) {
     const std::string refused = "refused", passed;
     // Version 5.2 is the 64-bit XP wherever the processor is a 64-bit one. This Wine has the
     // product types of win7 and win2008r2 the wrong way round.
-    const std::string version52 = on64BitWindows() ? passed : "Windows Server 2003 Service Pack 2";
+    const bool amd64 = queryOperatingSystem().nativeArchitecture == PROCESSOR_ARCHITECTURE_AMD64;
+    const std::string version52 = amd64 ? passed : "Windows Server 2003 Service Pack 2";
     const struct {
         std::string release, asksAbout, reply = "Yes";
     } table[] = {{"win20", refused},

@@ -35,11 +35,11 @@ int main(int count, char** arguments) {
     } else if (way == "range") {
         return table.at("three").at(0);
     } else if (way == "length") {
-        return std::string(static_cast<std::size_t>(count) << 30, 'x').find('y') != 0;
+        return std::string(SIZE_MAX / 2 + static_cast<std::size_t>(count), 'x').find('y') != 0;
     } else if (way == "memory") {
         // Nothing is written to it: an address space is exhausted, not a machine.
         for (;;) {
-            [[maybe_unused]] volatile char* volatile room = new char[0x4000000];
+            [[maybe_unused]] volatile char* volatile room = new char[SIZE_MAX >> 6];
         }
     }
     const bool drawn = guardOfConstructors != 0x000A0DFF && (guardOfConstructors & 0xFF) == 0;

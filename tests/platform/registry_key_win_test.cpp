@@ -68,8 +68,9 @@ TEST(RegistryKey, AnswersAsTheDescribedOne) {
     const auto answers = [&values](const KeyReader& key) {
         std::string all;
         std::uint32_t subkeys = 0, valueCount = 0;
-        all += std::to_string(key.count(subkeys, valueCount)) + ": " + std::to_string(subkeys) +
-               " subkeys, " + std::to_string(valueCount) + " values\n";
+        const std::uint32_t counted = key.count(subkeys, valueCount);
+        all += std::to_string(counted) + ": " + std::to_string(subkeys) + " subkeys, " +
+               std::to_string(valueCount) + " values\n";
         const auto tell = [&all](std::uint32_t error, const std::string& what) {
             all += std::to_string(error) + (error == errorSuccess ? ' ' + what : "") + '\n';
         };
@@ -77,7 +78,8 @@ TEST(RegistryKey, AnswersAsTheDescribedOne) {
         for (const std::uint32_t room : {300u, 14u, 13u, 4u, 3u}) {
             for (std::uint32_t index = 0; index < 8; ++index) {
                 std::uint32_t size = room, dataSize = room, type = 0;
-                tell(key.enumerateSubkey(index, name, size), std::string(name, size));
+                const std::uint32_t subkey = key.enumerateSubkey(index, name, size);
+                tell(subkey, std::string(name, size));
                 const std::uint32_t error =
                     key.enumerateValue(index, name, size = room, data, dataSize);
                 tell(error, std::string(name, size) + '=' + std::string(data, dataSize));

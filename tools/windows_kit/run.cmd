@@ -6,7 +6,7 @@ setlocal
 pushd "%~dp0programs"
 set REPORT=%~dp0report.txt
 set STAMPED_INSTALLERS=%~dp0installers
-set MACHINES=%~dp0machines
+set UNSTAMPED_INSTALLER=%~dp0release\installer.exe
 set FAILED=
 
 echo Report of the installer's tests > "%REPORT%"
