@@ -4,7 +4,7 @@
 #
 #   demo.sh [--by-hand]    --by-hand leaves the clicking to you; takes a display
 #
-# Exits with 3 when all is built, but 32-bit Wine could not be installed and nothing was run.
+# Exits with 3 when all is built, but Wine could not be installed and nothing was run.
 set -eu
 . "$(dirname "$0")/usage.sh"
 cd "$(dirname "$0")/.."
@@ -20,9 +20,14 @@ scripts/setup.sh || {
     [ $? -eq 3 ] || exit 1
     wine=
 }
-scripts/build.sh release tools checked/recorder checked/click_through
+case $(scripts/prefix.sh templates) in
+x64) unlike=-x64 ;;
+*) unlike= ;;
+esac
+scripts/build.sh "release$unlike" tools "checked$unlike/recorder" "checked$unlike/click_through"
+[ -z "$unlike" ] || echo "demo: this machine runs no 32-bit programs: the installer runs as a 64-bit one"
 if [ -z "$wine" ]; then
-    echo "demo: INCOMPLETE: all is built, but there is no 32-bit Wine to run it in" \
+    echo "demo: INCOMPLETE: all is built, but there is no Wine to run it in" \
         "(scripts/setup.sh tries again to install it)" >&2
     exit 3
 fi

@@ -6,6 +6,7 @@
 """
 
 import contextlib
+import json
 import os
 import pathlib
 import shutil
@@ -17,7 +18,28 @@ from dataclasses import dataclass
 
 ROOT = pathlib.Path(__file__).resolve().parent.parent
 BUILD = ROOT / "build"
-DRIVER = BUILD / "checked" / "dialog_driver"
+# What this machine can run: 32-bit programs, or 64-bit ones that stand in for them.
+TEMPLATE = subprocess.run([ROOT / "scripts" / "prefix.sh", "templates"], stdout=subprocess.PIPE, text=True,
+                          check=True).stdout.split()[:1]
+SUFFIX = "-x64" if TEMPLATE == ["x64"] else ""
+WINE = "/usr/lib/wine/wine64" if SUFFIX else "wine"
+VIEW = "/reg:64" if SUFFIX else "/reg:32"
+DRIVER = BUILD / f"checked{SUFFIX}" / "dialog_driver"
+
+
+def stamp(product, installer):
+    """The stamping tool stamps what ships alone, which is a 32-bit program."""
+    if not SUFFIX:
+        run_quietly(BUILD / "tools" / "stamp", BUILD / "release" / "installer.exe", product, installer)
+        return
+    products = json.loads(subprocess.run([BUILD / "tools" / "installer-tool", "products", "--json"],
+                                         stdout=subprocess.PIPE, check=True).stdout)
+    name = next(one["name"] for one in products if one["code"].lower() == product)
+    content = bytearray((BUILD / "release-x64" / "installer.exe").read_bytes())
+    block = content.index(b"<#PRODUCT-STAMP>")
+    content[block + 16 : block + 16 + len(product)] = product.encode()
+    content[block + 24 : block + 24 + len(name)] = name.encode()
+    installer.write_bytes(content)
 
 
 def run_quietly(*command, **options):
@@ -38,13 +60,15 @@ class Screen(contextlib.ExitStack):
 
     def __init__(self, dots_per_inch=96, hidden=False):
         super().__init__()
-        name = f"on_screen-{dots_per_inch}.{os.getpid()}"
+        name = f"{SUFFIX[1:]}on_screen-{dots_per_inch}.{os.getpid()}"
         self.prefix = BUILD / "prefixes" / "running" / name
         self.environment = os.environ | {"WINEPREFIX": str(self.prefix), "WINEDEBUG": "-all", "LC_ALL": "C.UTF-8"}
+        if SUFFIX:
+            self.environment |= {"WINELOADER": WINE, "WINESERVER": "/usr/lib/wine/wineserver64"}
         prefixes = ROOT / "scripts" / "prefix.sh"
         # No pipes: what Wine leaves running would hold them open.
         self.callback(subprocess.run, [prefixes, "stop", name], check=True)
-        subprocess.run([prefixes, "start", "win64", name], check=True)
+        subprocess.run([prefixes, "start", *TEMPLATE, name], check=True)
         self.set_registry(r"HKCU\Control Panel\Desktop", "LogPixels", dots_per_inch)
         self.wine("reg", "delete", r"HKCU\Software\Wine\Drivers", "/v", "Graphics", "/f")
         if hidden or not has_display():
@@ -53,7 +77,7 @@ class Screen(contextlib.ExitStack):
             self.set_registry(r"HKCU\Software\Wine\X11 Driver", "Managed", "N")
         # A server that has run without windows goes on without them.
         self.wine("wineboot", "-e", "-f")
-        subprocess.run(["wineserver", "-k", "-w"], env=self.environment, check=False)
+        subprocess.run([self.environment.get("WINESERVER", "wineserver"), "-k", "-w"], env=self.environment, check=False)
 
     def virtual_display(self):
         server = self.enter_context(subprocess.Popen(
@@ -64,16 +88,16 @@ class Screen(contextlib.ExitStack):
 
     def wine(self, *command):
         """Runs a Windows program to its end."""
-        subprocess.run(["wine", *command], env=self.environment, stdin=subprocess.DEVNULL,
+        subprocess.run([WINE, *command], env=self.environment, stdin=subprocess.DEVNULL,
                        stdout=subprocess.DEVNULL, stderr=subprocess.DEVNULL, check=False)
 
     def set_registry(self, key, name, value):
         """Sets a text or a number, in the 32-bit half of the registry."""
         kind = "REG_DWORD" if isinstance(value, int) else "REG_SZ"
-        self.wine("reg", "add", key, "/v", name, "/t", kind, "/d", str(value), "/f", "/reg:32")
+        self.wine("reg", "add", key, "/v", name, "/t", kind, "/d", str(value), "/f", VIEW)
 
     def delete_registry(self, key):
-        self.wine("reg", "delete", key, "/f", "/reg:32")
+        self.wine("reg", "delete", key, "/f", VIEW)
 
 
 @dataclass
@@ -96,8 +120,7 @@ class Run:
         self.record = screen.prefix / "record.txt"
         shutil.rmtree(self.media, ignore_errors=True)
         self.media.mkdir()
-        run_quietly(BUILD / "tools" / "stamp", BUILD / "release" / "installer.exe", product,
-                    self.media / "Install.exe")
+        stamp(product, self.media / "Install.exe")
         (self.media / "ProductData.ini").write_bytes(b"[Version Number]\r\nVersion Number=16.4.12000.0\r\n")
         if not without_setup:
             shutil.copy(DRIVER / "recorder.exe", self.media / "Setup.Exe")
@@ -105,7 +128,7 @@ class Run:
         drive.unlink(missing_ok=True)
         drive.symlink_to(self.media)
         self.process = subprocess.Popen(
-            ["wine", str(DRIVER / "click_through.exe"), r"D:\Install.exe", *(arguments or ("-dir", "D:"))],
+            [WINE, str(DRIVER / "click_through.exe"), r"D:\Install.exe", *(arguments or ("-dir", "D:"))],
             env=screen.environment | {"RECORD_FILE": "Z:" + str(self.record).replace("/", "\\")},
             stdin=subprocess.PIPE, stdout=subprocess.PIPE, encoding="cp1252")
 
