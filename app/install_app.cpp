@@ -151,9 +151,9 @@ bool CInstallApp::SelectProductType(const InstallPlan& plan) {
                                          .offersDemonstration = plan.offersDemonstration});
     }
     machine.dispatchPendingMessage();
-    productType = chosen.value_or(productType);
-    return chosen == product_type::live || chosen == product_type::viewer ||
-           chosen == product_type::demonstration;
+    productType = chosen.value_or(0);
+    return productType == product_type::live || productType == product_type::viewer ||
+           productType == product_type::demonstration;
 }
 
 bool CInstallApp::SwitchToDemonstration() {

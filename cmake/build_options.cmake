@@ -46,7 +46,7 @@ endif()
 
 if(MINGW)
   target_compile_options(build_options INTERFACE
-    -ffunction-sections -fdata-sections -fstack-protector-strong)
+    -ffunction-sections -fstack-protector-strong)
   # -fstack-protector at the link names the library that checked code needs.
   target_link_options(build_options INTERFACE -static -fstack-protector-strong -Wl,--gc-sections)
 endif()
@@ -59,6 +59,10 @@ if(CMAKE_CXX_COMPILER_ID MATCHES "GNU|Clang")
     -fno-exceptions -fno-rtti -fno-threadsafe-statics
     # Nothing unwinds; the tables for it would be a seventh of the program.
     $<$<PLATFORM_ID:Windows>:-fno-asynchronous-unwind-tables>)
+  if(MINGW AND CMAKE_CXX_COMPILER_ID STREQUAL "GNU" AND CMAKE_SIZEOF_VOID_P EQUAL 4)
+    # Windows keeps the stack at four bytes; nothing here needs more.
+    target_compile_options(product_code_options INTERFACE -mpreferred-stack-boundary=2)
+  endif()
 elseif(MSVC)
   target_compile_options(product_code_options INTERFACE /Zc:threadSafeInit-)
 endif()

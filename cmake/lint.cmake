@@ -9,13 +9,12 @@ if(WIN32)
   set(checks
     clang-analyzer-*
     -misc-misplaced-const # a constant handle is what is meant
-    -misc-no-recursion # the registry is a tree
     -performance-no-int-to-ptr # messages carry pointers in integers
     -readability-implicit-bool-conversion # BOOL
     -readability-inconsistent-declaration-parameter-name # WinMain's are the platform's
     -readability-make-member-function-const # a handle may be constant, what it stands for changes
+    -readability-non-const-parameter # WinMain's again
     -readability-named-parameter # the platform's callbacks have more than each needs
-    -readability-redundant-string-cstr # cuts a buffer at its terminator
     -readability-use-anyofallof) # a loop that clicks what it finds asks for nothing
   list(JOIN checks "," checks)
   list(APPEND CMAKE_CXX_CLANG_TIDY --checks=${checks})

@@ -36,11 +36,11 @@ class InstallationIndex {
     /// Reads the trees anew. False when they hold no installation.
     bool load(bool includeLegacy);
 
-    /// Reads one tree below HKEY_LOCAL_MACHINE into `records` and `extras` (emptied first) and
+    /// Reads one tree below HKEY_LOCAL_MACHINE into `read` and `extras` (emptied first) and
     /// merges the records into the index, each with the version that its analyser executable has;
     /// what an installation wrote about its version is not trusted. False when the index holds no
     /// record.
-    bool readTree(const std::string& subkeyPath, std::vector<InstallationRecord>& records,
+    bool readTree(const std::string& subkeyPath, std::vector<InstallationRecord>& read,
                   FieldMap& extras, MergeMode mode);
 
     /// The field (letter case ignored) of the installation at `position`; empty when there is no

@@ -11,7 +11,7 @@ namespace {
 // For names and for data, in bytes. On the heap: the walk goes as deep as the tree.
 constexpr std::uint32_t bufferSize = 1024;
 
-char lastError[2049] = "";  // terminator included
+char lastError[2049];  // terminator included
 
 void setWalkError(std::string_view description) {
     lastError[description.copy(lastError, sizeof lastError - 1)] = '\0';

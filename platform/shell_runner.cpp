@@ -50,14 +50,19 @@ constexpr FailureMessage errorMessages[] = {
 };
 
 /// Whether `file` is the full path, in quotes or without, of what is no file.
-bool isMissing(Computer& computer, std::string file) {
-    if (file.size() > 1 && file.front() == '"' && file.back() == '"') {
-        file = file.substr(1, file.size() - 2);
-    }
-    return isFullPath(file) && computer.pathKind(file) != PathKind::File;
+bool isMissing(Computer& computer, const std::string& file) {
+    const bool quoted = file.size() > 1 && file.front() == '"' && file.back() == '"';
+    const std::string path = quoted ? file.substr(1, file.size() - 2) : file;
+    return isFullPath(path) && computer.pathKind(path) != PathKind::File;
 }
 
-bool isStarted(Computer& computer, const StartResult& result) {
+bool launch(Computer& computer, const std::string& file, const std::string& parameters,
+            bool waits) {
+    if (file.empty() || isMissing(computer, file)) {
+        return false;
+    }
+    const StartResult result =
+        waits ? computer.startAndWait(file, parameters) : computer.start(file, parameters);
     const char* const text = result.started ? nullptr : shellFailureMessage(result);
     if (text != nullptr) {
         computer.showMessage({.text = text, .owner = MessageOwner::None, .title = "Error"});
@@ -82,11 +87,9 @@ const char* shellFailureMessage(const StartResult& failure) {
 }
 
 bool launch(Computer& computer, const std::string& file, const std::string& parameters) {
-    return !file.empty() && !isMissing(computer, file) &&
-           isStarted(computer, computer.start(file, parameters));
+    return launch(computer, file, parameters, false);
 }
 
 bool launchAndWait(Computer& computer, const std::string& file, const std::string& parameters) {
-    return !file.empty() && !isMissing(computer, file) &&
-           isStarted(computer, computer.startAndWait(file, parameters));
+    return launch(computer, file, parameters, true);
 }
