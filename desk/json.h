@@ -3,6 +3,11 @@
 #pragma once
 
 #include <nlohmann/json_fwd.hpp>
+#include <string>
 
 /// Members keep the order in which they were put in.
 using Json = nlohmann::ordered_json;
+
+/// A document, in which comments are allowed. Throws Refusal with line and column when the file
+/// holds none.
+[[nodiscard]] Json readJson(const std::string& file);

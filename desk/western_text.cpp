@@ -4,6 +4,8 @@
 #include <cstdint>
 #include <iterator>
 
+#include "desk/refusal.h"
+
 namespace {
 
 constexpr char32_t undefined = 0xFFFD;
@@ -89,6 +91,16 @@ std::string fromUtf8(std::string_view utf8) {
     std::string text;
     while (!utf8.empty()) {
         text += toWestern(takeCharacter(utf8));
+    }
+    return text;
+}
+
+std::string requireWestern(std::string_view utf8) {
+    std::string text = fromUtf8(utf8);
+    if (toUtf8(text) != utf8) {
+        throw Refusal("\"" + std::string(utf8) +
+                      "\" holds characters that Windows' western code page does not have (\"" +
+                      toUtf8(text) + "\"); write it without them.");
     }
     return text;
 }

@@ -19,3 +19,6 @@
 
 /// From UTF-16, little-endian, without byte-order mark; an odd last byte is left out.
 [[nodiscard]] std::string fromUtf16(std::string_view bytes);
+
+/// As fromUtf8. Throws Refusal when the page does not have all of the text.
+[[nodiscard]] std::string requireWestern(std::string_view utf8);

@@ -63,6 +63,7 @@ def executable(magic=0x10B, block=MARKER + bytes(112), flags=0x8540, section=0xC
     struct.pack_into("<H", optional, 0, magic)
     struct.pack_into("<HH", optional, 48, 5, 1)
     struct.pack_into("<H", optional, 70, flags)
+    struct.pack_into("<I", optional, 92, 16)
     struct.pack_into("<II", optional, 96 + 5 * 8, 0x3000, 12)
     headers += optional + b".data\0\0\0" + struct.pack(
         "<IIIIIIHHI", len(content), 0x1000, len(content), 512, 0, 0, 0, 0, section)

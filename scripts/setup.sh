@@ -26,7 +26,7 @@ for word; do
 done
 packages=(
     cmake ninja-build ccache googletest
-    libcli11-dev nlohmann-json3-dev
+    libcli11-dev nlohmann-json3-dev libssl-dev
     g++ clang libclang-rt-dev
     g++-mingw-w64-i686-posix binutils-mingw-w64-i686
     openssl osslsigncode

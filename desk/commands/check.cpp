@@ -210,10 +210,7 @@ void writePage(Json media, const Choices& choices,
         report["computers"].push_back(
             {{"name", toUtf8(machine.name)}, {"administrator", machine.administrator}});
     }
-    std::string error;
-    if (!writeWholeFile(choices.page, pageOf(report), error)) {
-        throw Refusal("Cannot write \"" + choices.page + "\": " + error);
-    }
+    writeOutput(choices.page, pageOf(report));
 }
 
 int check(const Choices& choices, bool json) {

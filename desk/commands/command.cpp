@@ -4,10 +4,13 @@
 #include <iostream>
 #include <nlohmann/json.hpp>
 
+#include "desk/refusal.h"
+
 CLI::App* addCommand(CLI::App& app, Session& session, const std::string& name,
                      const std::string& description) {
     CLI::App* const command = app.add_subcommand(name, description);
     command->add_flag("--json", session.json, "Print the result as JSON");
+    command->add_flag("--strict", session.strict, "Count notes and warnings as errors");
     return command;
 }
 
@@ -15,6 +18,9 @@ void printJson(const Json& document) {
     std::cout << document.dump(2, ' ', true, Json::error_handler_t::replace) << '\n';
 }
 
-void printNote(const std::string& subject, const std::string& note) {
+void printNote(const Session& session, const std::string& subject, const std::string& note) {
+    if (session.strict) {
+        throw Refusal(subject + ": " + note + ".");
+    }
     std::cerr << "note: " << subject << ": " << note << '\n';
 }

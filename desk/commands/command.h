@@ -16,19 +16,21 @@ inline constexpr int exitUsage = 2;  ///< wrong usage
 
 /// One run of the program.
 struct Session {
-    bool json = false;  ///< results go to the output as JSON alone; notes go to the error output
+    bool json = false;    ///< results go to the output as JSON alone; notes go to the error output
+    bool strict = false;  ///< what is noteworthy is wrong
     int exitCode = exitGood;
 };
 
-/// Adds a command with its `--json`.
+/// Adds a command with its `--json` and `--strict`.
 CLI::App* addCommand(CLI::App& app, Session& session, const std::string& name,
                      const std::string& description);
 
 /// Prints a document, indented, in ASCII alone.
 void printJson(const Json& document);
 
-/// Prints to the error output: `subject` and what is noteworthy about it.
-void printNote(const std::string& subject, const std::string& note);
+/// Prints to the error output: `subject` and what is noteworthy about it. Throws Refusal with that
+/// when the session is strict, so it comes before anything is written.
+void printNote(const Session& session, const std::string& subject, const std::string& note);
 
 void addCheckCommand(CLI::App& app, Session& session);
 void addProductsCommand(CLI::App& app, Session& session);

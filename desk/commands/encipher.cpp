@@ -40,11 +40,14 @@ void encipherFile(const Files& files, const Session& session) {
                       "\" is enciphered already; \"installer-tool decipher\" makes it readable.");
     }
     if (!files.keepsLineEnds && endLinesAsWindowsDoes(text)) {
-        printNote(files.input,
+        printNote(session, files.input,
                   "its lines are made to end in CR LF in the output; with bare line feeds the "
                   "build would swallow what follows");
     }
     const std::string build = buildIn(text, files.input);
+    if (const std::string fault = buildFault(build); !fault.empty()) {
+        throw Refusal("\"" + files.input + "\": " + fault);
+    }
     writeOutput(files.output, encipher(text));
     report(session, files, build);
 }

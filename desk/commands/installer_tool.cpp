@@ -2,12 +2,15 @@
 // commands.
 #include <CLI/CLI.hpp>
 #include <algorithm>
+#include <cerrno>
 #include <filesystem>
 #include <iostream>
 #include <nlohmann/json.hpp>
+#include <system_error>
 
 #include "catalogue/build_number.h"
 #include "desk/commands/command.h"
+#include "desk/refusal.h"
 #include "desk/western_text.h"
 #include "platform/ansi_text.h"
 
@@ -51,6 +54,11 @@ int run(std::vector<std::string> arguments, const std::string& program) {
         app.parse(std::move(arguments));
         if (app.get_subcommands().empty()) {
             throw CLI::RequiredError("A subcommand");
+        }
+        std::cout.flush();
+        if (!std::cout) {
+            throw Refusal(
+                "The output cannot be written: " + std::generic_category().message(errno) + '.');
         }
         return session.exitCode;
     } catch (const CLI::ParseError& error) {

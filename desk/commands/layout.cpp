@@ -5,20 +5,18 @@
 #include <iostream>
 #include <memory>
 #include <nlohmann/json.hpp>
+#include <thread>
 
-#include "catalogue/cipher.h"
 #include "desk/commands/command.h"
 #include "desk/executables/stamp_image.h"
-#include "desk/executables/stamping.h"
-#include "desk/media/file_copy.h"
-#include "desk/media/layout_description.h"
+#include "desk/media/installer_maker.h"
 #include "desk/media/media_folder.h"
-#include "desk/media/product_data.h"
-#include "desk/media/product_facts.h"
+#include "desk/media/media_plan.h"
+#include "desk/media/media_set.h"
 #include "desk/media/release_folder.h"
-#include "desk/media/staging.h"
 #include "desk/refusal.h"
 #include "desk/table.h"
+#include "desk/western_text.h"
 #include "desk/whole_file.h"
 #include "platform/ansi_text.h"
 
@@ -29,197 +27,119 @@ namespace fs = std::filesystem;
 struct Choices {
     std::string description;
     std::string folder;
+    std::string release;
+    std::string build;
+    std::vector<std::string> settings;
     std::vector<std::string> codes;
+    SigningChoices signing;
+    unsigned jobs = std::max(1U, std::thread::hardware_concurrency());
+    bool launcher = false;
     bool links = false;
     bool example = false;
 };
 
-/// A file of a media folder: made of bytes, or copied when there is a source.
-struct PlannedFile {
-    fs::path name;  ///< within the folder
-    std::string bytes;
-    fs::path source;
-};
-
-/// What a product's media folder is to hold.
-struct PlannedMedia {
-    ProductFacts facts;
-    std::string build;
-    std::vector<PlannedFile> files;
-};
-
-/// Adds a file whose name, in any letter case, is not yet taken.
-void add(PlannedMedia& media, PlannedFile file) {
-    for (const PlannedFile& other : media.files) {
-        if (equalIgnoringCase(other.name.generic_string(), file.name.generic_string())) {
-            throw Refusal("\"" + file.name.generic_string() + "\" of product " + media.facts.code +
-                          " comes twice: from \"" + other.source.string() + "\" and \"" +
-                          file.source.string() + "\"; leave one out.");
-        }
+LayoutDescription describe(const Choices& choices) {
+    LayoutDescription description(choices.description, choices.settings);
+    if (!choices.build.empty()) {
+        description.setBuild(choices.build);
     }
-    media.files.push_back(std::move(file));
-}
-
-void addSource(PlannedMedia& media, const fs::path& name, const fs::path& source) {
-    std::error_code failure;
-    if (!fs::is_regular_file(source, failure)) {
-        throw Refusal("\"" + source.string() + "\", the " + name.string() + " of product " +
-                      media.facts.code + ", is no file: " +
-                      (failure ? failure.message() : "it is a folder or a device") +
-                      "; correct the description.");
+    if (!choices.release.empty()) {
+        description.setRelease(choices.release);
     }
-    add(media, {name, "", source});
-}
-
-/// The folder's files, with the folders that they lie in.
-void addContents(PlannedMedia& media, const fs::path& folder) {
-    std::error_code failure;
-    if (!fs::is_directory(folder, failure)) {
-        throw Refusal("\"" + folder.string() + "\", the contents of product " + media.facts.code +
-                      ", is no folder; correct the description.");
+    if (choices.launcher) {
+        description.setLauncher();
     }
-    std::vector<fs::path> files;
-    for (const fs::directory_entry& entry : fs::recursive_directory_iterator(folder)) {
-        if (!entry.is_directory()) {
-            files.push_back(entry.path());
-        }
-    }
-    std::sort(files.begin(), files.end());
-    for (const fs::path& file : files) {
-        addSource(media, file.lexically_relative(folder), file);
-    }
-}
-
-PlannedMedia plan(const LayoutDescription& description, const ProductFacts& facts) {
-    PlannedMedia media{facts, description.build(facts.code), {}};
-    CProductData catalogue;
-    const ProductStamp stamp =
-        chooseStamp(catalogue, facts.code, description.name(facts.code), media.build);
-    for (const std::string& note : stamp.notes) {
-        printNote(facts.code, note);
-    }
-    const std::string installer = description.installer(facts.code).string();
-    add(media, {description.installerName(facts.code),
-                stampedInstaller(readInput(installer), installer, stamp), installer});
-    const std::string data = productDataOf(media.build);
-    const bool enciphered = description.isEnciphered(facts.code);
-    add(media, {enciphered ? "ProductData.inx" : "ProductData.ini",
-                enciphered ? encipher(data) : data, "the build"});
-    for (const std::string& file : facts.files) {
-        addSource(media, file, description.source(facts.code, file));
-    }
-    if (const auto contents = description.contents(facts.code)) {
-        addContents(media, *contents);
-    }
-    return media;
-}
-
-bool isMade(const PlannedFile& file) {
-    return !file.bytes.empty();
-}
-
-/// Whether the folder holds just what is planned.
-bool isAsPlanned(const PlannedMedia& media, const fs::path& folder) {
-    std::error_code failure;
-    std::size_t count = 0;
-    for (const fs::directory_entry& entry : fs::recursive_directory_iterator(folder, failure)) {
-        count += entry.is_directory() ? 0 : 1;
-    }
-    return !failure && count == media.files.size() &&
-           std::all_of(media.files.begin(), media.files.end(), [&](const PlannedFile& file) {
-               const fs::path existing = folder / file.name;
-               return isMade(file) ? readWholeFile(existing.string()) == file.bytes
-                                   : isSameContent(file.source, existing);
-           });
-}
-
-/// Throws Refusal when the folder holds something else than media of the product.
-void requireMediaOf(const ProductFacts& facts, const fs::path& folder) {
-    std::error_code failure;
-    if (!fs::exists(folder, failure) || fs::is_empty(folder, failure)) {
-        return;
-    }
-    std::string code, name;
-    const auto installer = findInstaller(folder);
-    const auto image = installer ? readWholeFile(installer->string()) : std::nullopt;
-    if (!image || !readStamp(*image, code, name) || !equalIgnoringCase(code, facts.code)) {
-        throw Refusal("\"" + folder.string() + "\" holds something else than media of product " +
-                      facts.code + ", which is left alone; name another folder.");
-    }
-}
-
-void make(const PlannedMedia& media, const fs::path& folder, bool links) {
-    for (const PlannedFile& file : media.files) {
-        stopWhenAsked();
-        const fs::path target = folder / file.name;
-        if (isMade(file)) {
-            writeOutput(target.string(), file.bytes);
-        } else {
-            makeFolder(target.parent_path());
-            copyFile(file.source, target, links,
-                     media.facts.code + '/' + file.name.generic_string());
-        }
-    }
-}
-
-/// Throws Refusal when the media that were made are not what a run needs.
-void check(const PlannedMedia& media, const fs::path& folder) {
-    CProductData catalogue;
-    Media found = mediaOf(folder / media.files.front().name, folder, "D:\\");
-    found.requiredBuild = media.build;
-    const MediaReport report = examineMedia(found, catalogue);
-    std::string problems;
-    for (const MediaFile& file : report.files) {
-        if (!file.present || !file.damage.empty()) {
-            problems += "\n  " + file.name + ": " + (file.present ? file.damage : "missing");
-        }
-    }
-    for (const std::string& problem : report.problems) {
-        problems += "\n  " + problem;
-    }
-    if (!report.isComplete()) {
-        throw Refusal("The media of product " + media.facts.code +
-                      " would not be complete; nothing was changed:" + problems);
-    }
+    return description;
 }
 
 std::vector<ProductFacts> chosenProducts(const std::vector<std::string>& codes) {
     std::vector<ProductFacts> all = allProductFacts();
+    const CProductData catalogue;
+    std::vector<std::string> chosen;
     for (const std::string& code : codes) {
-        if (std::none_of(all.begin(), all.end(), [&code](const ProductFacts& facts) {
-                return equalIgnoringCase(facts.code, code);
-            })) {
-            throw Refusal("No product with code \"" + code +
-                          "\" can be installed; \"installer-tool products\" shows those that can.");
-        }
+        chosen.push_back(chooseStampedCode(catalogue, code).code);
     }
     if (!codes.empty()) {
-        std::erase_if(all, [&codes](const ProductFacts& facts) {
-            return std::none_of(codes.begin(), codes.end(), [&facts](const std::string& code) {
-                return equalIgnoringCase(facts.code, code);
-            });
+        std::erase_if(all, [&chosen](const ProductFacts& facts) {
+            return std::find(chosen.begin(), chosen.end(), facts.code) == chosen.end();
         });
     }
     return all;
 }
 
-void report(const std::vector<PlannedMedia>& all, const std::vector<bool>& made,
+void refuseAll(const std::string& what, const std::vector<std::string>& problems) {
+    if (!problems.empty()) {
+        std::string all = what + "; nothing was changed:";
+        for (const std::string& problem : problems) {
+            all += "\n  " + problem;
+        }
+        throw Refusal(all);
+    }
+}
+
+/// Takes the installers from a release that is as it should be.
+void takeInstallers(std::vector<MediaPlan>& all, const LayoutDescription& description,
+                    const fs::path& release, const SignatureChoices& signature) {
+    std::vector<std::string> problems;
+    for (const FileProblem& problem : examineRelease(release, "", signature).problems) {
+        problems.push_back(asLine(problem));
+    }
+    refuseAll("The release \"" + release.string() + "\" is not as it should be", problems);
+    for (MediaPlan& media : all) {
+        if (!description.name(media.facts.code).empty() && media.stamp.name != media.facts.name) {
+            problems.push_back("\"name\" of product " + media.facts.code +
+                               " is for installers that are made here, and those of a release are "
+                               "not changed; leave it out.");
+        }
+        addInstaller(media, release / releasedPath(media.facts.code), problems);
+    }
+    refuseAll("The media cannot be made", problems);
+}
+
+/// Makes the installers as a release has them.
+void makeOwnInstallers(std::vector<MediaPlan>& all, const LayoutDescription& description,
+                       const Choices& choices, OutputFolder& output) {
+    std::vector<InstallerOrder> orders;
+    std::vector<std::string> problems;
+    for (const MediaPlan& media : all) {
+        const std::string& code = media.facts.code;
+        orders.push_back({folderOf(code) + '/' + media.installerName,
+                          description.installer(code).string(), media.stamp});
+    }
+    const fs::path made = makeInstallers(orders, choices.signing, choices.jobs, output);
+    for (std::size_t index = 0; index < all.size(); ++index) {
+        addInstaller(all[index], made / orders[index].path, problems);
+    }
+    refuseAll("The media cannot be made", problems);
+}
+
+/// Throws Refusal when the media that were made are not what a run needs.
+void check(const MediaPlan& media, const fs::path& folder) {
+    CProductData catalogue;
+    Media found = mediaOf(folder / media.installerName, folder, "D:\\");
+    found.requiredBuild = media.build;
+    refuseAll("The media of product " + media.facts.code + " would not be complete",
+              faultsOf(examineMedia(found, catalogue)));
+}
+
+void report(const std::vector<MediaPlan>& all, const std::vector<std::string>& made,
             const Choices& choices, bool json) {
     Json document = {{"folder", choices.folder}, {"media", Json::array()}};
     std::vector<std::vector<std::string>> rows;
-    for (std::size_t index = 0; index < all.size(); ++index) {
-        const PlannedMedia& media = all[index];
+    for (const MediaPlan& media : all) {
+        const std::string folder = folderOf(media.facts.code);
+        const bool isMade = std::find(made.begin(), made.end(), folder) != made.end();
         Json files = Json::array();
         for (const PlannedFile& file : media.files) {
-            files.push_back(file.name.generic_string());
+            files.push_back(file.name);
         }
         document["media"].push_back({{"code", media.facts.code},
-                                     {"folder", folderOf(media.facts.code)},
+                                     {"folder", folder},
                                      {"build", media.build},
                                      {"files", files},
                                      {"endsSilently", media.facts.endsSilently},
-                                     {"changed", static_cast<bool>(made[index])}});
-        rows.push_back({folderOf(media.facts.code), made[index] ? "made" : "unchanged",
+                                     {"changed", isMade}});
+        rows.push_back({folder, isMade ? "made" : "unchanged",
                         std::to_string(media.files.size()) + " files", media.build,
                         media.facts.name});
         if (media.facts.endsSilently) {
@@ -232,43 +152,70 @@ void report(const std::vector<PlannedMedia>& all, const std::vector<bool>& made,
     }
     std::cout << inColumns(rows) << '\n'
               << all.size() << " media folders in " << choices.folder << ", all complete; "
-              << std::count(made.begin(), made.end(), true) << " made, "
-              << std::count(made.begin(), made.end(), false) << " unchanged\n";
+              << made.size() << " made, " << all.size() - made.size() << " unchanged\n";
 }
 
 void layOut(const Choices& choices, const Session& session) {
     if (choices.example) {
-        std::cout << exampleLayoutDescription;
+        if (session.json) {
+            printJson(Json::parse(exampleLayoutDescription, nullptr, true, true));
+        } else {
+            std::cout << exampleLayoutDescription;
+        }
         return;
     }
     if (choices.folder.empty()) {
         throw CLI::ValidationError("layout", "needs DESCRIPTION and OUT, or --example");
     }
-    const fs::path out = choices.folder;
-    const LayoutDescription description(choices.description);
-    std::vector<PlannedMedia> all;
+    const LayoutDescription description = describe(choices);
+    const auto release = description.release();
+    if (release && !choices.signing.command.empty()) {
+        throw Refusal(
+            "The installers of a release are not signed again: sign when it is made, or "
+            "leave \"release\" out of the description.");
+    }
+    std::vector<MediaPlan> all;
+    std::vector<std::string> problems;
     for (const ProductFacts& facts : chosenProducts(choices.codes)) {
-        all.push_back(plan(description, facts));
-        requireMediaOf(facts, out / folderOf(facts.code));
+        all.push_back(planMedia(description, facts, problems));
     }
-    StagingFolder staging(out);
-    std::vector<bool> made(all.size());
-    for (std::size_t index = 0; index < all.size(); ++index) {
-        const PlannedMedia& media = all[index];
-        const std::string folder = folderOf(media.facts.code);
-        made[index] = !isAsPlanned(media, out / folder);
-        if (made[index]) {
-            make(media, staging.path() / folder, choices.links);
+    refuseAll("The media cannot be made", problems);
+    for (const MediaPlan& media : all) {
+        for (const std::string& note : media.stamp.notes) {
+            printNote(session, media.facts.code, note);
         }
-        check(media, (made[index] ? staging.path() : out) / folder);
+        requireReplaceable(fs::path(choices.folder) / folderOf(media.facts.code), manifestFile);
     }
-    makeFolder(out);
-    for (std::size_t index = 0; index < all.size(); ++index) {
-        const std::string folder = folderOf(all[index].facts.code);
-        if (made[index]) {
-            staging.put(staging.path() / folder, out / folder);
+    OutputFolder output(choices.folder);
+    if (release) {
+        takeInstallers(all, description, *release, choices.signing.verification);
+    } else {
+        makeOwnInstallers(all, description, choices, output);
+    }
+    MediaSet set;
+    if (fs::exists(output.path() / mediaSetFile)) {
+        set = readMediaSet(output.path());
+    }
+    std::vector<std::string> made;
+    for (const MediaPlan& media : all) {
+        const std::string folder = folderOf(media.facts.code), manifest = manifestOf(media);
+        const fs::path existing = output.path() / folder;
+        set[folder] = {media.build, sha256(manifest)};
+        if (readWholeFile((existing / manifestFile).string()) != manifest) {
+            makeMedia(media, output.staging() / folder, choices.links);
+            if (!Executable(summarize((output.staging() / folder / media.installerName).string()))
+                     .isSigned()) {
+                requireUnsigned(existing / media.installerName);
+            }
+            check(media, output.staging() / folder);
+            made.push_back(folder);
         }
     }
+    writeOutput((output.staging() / mediaSetFile).string(), asText(set));
+    std::vector<std::string> names = made;
+    names.emplace_back(mediaSetFile);
+    const bool isSame = readWholeFile((output.path() / mediaSetFile).string()) == asText(set);
+    output.put(isSame && made.empty() ? std::vector<std::string>() : names);
     report(all, made, choices, session.json);
 }
 
@@ -288,6 +235,22 @@ void addLayoutCommand(CLI::App& app, Session& session) {
         ->take_all()
         ->type_name("CODE")
         ->allow_extra_args(false);
+    command->add_option("--release", choices->release,
+                        "Take the installers, byte for byte, from this release");
+    command->add_option("--build", choices->build, "The build of all products");
+    command
+        ->add_option("--set", choices->settings,
+                     "An entry of the description, or of one product in it; may be repeated")
+        ->take_all()
+        ->type_name("KEY=VALUE|CODE.KEY=VALUE")
+        ->allow_extra_args(false);
+    command->add_flag("--launcher", choices->launcher,
+                      "Lay \"install.cmd\", which starts the installer with the right folder, and "
+                      "\"autorun.inf\" beside each installer");
+    command->add_option("--jobs", choices->jobs, "How many installers to make at a time")
+        ->check(CLI::Range(1, 64))
+        ->capture_default_str();
+    addSigningOptions(*command, choices->signing);
     command->add_flag("--link", choices->links, "Hard-link instead of copying where possible");
     command->add_flag("--example", choices->example, "Print an example description");
     command->callback([choices, &session] { layOut(*choices, session); });

@@ -21,6 +21,14 @@ struct Choices {
 void stamp(const Choices& choices, const Session& session) {
     CProductData catalogue;
     if (choices.list) {
+        if (session.json) {
+            Json document = Json::array();
+            for (const auto& [code, name] : catalogue.ProductNames) {
+                document.push_back({{"code", code}, {"name", name}});
+            }
+            printJson(document);
+            return;
+        }
         // Kept: scripts in the field read these lines.
         for (const auto& [code, name] : catalogue.ProductNames) {
             std::cout << code << ' ' << name << '\n';
@@ -37,12 +45,12 @@ void stamp(const Choices& choices, const Session& session) {
         throw Refusal("The name is empty; leave it out to stamp the catalogue's.");
     }
     const ProductStamp product = chooseStamp(
-        catalogue, choices.words[1], named ? fromUtf8(choices.words[2]) : "", choices.build);
+        catalogue, choices.words[1], named ? requireWestern(choices.words[2]) : "", choices.build);
     refuseSameFile(input, output);
-    writeOutput(output, stampedInstaller(readInput(input), input, product));
     for (const std::string& note : product.notes) {
-        printNote(output, note);
+        printNote(session, output, note);
     }
+    writeOutput(output, stampedInstaller(readInput(input), input, product));
     if (session.json) {
         printJson({{"output", output},
                    {"code", product.code},

@@ -17,3 +17,6 @@ struct ReleasedFile {
 /// The software bill of materials, CycloneDX 1.5: each executable and the libraries that are
 /// linked into it. The same files give the same document.
 [[nodiscard]] Json billOfMaterials(const std::vector<ReleasedFile>& files);
+
+/// The notices of the makers of those libraries, and of the ones in the desk itself; UTF-8.
+[[nodiscard]] std::string thirdPartyNotices();

@@ -1,49 +1,33 @@
 #include "desk/executables/shell_command.h"
 
-#include <cstdio>
+#include <sys/wait.h>
 
-#ifdef _WIN32
-#define popen _popen
-#define pclose _pclose
-#endif
+#include <cstdio>
 
 namespace {
 
 std::string quoted(const std::string& text) {
-#ifdef _WIN32
-    return '"' + text + '"';  // neither a path nor a product's name holds a quote
-#else
     std::string result = "'";
     for (const char character : text) {
         result += character == '\'' ? "'\\''" : std::string(1, character);
     }
     return result + '\'';
-#endif
 }
 
 }  // namespace
 
-CommandResult runCommand(const std::string& command,
-                         const std::map<std::string, std::string>& values) {
-    std::string line;
-    for (std::size_t position = 0; position < command.size();) {
-        bool replaced = false;
-        for (const auto& [key, value] : values) {
-            const std::string placeholder = '{' + key + '}';
-            if (command.compare(position, placeholder.size(), placeholder) == 0) {
-                line += quoted(value);
-                position += placeholder.size();
-                replaced = true;
-                break;
-            }
-        }
-        if (!replaced) {
-            line += command[position++];
-        }
+CommandResult runCommand(std::string command, const std::map<std::string, std::string>& values) {
+    for (std::size_t start = 0; (start = command.find('{', start)) != std::string::npos;) {
+        const std::size_t end = command.find('}', start);
+        const auto value = end == std::string::npos
+                               ? values.end()
+                               : values.find(command.substr(start + 1, end - start - 1));
+        const std::string text = value == values.end() ? "{" : quoted(value->second);
+        command.replace(start, value == values.end() ? 1 : end - start + 1, text);
+        start += text.size();
     }
-    line = "(" + line + ") 2>&1";
     CommandResult result;
-    std::FILE* const pipe = popen(line.c_str(), "r");
+    std::FILE* const pipe = popen(("(" + command + "\n) 2>&1").c_str(), "r");
     if (pipe == nullptr) {
         result.output = "the shell cannot be started";
         return result;
@@ -52,6 +36,7 @@ CommandResult runCommand(const std::string& command,
     while (const std::size_t count = std::fread(buffer, 1, sizeof buffer, pipe)) {
         result.output.append(buffer, count);
     }
-    result.good = pclose(pipe) == 0;
+    const int status = pclose(pipe);
+    result.exitCode = WIFEXITED(status) ? WEXITSTATUS(status) : -1;
     return result;
 }

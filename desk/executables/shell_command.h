@@ -5,10 +5,9 @@
 #include <string>
 
 struct CommandResult {
-    bool good = false;   ///< it ended with exit code 0
+    int exitCode = -1;   ///< -1: it was ended, or never started
     std::string output;  ///< both of its outputs
 };
 
 /// Replaces each "{key}" of `command` by its value, quoted, and has the shell run it.
-CommandResult runCommand(const std::string& command,
-                         const std::map<std::string, std::string>& values);
+CommandResult runCommand(std::string command, const std::map<std::string, std::string>& values);

@@ -6,48 +6,12 @@
 
 #include "app/stamped_identity.h"
 #include "catalogue/product_traits.h"
+#include "desk/executables/executable.h"
 #include "desk/executables/version_stamp.h"
+#include "desk/refusal.h"
 #include "platform/ansi_text.h"
 
 namespace {
-
-/// Little-endian, as in the file; `size` is 2 or 4.
-std::uint32_t numberAt(std::string_view image, std::size_t offset, std::size_t size) {
-    std::uint32_t number = 0;
-    for (std::size_t index = size; index-- > 0;) {
-        number = number << 8 | static_cast<unsigned char>(image[offset + index]);
-    }
-    return number;
-}
-
-/// Offset of the optional header (IMAGE_OPTIONAL_HEADER32 of winnt.h); npos when the image has
-/// none that reaches up to the data directories.
-std::size_t findOptionalHeader(std::string_view image) {
-    constexpr std::size_t signatureAndFileHeader = 4 + 20;
-    constexpr std::size_t directoriesEnd = 96 + 16 * 8;
-    constexpr std::uint32_t magic32 = 0x10B;
-    if (image.size() < 64 || !image.starts_with("MZ")) {
-        return std::string_view::npos;
-    }
-    const std::size_t signature = numberAt(image, 60, 4);
-    if (image.size() < signatureAndFileHeader + directoriesEnd ||
-        signature > image.size() - signatureAndFileHeader - directoriesEnd ||
-        image.substr(signature, 4) != std::string_view("PE\0\0", 4) ||
-        numberAt(image, signature + signatureAndFileHeader, 2) != magic32) {
-        return std::string_view::npos;
-    }
-    return signature + signatureAndFileHeader;
-}
-
-/// As CheckSumMappedFile (imagehlp.h) computes it; the checksum itself must be zero.
-std::uint32_t imageChecksum(std::string_view image) {
-    std::uint32_t sum = 0;
-    for (std::size_t offset = 0; offset < image.size(); offset += 2) {
-        sum += numberAt(image, offset, offset + 1 < image.size() ? 2 : 1);
-        sum = (sum & 0xFFFF) + (sum >> 16);
-    }
-    return sum + static_cast<std::uint32_t>(image.size());
-}
 
 void writeText(std::string& image, std::size_t offset, std::size_t size, std::string_view text) {
     image.replace(offset, size, std::string(text) + std::string(size - text.size(), '\0'));
@@ -79,57 +43,48 @@ std::string upperCase(std::string text) {
 
 }  // namespace
 
-bool chooseStampedCode(const CProductData& catalogue, std::string_view given, std::string& stamped,
-                       std::string& note, std::string& error) {
-    note.clear();
+StampedCode chooseStampedCode(const CProductData& catalogue, std::string_view given) {
     for (const auto& [code, name] : catalogue.ProductNames) {
         if (!equalIgnoringCase(given, code)) {
             continue;
         }
-        stamped = traitsOf(code).freeViewer ? upperCase(code) : code;
-        if (given != stamped && given != code) {
-            note = "stamped as \"" + stamped + "\", the form that the installer looks up";
+        StampedCode stamped{traitsOf(code).freeViewer ? upperCase(code) : code, ""};
+        if (given != stamped.code && given != code) {
+            stamped.note =
+                "stamped as \"" + stamped.code + "\", the form that the installer looks up";
         }
-        return true;
+        return stamped;
     }
-    error = "No product with code \"" + std::string(given) +
-            "\" can be installed; \"installer-tool products\" shows those that can.";
-    return false;
+    throw Refusal("No product with code \"" + std::string(given) +
+                  "\" can be installed; \"installer-tool products\" shows those that can.");
 }
 
-bool stampImage(std::string& image, std::string_view code, std::string_view name,
-                std::string& error, std::string_view build) {
-    constexpr std::size_t checksumOffset = 64;
-    constexpr std::size_t certificateTable = 96 + 4 * 8;
-
-    const auto refuse = [&error](const char* reason) {
-        error = reason;
-        return false;
-    };
+void stampImage(std::string& image, std::string_view code, std::string_view name,
+                std::string_view build) {
     if (code.empty() || code.size() >= sizeof StampedIdentity::productCode) {
-        return refuse("The product code is empty or too long.");
+        throw Refusal("the product code is empty or too long");
     }
-    if (name.empty() || name.size() >= sizeof StampedIdentity::productName) {
-        return refuse("The product name is empty or too long; it has room for 103 characters.");
+    if (name.empty() || name.size() > longestStampedName) {
+        throw Refusal("the product name is empty or too long; it has room for 103 characters");
     }
-    const std::size_t header = findOptionalHeader(image);
-    if (header == std::string::npos) {
-        return refuse(
+    const Executable executable(image);
+    if (!executable.headerDamage().empty() || !executable.is32Bit()) {
+        throw Refusal(
             "it is no 32-bit Windows executable, or is cut off; name the built installer");
     }
-    if (numberAt(image, header + certificateTable, 4) != 0) {
-        return refuse(
+    if (executable.isSigned()) {
+        throw Refusal(
             "it is signed, and stamping would break the signature; stamp the unsigned installer, "
             "then sign");
     }
     std::size_t block = 0;
     switch (findBlock(image, block)) {
         case BlockSearch::Missing:
-            return refuse(
+            throw Refusal(
                 "it has no room for a product's identity, so it is none of our installers; name "
                 "the built one");
         case BlockSearch::Repeated:
-            return refuse(
+            throw Refusal(
                 "it has room for a product's identity more than once; build the installer anew");
         case BlockSearch::Found:
             break;
@@ -141,13 +96,14 @@ bool stampImage(std::string& image, std::string_view code, std::string_view name
               sizeof StampedIdentity::productName, name);
     // IMAGE_FILE_REMOVABLE_RUN_FROM_SWAP and IMAGE_FILE_NET_RUN_FROM_SWAP (winnt.h), which the
     // linker has no option for: a disc taken out or a share that is gone does not end the program.
-    image[header - 1] = static_cast<char>(image[header - 1] | 0x0C);
-    writeText(image, header + checksumOffset, 4, "");
-    const std::uint32_t checksum = imageChecksum(image);
+    char& fileFlags = image[static_cast<std::size_t>(executable.fileFlagsField()) + 1];
+    fileFlags = static_cast<char>(fileFlags | 0x0C);
+    const Executable stamped(image);
+    const std::uint32_t checksum = stamped.checksum();
     for (std::size_t index = 0; index < 4; ++index) {
-        image[header + checksumOffset + index] = static_cast<char>(checksum >> (8 * index));
+        image[static_cast<std::size_t>(stamped.checksumField()) + index] =
+            static_cast<char>(checksum >> (8 * index));
     }
-    return true;
 }
 
 bool readStamp(std::string_view image, std::string& code, std::string& name) {

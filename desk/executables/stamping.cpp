@@ -12,12 +12,10 @@
 ProductStamp chooseStamp(CProductData& catalogue, const std::string& code, const std::string& name,
                          const std::string& build) {
     ProductStamp stamp;
-    std::string note, error;
-    if (!chooseStampedCode(catalogue, code, stamp.code, note, error)) {
-        throw Refusal(error);
-    }
-    if (!note.empty()) {
-        stamp.notes.push_back("the code \"" + code + "\" is " + note);
+    const StampedCode stamped = chooseStampedCode(catalogue, code);
+    stamp.code = stamped.code;
+    if (!stamped.note.empty()) {
+        stamp.notes.push_back("the code \"" + code + "\" is " + stamped.note);
     }
     const std::string ownName = catalogue.ProductNames.find(lowerCase(stamp.code))->second;
     stamp.name = name.empty() ? ownName : name;
@@ -44,9 +42,13 @@ ProductStamp chooseStamp(CProductData& catalogue, const std::string& code, const
 
 std::string stampedInstaller(std::string image, const std::string& file,
                              const ProductStamp& stamp) {
-    std::string error = executableDamage(image);
-    if (!error.empty() || !stampImage(image, stamp.code, stamp.name, error, stamp.build)) {
-        throw Refusal("\"" + file + "\" cannot be stamped: " + error + '.');
+    try {
+        if (const std::string damage = executableDamage(image); !damage.empty()) {
+            throw Refusal(damage);
+        }
+        stampImage(image, stamp.code, stamp.name, stamp.build);
+    } catch (const Refusal& reason) {
+        throw Refusal("\"" + file + "\" cannot be stamped: " + reason.what() + '.');
     }
     return image;
 }

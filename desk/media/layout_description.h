@@ -5,6 +5,7 @@
 #include <nlohmann/json.hpp>
 #include <optional>
 #include <string>
+#include <vector>
 
 #include "desk/json.h"
 
@@ -17,12 +18,23 @@ extern const char* const exampleLayoutDescription;
 /// wrong kind.
 class LayoutDescription {
   public:
-    explicit LayoutDescription(const std::string& file);
+    /// `settings` are entries from the command line, "KEY=VALUE" or "CODE.KEY=VALUE", which count
+    /// before those of the file; their paths are relative to the current folder, and an empty value
+    /// takes the entry away.
+    LayoutDescription(const std::string& file, const std::vector<std::string>& settings);
 
+    /// Puts a build in the place of every other.
+    void setBuild(const std::string& build);
+    void setRelease(const std::string& folder);
+    void setLauncher();
+
+    /// The release that installers are taken from; nothing when they are to be made.
+    [[nodiscard]] std::optional<std::filesystem::path> release() const;
     [[nodiscard]] std::filesystem::path installer(const std::string& code) const;
     [[nodiscard]] std::string installerName(const std::string& code) const;
     [[nodiscard]] std::string build(const std::string& code) const;
     [[nodiscard]] bool isEnciphered(const std::string& code) const;
+    [[nodiscard]] bool hasLauncher(const std::string& code) const;
     /// Empty: the catalogue's.
     [[nodiscard]] std::string name(const std::string& code) const;
     /// Where a file that the run needs lies.
@@ -32,10 +44,13 @@ class LayoutDescription {
     [[nodiscard]] std::optional<std::filesystem::path> contents(const std::string& code) const;
 
   private:
-    [[nodiscard]] std::optional<std::string> find(const std::string& code,
-                                                  const std::string& key) const;
-    [[nodiscard]] std::string require(const std::string& code, const std::string& key) const;
-    [[nodiscard]] std::filesystem::path path(const std::string& code, std::string text) const;
+    void set(const std::string& setting);
+    void requireKnown(const Json& entries, const std::string& where) const;
+    [[nodiscard]] Json find(const std::string& code, const std::string& key) const;
+    [[nodiscard]] std::string text(const std::string& code, const std::string& key,
+                                   const char* otherwise) const;
+    [[nodiscard]] std::filesystem::path path(const std::string& code, const std::string& key) const;
+    [[noreturn]] void refuse(const std::string& what) const;
 
     std::string file;
     Json document;

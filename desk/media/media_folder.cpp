@@ -5,6 +5,7 @@
 #include "desk/executables/executable.h"
 #include "desk/executables/stamp_image.h"
 #include "desk/refusal.h"
+#include "desk/western_text.h"
 #include "desk/whole_file.h"
 #include "platform/ansi_text.h"
 
@@ -16,32 +17,16 @@ bool isExecutable(const fs::path& path) {
     return equalIgnoringCase(path.extension().string(), ".exe");
 }
 
-std::string damageOf(const fs::path& path) {
-    std::error_code error;
-    const fs::file_status status = fs::status(path, error);
-    if (status.type() == fs::file_type::not_found) {
-        return "it is a link that leads nowhere";
-    }
-    if (error) {
-        return "it cannot be looked at: " + error.message();
-    }
-    if (fs::is_directory(status)) {
-        return "it is a folder, not a file";
-    }
-    if (!fs::is_regular_file(status)) {
-        return "it is no regular file";
-    }
-    if (fs::file_size(path, error) == 0 && !error) {
-        return "it is empty";
-    }
-    const std::optional<std::string> content = readWholeFile(path.string());
-    if (!content) {
-        return "it cannot be read";
-    }
-    return isExecutable(path) ? executableDamage(*content) : "";
-}
+/// Far more than an installer has: what is larger is not looked into.
+constexpr std::uintmax_t largestInstaller = 32 << 20;
 
 }  // namespace
+
+std::string damageOf(const fs::path& file, const FileSummary& summary) {
+    return summary.size == 0    ? "it is empty"
+           : isExecutable(file) ? Executable(summary).damage()
+                                : "";
+}
 
 std::optional<fs::path> findInFolder(const fs::path& folder, const std::string& name) {
     std::error_code error;
@@ -60,22 +45,25 @@ std::optional<fs::path> findInFolder(const fs::path& folder, const std::string& 
 
 FileState fileState(const fs::path& folder, const std::string& name) {
     const std::optional<fs::path> path = findInFolder(folder, name);
-    return path ? FileState{true, damageOf(*path)} : FileState{};
+    if (!path) {
+        return {};
+    }
+    try {
+        return {true, damageOf(*path, summarize(path->string()))};
+    } catch (const Refusal& reason) {
+        return {true, reason.what()};
+    }
 }
 
 Media mediaOf(const fs::path& installer, const fs::path& folder, const std::string& directory) {
-    std::optional<std::string> content = readWholeFile(installer.string());
-    if (!content) {
-        throw Refusal("Cannot read the installer \"" + installer.string() +
-                      "\": is the path right?");
-    }
+    std::string content = readInput(installer.string());
     std::error_code error;
     if (!fs::is_directory(folder, error)) {
         throw Refusal("\"" + folder.string() + "\" is not a folder.");
     }
     const fs::path ownFolder = fs::absolute(installer).parent_path();
     Media media;
-    media.installer = std::move(*content);
+    media.installer = std::move(content);
     media.besideInstaller = [ownFolder](const std::string& name) {
         const std::optional<fs::path> path = findInFolder(ownFolder, name);
         return path ? NamedFile{true, readWholeFile(path->string())} : NamedFile{};
@@ -93,7 +81,8 @@ std::optional<fs::path> findInstaller(const fs::path& folder) {
     std::optional<fs::path> found;
     std::error_code error;
     for (const fs::directory_entry& entry : fs::directory_iterator(folder, error)) {
-        if (!isExecutable(entry.path())) {
+        std::error_code ignored;
+        if (!isExecutable(entry.path()) || entry.file_size(ignored) > largestInstaller) {
             continue;
         }
         const std::optional<std::string> content = readWholeFile(entry.path().string());
@@ -106,6 +95,19 @@ std::optional<fs::path> findInstaller(const fs::path& folder) {
         }
     }
     return found;
+}
+
+std::vector<std::string> faultsOf(const MediaReport& report) {
+    std::vector<std::string> faults;
+    for (const MediaFile& file : report.files) {
+        if (!file.present || !file.damage.empty()) {
+            faults.push_back(file.name + ": " + (file.present ? file.damage : "missing"));
+        }
+    }
+    for (const std::string& problem : report.problems) {
+        faults.push_back(toUtf8(problem));
+    }
+    return faults;
 }
 
 std::vector<fs::path> foldersIn(const fs::path& folder) {

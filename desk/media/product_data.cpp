@@ -4,6 +4,7 @@
 
 #include "catalogue/product_data_file.h"
 #include "desk/refusal.h"
+#include "desk/western_text.h"
 
 bool endLinesAsWindowsDoes(std::string& text) {
     std::string result;
@@ -35,6 +36,20 @@ std::string buildIn(std::string_view text, const std::string& file) {
                       "Number]\"; add a line \"Version Number=\" with the build.");
     }
     return std::string(value->second);
+}
+
+std::string buildFault(std::string_view build) {
+    for (const char character : build) {
+        const auto byte = static_cast<unsigned char>(character);
+        if (byte < ' ' ||
+            std::string_view("`\\/:*?\"<>|").find(character) != std::string_view::npos) {
+            return "The build \"" + toUtf8(build) + "\" holds " +
+                   (byte < ' ' ? "a control character" : std::string("\"") + character + '"') +
+                   ", which would break what \"Setup.Exe\" is handed; give a build such as "
+                   "16.4.12000.0.";
+        }
+    }
+    return "";
 }
 
 std::string productDataOf(std::string_view build) {

@@ -15,6 +15,10 @@ bool endLinesAsWindowsDoes(std::string& text);
 /// The text of a product-data file that gives this build.
 [[nodiscard]] std::string productDataOf(std::string_view build);
 
+/// Why the build cannot be handed over, for people: "Setup.Exe" is handed it in a field that a
+/// backquote ends, and it becomes a part of a folder's name. Empty when it can.
+[[nodiscard]] std::string buildFault(std::string_view build);
+
 struct BuildNumbers {
     unsigned parts[4];
 };

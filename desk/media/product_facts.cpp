@@ -25,8 +25,7 @@ std::string editionOf(const CProductData& catalogue, const std::string& code,
 
 ProductFacts productFacts(CProductData& catalogue, const std::string& code) {
     ProductFacts facts;
-    std::string note, error;
-    (void)chooseStampedCode(catalogue, code, facts.code, note, error);  // the catalogue has it
+    facts.code = chooseStampedCode(catalogue, code).code;
     facts.number = numberFromCode(code);
     facts.name = catalogue.ProductNames.find(code)->second;
     facts.edition = editionOf(catalogue, code, facts.name);

@@ -4,8 +4,10 @@
 
 #include <algorithm>
 #include <iterator>
+#include <tuple>
 
 #include "app/stamped_identity.h"
+#include "desk/refusal.h"
 
 namespace {
 
@@ -25,9 +27,8 @@ std::string executable() {
 
 TEST(StampImage, FillsTheBlockAndTheChecksum) {
     std::string image = executable();
-    std::string error;
-    ASSERT_TRUE(stampImage(image, "1k", "A longer name", error)) << error;
-    ASSERT_TRUE(stampImage(image, "1Q", "Model X", error)) << error;
+    stampImage(image, "1k", "A longer name");
+    stampImage(image, "1Q", "Model X");
 
     std::string expected = executable();
     expected.replace(blockOffset + 16, 2, "1Q");
@@ -41,12 +42,13 @@ TEST(StampImage, FillsTheBlockAndTheChecksum) {
 
     // A checksum that was there before does not count.
     image[optionalHeader + 64] = 1;
-    ASSERT_TRUE(stampImage(image, "1Q", "Model X", error));
+    stampImage(image, "1Q", "Model X");
     EXPECT_EQ(image, expected);
 
     const std::string longest(103, 'n');
     std::string code, name;
-    EXPECT_TRUE(stampImage(image, "1234567", longest, error) && readStamp(image, code, name));
+    stampImage(image, "1234567", longest);
+    EXPECT_TRUE(readStamp(image, code, name));
     EXPECT_EQ(code + name, "1234567" + longest);
 }
 
@@ -86,9 +88,7 @@ TEST(StampImage, Refuses) {
                        {"two blocks", whole + marker, "1k", "X"}};
     for (const auto& row : cases) {
         std::string image = row.image;
-        std::string error;
-        EXPECT_FALSE(stampImage(image, row.code, row.name, error)) << row.reason;
-        EXPECT_FALSE(error.empty()) << row.reason;
+        EXPECT_THROW(stampImage(image, row.code, row.name), Refusal) << row.reason;
         EXPECT_EQ(image, row.image) << row.reason;
     }
 }
@@ -98,15 +98,15 @@ TEST(StampImage, ChoosesTheCode) {
     struct {
         const char *given, *stamped;
         bool noted;
-    } const cases[] = {{"1k", "1k", false}, {"1K", "1k", true}, {"1q", "1Q", false},
-                       {"1Q", "1Q", false}, {"19", "", false},  {"**", "", false},
-                       {"", "", false},     {"1kk", "", false}};
+    } const cases[] = {
+        {"1k", "1k", false}, {"1K", "1k", true}, {"1q", "1Q", false}, {"1Q", "1Q", false}};
     for (const auto& row : cases) {
-        std::string stamped, note, error;
-        EXPECT_EQ(chooseStampedCode(catalogue, row.given, stamped, note, error), *row.stamped != 0);
-        EXPECT_EQ(stamped, row.stamped);
-        EXPECT_EQ(!note.empty(), row.noted) << row.given;
-        EXPECT_EQ(!error.empty(), *row.stamped == 0) << row.given;
+        const StampedCode code = chooseStampedCode(catalogue, row.given);
+        EXPECT_EQ(code.code, row.stamped);
+        EXPECT_EQ(!code.note.empty(), row.noted) << row.given;
+    }
+    for (const char* const foreign : {"19", "**", "", "1kk"}) {
+        EXPECT_THROW(std::ignore = chooseStampedCode(catalogue, foreign), Refusal) << foreign;
     }
 }
 

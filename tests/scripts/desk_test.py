@@ -103,19 +103,20 @@ def faults(work):
         ("unknown product", ["layout", "stranger.json", "out"], 1, '"zz"'),
         ("foreign folder", ["release", "a folder", "--installer", "installer.exe"], 1, "left alone"),
         ("verify nothing", ["verify", "a folder"], 1, "SHA256SUMS"),
-        ("verify alone", ["release", "out", "--verify-command", "true"], 2, "--sign-command"),
+        ("empty sign command", ["release", "out", "--sign-command", ""], 2, "is empty"),
+        ("time stamp alone", ["release", "out", "--timestamp-command", "true"], 2, "--sign-command"),
         ("failing signature",
          ["release", "out", "--installer", "installer.exe", "--sign-command", "echo no token; false"],
          1, "no token"),
         ("signature without effect",
          ["release", "out", "--installer", "installer.exe", "--sign-command", "true"],
-         1, "no signature"),
+         1, "not signed"),
     ]
     before = sorted(os.listdir(work))
     for what, words, code, message in rows:
         result = run(*words)
         seen = f"exit code {result.returncode}, {result.stderr!r}"
-        expect(what, result.returncode == code and message in result.stderr, seen)
+        expect(what, result.returncode == code and message in result.stdout + result.stderr, seen)
         expect(what, sorted(os.listdir(work)) == before, f"left behind: {os.listdir(work)}")
         for line in result.stderr.splitlines():
             expect(what, "runtime error" not in line and "Sanitizer" not in line, line)
@@ -170,6 +171,7 @@ def media(work):
     (work / "build/release").mkdir(parents=True)
     (work / "build/release/installer.exe").write_bytes(executable())
     make_parts(TOOLS / "installer-tool", work / "parts")
+    run("release", "out/release")
     sample = (work / "parts/1m/Setup.Exe").read_bytes()
     result = run("layout", "layout.json", "media")
     expect("layout", result.returncode == 0 and "23 made, 0 unchanged" in result.stdout,
@@ -207,7 +209,7 @@ def releases(work):
         expect("reproducible", path.is_dir() or path.read_bytes() == other.read_bytes(), path)
     sums = (work / "release/SHA256SUMS").read_text().splitlines()
     image = (work / "release/1k/Install.exe").read_bytes()
-    expect("checksums", len(sums) == 23 and
+    expect("checksums", len(sums) == 25 and
            f"{hashlib.sha256(image).hexdigest()}  1k/Install.exe" in sums, sums)
     bill = json.loads((work / "release/installers.cdx.json").read_text())
     expect("bill of materials", bill["bomFormat"] == "CycloneDX" and
@@ -216,7 +218,7 @@ def releases(work):
     expect("verify", result.returncode == 0, result.stdout)
 
     def signing(image):
-        signed = bytearray(image) + bytes(8)
+        signed = bytearray(image) + struct.pack("<IHH", 8, 0x200, 2)
         struct.pack_into("<II", signed, CERTIFICATES, len(image), 8)
         struct.pack_into("<I", signed, CHECKSUM, checksum(bytes(signed), CHECKSUM))
         return bytes(signed)

@@ -1,0 +1,88 @@
+#include "desk/media/installer_maker.h"
+
+#include <algorithm>
+#include <atomic>
+#include <future>
+
+#include "desk/executables/file_summary.h"
+#include "desk/refusal.h"
+#include "desk/western_text.h"
+#include "desk/whole_file.h"
+
+namespace fs = std::filesystem;
+
+namespace {
+
+/// Calls `work` for each index below `count` from several threads. Throws what a failing call
+/// threw, once all have come to rest.
+template <class Work>
+void inParallel(std::size_t count, unsigned jobs, Work work) {
+    std::atomic<std::size_t> next = 0;
+    const auto run = [&] {
+        for (std::size_t index; (index = next++) < count;) {
+            try {
+                stopWhenAsked();
+                work(index);
+            } catch (...) {
+                next = count;
+                throw;
+            }
+        }
+    };
+    std::vector<std::future<void>> runs(jobs);
+    std::generate(runs.begin(), runs.end(), [&run] { return std::async(std::launch::async, run); });
+    for (std::future<void>& one : runs) {
+        one.get();
+    }
+}
+
+/// Tells one choice of settings from another.
+std::string settingsOf(const std::vector<InstallerOrder>& orders,
+                       const std::vector<std::string>& images, const SigningChoices& signing) {
+    std::string all = signing.command + '\n' + signing.timestampCommand + '\n';
+    for (std::size_t index = 0; index < orders.size(); ++index) {
+        all += orders[index].path + ' ' + sha256(images[index]) + '\n';
+    }
+    return sha256(all);
+}
+
+}  // namespace
+
+fs::path makeInstallers(const std::vector<InstallerOrder>& orders, const SigningChoices& signing,
+                        unsigned jobs, OutputFolder& output) {
+    std::vector<std::string> images;
+    for (const InstallerOrder& order : orders) {
+        images.push_back(
+            stampedInstaller(readInput(order.installer), order.installer, order.stamp));
+    }
+    const fs::path folder = output.resumable(settingsOf(orders, images, signing));
+    std::atomic<std::size_t> kept = 0;
+    try {
+        inParallel(orders.size(), jobs, [&](std::size_t index) {
+            const fs::path file = folder / orders[index].path;
+            if (signing.command.empty()) {
+                writeOutput(file.string(), images[index]);
+            } else if (fs::exists(file)) {
+                ++kept;
+            } else {
+                const std::string unfinished = file.string() + ".unsigned.exe";
+                writeOutput(unfinished, images[index]);
+                sign(unfinished, toUtf8(orders[index].stamp.name) + " Installation", signing);
+                fs::rename(unfinished, file);
+                ++kept;
+            }
+        });
+    } catch (const Refusal& reason) {
+        if (kept == 0) {
+            throw;
+        }
+        output.keepOnFailure();
+        throw Refusal(std::string(reason.what()) + "\n" + std::to_string(kept) + " of " +
+                      std::to_string(orders.size()) +
+                      " installers are signed and kept; the same command goes on from there.");
+    }
+    if (kept != 0) {
+        output.keepOnFailure();
+    }
+    return folder;
+}

@@ -1,0 +1,129 @@
+#include "desk/media/manifest.h"
+
+#include <algorithm>
+#include <sstream>
+
+#include "desk/executables/file_summary.h"
+#include "desk/refusal.h"
+#include "desk/whole_file.h"
+
+namespace fs = std::filesystem;
+
+std::string asList(const Digests& digests) {
+    std::string text;
+    for (const auto& [path, digest] : digests) {
+        text += digest + "  " + path + '\n';
+    }
+    return text;
+}
+
+Digests readList(const fs::path& list) {
+    Digests digests;
+    std::istringstream lines(readInput(list.string()));
+    for (std::string line; std::getline(lines, line);) {
+        constexpr std::size_t digestSize = 64;
+        if (line.size() < digestSize + 3 || line[digestSize] != ' ' ||
+            !digests.emplace(line.substr(digestSize + 2), line.substr(0, digestSize)).second) {
+            throw Refusal("\"" + list.string() +
+                          "\": a line is no checksum or names a file again: " + line);
+        }
+    }
+    return digests;
+}
+
+std::vector<std::string> filesBelow(const fs::path& folder, std::vector<FileProblem>& problems) {
+    std::vector<std::string> files;
+    std::error_code failure;
+    fs::recursive_directory_iterator entries(folder, failure);
+    for (; !failure && entries != fs::recursive_directory_iterator(); entries.increment(failure)) {
+        const std::string path = entries->path().lexically_relative(folder).generic_string();
+        const fs::file_status status = entries->symlink_status();
+        if (fs::is_regular_file(status)) {
+            files.push_back(path);
+        } else if (fs::is_symlink(status)) {
+            problems.push_back({path, "is a link"});
+        } else if (!fs::is_directory(status)) {
+            problems.push_back({path, "is no ordinary file"});
+        } else if (path == ".installer-tool") {
+            entries.disable_recursion_pending();
+            problems.push_back(
+                {path, "is what an unfinished run left; let it end or run it again"});
+        } else if (fs::is_empty(entries->path(), failure)) {
+            problems.push_back({path, "is an empty folder"});
+        }
+    }
+    if (failure) {
+        problems.push_back({"", "cannot be read: " + failure.message()});
+    }
+    std::sort(files.begin(), files.end());
+    return files;
+}
+
+std::vector<FileProblem> compareWithList(const fs::path& folder, const std::string& list) {
+    std::vector<FileProblem> problems;
+    Digests digests;
+    try {
+        digests = readList(folder / list);
+    } catch (const Refusal& reason) {
+        return {{list, reason.what()}};
+    }
+    for (const std::string& file : filesBelow(folder, problems)) {
+        const auto listed = digests.find(file);
+        try {
+            if (file == list) {
+                continue;
+            }
+            if (listed == digests.end()) {
+                problems.push_back({file, "does not stand in " + list});
+            } else if (summarize((folder / file).string()).digest != listed->second) {
+                problems.push_back(
+                    {file, "differs from its checksum in " + list + ": it was damaged or changed"});
+            }
+        } catch (const Refusal& reason) {
+            problems.push_back({file, reason.what()});
+        }
+        digests.erase(file);
+    }
+    for (const auto& [file, digest] : digests) {
+        if (std::none_of(problems.begin(), problems.end(),
+                         [&file](const FileProblem& problem) { return problem.file == file; })) {
+            problems.push_back({file, "is missing"});
+        }
+    }
+    return problems;
+}
+
+void requireReplaceable(const fs::path& folder, const std::string& list) {
+    std::error_code failure;
+    if (!fs::exists(fs::symlink_status(folder, failure))) {
+        return;
+    }
+    if (fs::is_symlink(folder, failure) || !fs::is_directory(folder, failure)) {
+        throw Refusal("\"" + folder.string() +
+                      "\" is a link or no folder, and is left alone; remove it or name another.");
+    }
+    const auto leaveOutOurs = [](std::vector<FileProblem>& problems) {
+        std::erase_if(problems,
+                      [](const FileProblem& problem) { return problem.file == ".installer-tool"; });
+        return problems.empty();
+    };
+    std::vector<FileProblem> problems;
+    if (filesBelow(folder, problems).empty() && leaveOutOurs(problems)) {
+        return;
+    }
+    problems = compareWithList(folder, list);
+    if (!leaveOutOurs(problems)) {
+        std::string told;
+        for (const FileProblem& problem : problems) {
+            told += "\n  " + asLine(problem);
+        }
+        throw Refusal("\"" + folder.string() +
+                      "\" holds something else than was made here, which is left alone; remove it "
+                      "or name another folder:" +
+                      told);
+    }
+}
+
+std::string asLine(const FileProblem& problem) {
+    return problem.file.empty() ? problem.what : problem.file + ": " + problem.what;
+}

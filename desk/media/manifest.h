@@ -1,0 +1,40 @@
+// Lists of files with their SHA-256 digests, in the form that sha256sum writes and checks.
+#pragma once
+
+#include <filesystem>
+#include <map>
+#include <string>
+#include <vector>
+
+inline constexpr const char* manifestFile = "MANIFEST.sha256";  ///< of a media folder
+inline constexpr const char* checksumsFile = "SHA256SUMS";      ///< of a release
+
+/// Digests by path, whose parts are separated by slashes.
+using Digests = std::map<std::string, std::string>;
+
+/// What is wrong with a file of a folder, for people.
+struct FileProblem {
+    std::string file;  ///< its path within the folder; empty: the folder itself
+    std::string what;
+};
+
+[[nodiscard]] std::string asLine(const FileProblem& problem);
+
+/// The file of digests.
+[[nodiscard]] std::string asList(const Digests& digests);
+
+/// Throws Refusal when the list cannot be read or holds something else.
+[[nodiscard]] Digests readList(const std::filesystem::path& list);
+
+/// The files of a folder and those below. Links, devices and what cannot be read, which no folder
+/// of ours holds, go to `problems`.
+[[nodiscard]] std::vector<std::string> filesBelow(const std::filesystem::path& folder,
+                                                  std::vector<FileProblem>& problems);
+
+/// Holds a folder against the list in it; the same problem is never told twice.
+[[nodiscard]] std::vector<FileProblem> compareWithList(const std::filesystem::path& folder,
+                                                       const std::string& list);
+
+/// Throws Refusal, which names what would be lost, when the folder holds anything but what its list
+/// says, byte for byte. A folder that is empty or not there holds nothing.
+void requireReplaceable(const std::filesystem::path& folder, const std::string& list);

@@ -1,0 +1,177 @@
+#include "desk/media/media_plan.h"
+
+#include <algorithm>
+
+#include "catalogue/cipher.h"
+#include "desk/media/media_folder.h"
+#include "desk/media/output_folder.h"
+#include "desk/media/product_data.h"
+#include "desk/refusal.h"
+#include "desk/whole_file.h"
+#include "platform/ansi_text.h"
+
+namespace fs = std::filesystem;
+
+namespace {
+
+/// Collects what is wrong with the media of one product.
+class Planner {
+  public:
+    Planner(MediaPlan& media, std::vector<std::string>& problems)
+        : media(media), problems(problems) {}
+
+    /// Runs one step; what it refuses is a problem.
+    template <class Step>
+    void step(Step work) {
+        try {
+            work();
+        } catch (const Refusal& reason) {
+            problem(reason.what());
+        }
+    }
+    void problem(const std::string& what) {
+        if (std::find(problems.begin(), problems.end(), what) == problems.end()) {
+            problems.push_back(what);
+        }
+    }
+
+    void addBytes(const std::string& name, const std::string& bytes) {
+        add({name, bytes, "", sha256(bytes)});
+    }
+    void addSource(const std::string& name, const fs::path& source) {
+        step([&] {
+            const FileSummary summary = summarize(source.string());
+            if (const std::string damage = damageOf(source, summary); !damage.empty()) {
+                problem('"' + source.string() + "\": " + damage + '.');
+            }
+            add({name, "", source, summary.digest});
+        });
+    }
+    /// The folder's files, with the folders that they lie in.
+    void addContents(const fs::path& folder) {
+        std::vector<FileProblem> found;
+        for (const std::string& file : filesBelow(folder, found)) {
+            addContent(folder, file);
+        }
+        for (const FileProblem& one : found) {
+            // A link to a file stands for the file.
+            if (!one.file.empty() && fs::is_regular_file(folder / one.file)) {
+                addContent(folder, one.file);
+            } else {
+                problem('"' + (folder / one.file).string() + "\", of the contents of product " +
+                        media.facts.code + ", " + one.what + '.');
+            }
+        }
+    }
+
+  private:
+    void addContent(const fs::path& folder, const std::string& name) {
+        if (std::any_of(name.begin(), name.end(), [](char character) {
+                return (character >= 0 && character < ' ') ||
+                       std::string_view("\\:*?\"<>|").find(character) != std::string_view::npos;
+            })) {
+            problem('"' + (folder / name).string() + "\" has a name that Windows does not allow.");
+        }
+        addSource(name, folder / name);
+    }
+    /// The name, in any letter case, must not be taken.
+    void add(PlannedFile file) {
+        for (const PlannedFile& other : media.files) {
+            if (equalIgnoringCase(other.name, file.name)) {
+                problem("\"" + file.name + "\" of product " + media.facts.code +
+                        " comes twice: from \"" + file.source.string() + "\" and " +
+                        (isMade(other) ? "made here" : '"' + other.source.string() + '"') +
+                        "; leave one out.");
+            }
+        }
+        media.files.push_back(std::move(file));
+    }
+    static bool isMade(const PlannedFile& file) { return file.source.empty(); }
+
+    MediaPlan& media;
+    std::vector<std::string>& problems;
+};
+
+void addLauncher(Planner& planner, const MediaPlan& media) {
+    // The folder's name ends in a backslash; a second one keeps it from taking the quote with it.
+    planner.addBytes("install.cmd", "@echo off\r\nstart \"\" \"%~dp0" + media.installerName +
+                                        "\" -dir \"%~dp0\\\"\r\n");
+    planner.addBytes("autorun.inf",
+                     "[autorun]\r\nshellexecute=install.cmd\r\nicon=" + media.installerName +
+                         "\r\naction=Install " + media.stamp.name +
+                         "\r\nlabel=" + media.stamp.name + "\r\n");
+}
+
+}  // namespace
+
+MediaPlan planMedia(const LayoutDescription& description, const ProductFacts& facts,
+                    std::vector<std::string>& problems) {
+    MediaPlan media{facts, "", "", {}, {}};
+    Planner planner(media, problems);
+    planner.step([&] { media.installerName = description.installerName(facts.code); });
+    planner.step([&] {
+        media.build = description.build(facts.code);
+        CProductData catalogue;
+        media.stamp = chooseStamp(catalogue, facts.code, description.name(facts.code), media.build);
+    });
+    planner.step([&] {
+        const std::string data = productDataOf(media.build);
+        const bool enciphered = description.isEnciphered(facts.code);
+        planner.addBytes(enciphered ? "ProductData.inx" : "ProductData.ini",
+                         enciphered ? encipher(data) : data);
+    });
+    for (const std::string& file : facts.files) {
+        planner.step([&] { planner.addSource(file, description.source(facts.code, file)); });
+    }
+    if (description.hasLauncher(facts.code)) {
+        addLauncher(planner, media);
+    }
+    planner.step([&] {
+        if (const auto contents = description.contents(facts.code)) {
+            planner.addContents(*contents);
+        }
+    });
+    return media;
+}
+
+void addInstaller(MediaPlan& media, const fs::path& source, std::vector<std::string>& problems) {
+    Planner(media, problems).addSource(media.installerName, source);
+}
+
+std::string manifestOf(const MediaPlan& media) {
+    Digests digests;
+    for (const PlannedFile& file : media.files) {
+        digests[file.name] = file.digest;
+    }
+    return asList(digests);
+}
+
+void makeMedia(const MediaPlan& media, const fs::path& folder, bool links) {
+    for (const PlannedFile& file : media.files) {
+        stopWhenAsked();
+        const fs::path target = folder / file.name;
+        if (file.source.empty()) {
+            writeOutput(target.string(), file.bytes);
+            continue;
+        }
+        makeFolder(target.parent_path().string());
+        std::error_code failure;
+        if (links) {
+            // A link of a link would not be a file of its own right.
+            fs::create_hard_link(fs::canonical(file.source), target, failure);
+        }
+        if (!links || failure) {
+            fs::copy_file(file.source, target, failure);
+        }
+        if (failure) {
+            throw Refusal("\"" + file.source.string() + "\" cannot be copied to \"" +
+                          target.string() + "\": " + failure.message() + '.');
+        }
+    }
+    writeOutput((folder / manifestFile).string(), manifestOf(media));
+    const std::vector<FileProblem> problems = compareWithList(folder, manifestFile);
+    if (!problems.empty()) {
+        throw Refusal("The media of product " + media.facts.code +
+                      " are not what was to be copied: " + asLine(problems.front()));
+    }
+}

@@ -1,0 +1,215 @@
+#!/usr/bin/env python3
+"""What a customer gets: installers and media that are signed, whole, and all or nothing.
+
+delivery_test.py FOLDER_OF_THE_TOOLS    signs with a certificate of its own
+"""
+import json
+import os
+import shutil
+import signal
+import subprocess
+import sys
+import tempfile
+import unittest
+from pathlib import Path
+
+sys.dont_write_bytecode = True
+sys.path.insert(0, str(Path(__file__).resolve().parents[2] / "scripts"))
+from sample_parts import executable, make_parts
+
+TOOL = Path(sys.argv.pop(1)).resolve() / "installer-tool"
+SIGN = "osslsigncode sign -certs cert.pem -key key.pem -h sha256 -n {name} -in {in} -out {out}"
+
+
+def run(*words, **more):
+    return subprocess.run([TOOL, *map(str, words)], capture_output=True, text=True, timeout=300,
+                          check=False, **more)
+
+
+def files(folder):
+    return {path.relative_to(folder).as_posix(): path.read_bytes()
+            for path in Path(folder).rglob("*") if path.is_file()}
+
+
+def list_anew(folder):
+    """As somebody does who changes files and the list with them."""
+    subprocess.run("find . -type f ! -name SHA256SUMS -printf '%P\\n' | sort | "
+                   "xargs sha256sum > ../sums && mv ../sums SHA256SUMS",
+                   shell=True, cwd=folder, check=True)
+
+
+class Delivery(unittest.TestCase):
+    @classmethod
+    def setUpClass(cls):
+        cls.temporary = tempfile.TemporaryDirectory()
+        os.chdir(cls.temporary.name)
+        subprocess.run(["openssl", "req", "-x509", "-newkey", "rsa:2048", "-nodes", "-days", "2",
+                        "-subj", "/CN=Throw-away", "-addext", "extendedKeyUsage=codeSigning",
+                        "-keyout", "key.pem", "-out", "cert.pem"], capture_output=True, check=True)
+        Path("build/release").mkdir(parents=True)
+        Path("build/release/installer.exe").write_bytes(executable())
+        make_parts(TOOL, Path("parts"))
+        Path("layout.json").write_text(run("layout", "--example").stdout)
+        assert run("release", "plain").returncode == 0
+        signed = run("release", "signed", "--sign-command", SIGN, "--ca-file", "cert.pem")
+        assert signed.returncode == 0, signed.stderr
+        assert run("layout", "layout.json", "media", "--release", "signed").returncode == 0
+
+    @classmethod
+    def tearDownClass(cls):
+        os.chdir("/")
+        cls.temporary.cleanup()
+
+    def copy(self, source):
+        shutil.rmtree("copy", ignore_errors=True)
+        shutil.copytree(source, "copy")
+        return Path("copy")
+
+    def expect(self, result, code, *messages):
+        for message in messages:
+            self.assertIn(message, result.stdout + result.stderr)
+        self.assertEqual(result.returncode, code, result.stdout + result.stderr)
+
+    def test_media_hold_what_was_signed(self):
+        for code in ("1k", "04"):
+            self.assertEqual(Path(f"media/{code}/Install.exe").read_bytes(),
+                             Path(f"signed/{code}/Install.exe").read_bytes())
+        self.expect(run("verify", "signed", "--require-signature", "--ca-file", "cert.pem"), 0,
+                    "signed by /CN=Throw-away")
+        self.expect(run("layout", "layout.json", "media", "--release", "signed"), 0, "0 made, 23 un")
+        subprocess.run(["sha256sum", "--check", "--strict", "--quiet", "MANIFEST.sha256"],
+                       cwd="media/1k", check=True)
+
+    def test_signatures_are_told(self):
+        forged = self.copy("signed")
+        installer = forged / "1k/Install.exe"
+        image = installer.read_bytes()
+        installer.write_bytes(image.replace(b"Serial Analyzer\0", b"Serial AnalyzeX\0"))
+        demanded = ["--require-signature", "--ca-file", "cert.pem"]
+        self.expect(run("verify", forged), 1, "1k/Install.exe: signature is broken")
+        self.expect(run("verify", "signed"), 0, "not verified: self-signed certificate")
+        self.expect(run("verify", "signed", "--require-signature"), 1, "not verified")
+        self.expect(run("verify", "plain", *demanded), 1, "1k/Install.exe: not signed")
+
+    def test_a_failed_signature_keeps_the_others(self):
+        Path("sign.sh").write_text('echo >>calls\n[ "$(wc -l <calls)" -ne 12 ] || exit 1\n'
+                                   'osslsigncode sign -certs cert.pem -key key.pem -in "$1" -out "$2"')
+        again = ["release", "late", "--jobs", "1", "--sign-command", "sh sign.sh {in} {out}"]
+        self.expect(run(*again), 1, "11 of 23 installers are signed and kept")
+        self.expect(run(*again), 0)
+        self.assertEqual(len(Path("calls").read_text()), 24)
+        self.expect(run("verify", "late", "--require-signature", "--ca-file", "cert.pem"), 0)
+
+    def test_a_time_stamp_is_tried_again(self):
+        command = "test -e tried || { touch tried; echo no service; false; }"
+        self.expect(run("layout", "layout.json", "own", "--product", "1k", "--sign-command", SIGN,
+                        "--timestamp-command", command, "--set", "release=",
+                        "--set", "installer=build/release/installer.exe"), 0)
+
+    def test_unsigned_does_not_replace_signed(self):
+        before = files("media"), files("signed")
+        self.expect(run("layout", "layout.json", "media", "--release", "plain"), 1, "is signed")
+        self.expect(run("release", "signed"), 1, "is signed")
+        self.assertEqual(before, (files("media"), files("signed")))
+
+    def test_only_its_own_is_replaced(self):
+        for source, words in (("plain", ["release", "copy"]),
+                              ("media", ["layout", "layout.json", "copy", "--release", "plain"])):
+            for name, content in (("1k/notes", b"mine"), ("1k/Install.exe", executable())):
+                folder = self.copy(source)
+                (folder / name).write_bytes(content)
+                before = files(folder)
+                self.expect(run(*words), 1, name.partition("/")[2], "left alone")
+                self.assertEqual(files(folder), before)
+
+    def test_a_changed_release_is_seen(self):
+        image = run("stamp", "build/release/installer.exe", "1k", "x.exe", "--build", "9.9.9.9")
+        changes = {
+            "another build": (lambda copy: shutil.copy("x.exe", copy / "1k/Install.exe"), "builds"),
+            "a product less": (lambda copy: shutil.rmtree(copy / "1k"), "1k/Install.exe"),
+            "a linked folder": (lambda copy: (copy / "x").symlink_to("/usr"), "x: is a link"),
+            "another file": (lambda copy: (copy / "1k/x").write_text("x"), "1k/x"),
+        }
+        self.expect(image, 0)
+        for what, (change, message) in changes.items():
+            with self.subTest(what):
+                copy = self.copy("plain")
+                change(copy)
+                list_anew(copy)
+                self.expect(run("verify", copy), 1, message)
+
+    def test_all_that_is_missing_is_told_at_once(self):
+        shutil.copytree("parts", "fewer/parts")
+        for name in ("1k/Setup.Exe", "1m/Setup.Exe"):
+            Path("fewer/parts", name).unlink()
+        Path("fewer/parts/04/Setup.Exe").write_bytes(b"MZ")
+        Path("fewer/contents").mkdir()
+        Path("fewer/contents/linked").symlink_to("/usr")
+        Path("fewer/layout.json").write_text(Path("layout.json").read_text())
+        result = run("layout", "fewer/layout.json", "none", "--release", "signed", "--set",
+                     "07.contents=fewer/contents", "--set", "0g.installerName=Install")
+        self.expect(result, 1, "1k/Setup.Exe", "1m/Setup.Exe", "04/Setup.Exe", "linked",
+                    "ending in .exe")
+        self.assertFalse(Path("none").exists())
+
+    def test_a_folder_that_cannot_be_moved_changes_nothing(self):
+        copy = self.copy("media")
+        before = files(copy)
+        words = ["layout", "layout.json", copy, "--release", "signed", "--build", "17.0.0.0"]
+        if os.geteuid() == 0:
+            subprocess.run(["mount", "--bind", copy / "1k", copy / "1k"], check=True)
+        try:
+            self.expect(run(*words), 1, "nothing was changed")
+        finally:
+            subprocess.run(["umount", copy / "1k"], check=True)
+        self.assertEqual(files(copy), before)
+        self.expect(run(*words), 0, "23 made")
+
+    def test_a_killed_run_is_cleared_by_the_next(self):
+        for name in ("KILL", "HUP"):
+            killed = run("release", "killed", "--jobs", "1", "--sign-command", f"kill -{name} $PPID")
+            self.assertNotEqual(killed.returncode, 0)
+        self.assertEqual(killed.returncode, 1, killed.stderr)
+        self.assertEqual(os.listdir("killed"), [])
+
+    def test_links_are_followed(self):
+        Path("real").mkdir()
+        Path("link").symlink_to("real")
+        Path("dangling").symlink_to("nowhere")
+        self.expect(run("release", "link"), 0)
+        self.assertTrue(Path("link").is_symlink() and Path("real/SHA256SUMS").exists())
+        self.expect(run("release", "dangling"), 1, "is a link")
+
+    def test_what_the_command_line_sets(self):
+        self.expect(run("layout", "layout.json", "set", "--release", "plain", "--product", "1k",
+                        "--product", "1w", "--build", "17.1.2.3", "--launcher",
+                        "--set", "1w.installerName=Start.exe"), 0)
+        self.assertEqual(Path("set/1w/ProductData.ini").read_bytes(),
+                         b"[Version Number]\r\nVersion Number=17.1.2.3\r\n")
+        self.assertIn(b'"%~dp0Start.exe" -dir "%~dp0\\"\r\n',
+                      Path("set/1w/install.cmd").read_bytes())
+        media = json.loads(Path("set/media.json").read_text())["media"]
+        self.assertEqual([(one["code"], one["build"]) for one in media],
+                         [("1k", "17.1.2.3"), ("1w", "17.1.2.3")])
+
+    def test_wrong_input_is_named(self):
+        Path("tick.ini").write_bytes(b"[Version Number]\r\nVersion Number=1.2`3\r\n")
+        Path("broken.json").write_text('{\n  "build" 1}')
+        rows = [
+            (["encipher", "tick.ini", "tick.inx"], 1, '"`"'),
+            (["layout", "broken.json", "x"], 1, "line 2, column"),
+            (["stamp", "build/release/installer.exe", "1k", "\u0416", "x.exe"], 1, "\u0416"),
+            (["layout", "layout.json", "x", "--set", "nam=x"], 1, "nam"),
+            (["stamp", "build/release/installer.exe", "1K", "y.exe", "--strict"], 1, "stamped as"),
+        ]
+        for words, code, message in rows:
+            with self.subTest(words):
+                self.expect(run(*words), code, message)
+        self.assertFalse(Path("y.exe").exists())
+        with open("/dev/full", "w", encoding="ascii") as full:
+            self.assertEqual(subprocess.run([TOOL, "products"], stdout=full, stderr=subprocess.PIPE,
+                                            check=False).returncode, 1)
+
+
+if __name__ == "__main__":
+    unittest.main()
