@@ -40,14 +40,12 @@ struct Choices {
 
 LayoutDescription describe(const Choices& choices) {
     LayoutDescription description(choices.description, choices.settings);
-    if (!choices.build.empty()) {
-        description.setBuild(choices.build);
-    }
-    if (!choices.release.empty()) {
-        description.setRelease(choices.release);
-    }
-    if (choices.launcher) {
-        description.setLauncher();
+    for (const auto& [key, value] :
+         {std::pair("build", choices.build), std::pair("release", choices.release),
+          std::pair("launcher", std::string(choices.launcher ? "true" : ""))}) {
+        if (!value.empty()) {
+            description.setForAll(key, value);
+        }
     }
     return description;
 }

@@ -1,6 +1,7 @@
 #include "desk/media/layout_description.h"
 
 #include <algorithm>
+#include <map>
 
 #include "app/direct_install.h"
 #include "app/setup_parameters.h"
@@ -15,51 +16,19 @@ namespace fs = std::filesystem;
 
 namespace {
 
-constexpr const char* keys[] = {"installer", "installerName", "build",       "productData",
-                                "setup",     "flatten",       "uninstaller", "archives",
-                                "contents",  "name",          "release",     "launcher"};
-constexpr const char* pathKeys[] = {"installer", "setup",    "flatten", "uninstaller",
-                                    "archives",  "contents", "release"};
+enum class Kind { Text, Path, Choice };
 
-bool isOneOf(const std::string& key, const auto& known) {
-    return std::find(std::begin(known), std::end(known), key) != std::end(known);
-}
+const std::map<std::string, Kind> kinds = {
+    {"installer", Kind::Path},   {"installerName", Kind::Text}, {"build", Kind::Text},
+    {"productData", Kind::Text}, {"setup", Kind::Path},         {"flatten", Kind::Path},
+    {"uninstaller", Kind::Path}, {"archives", Kind::Path},      {"contents", Kind::Path},
+    {"name", Kind::Text},        {"release", Kind::Path},       {"launcher", Kind::Choice}};
 
 }  // namespace
 
 const char* const exampleLayoutDescription =
-    R"(// What the media of the products are made of. Paths are relative to this file; "{code}" in a path
-// stands for the product's code in lower case.
-{
-  // The folder that "installer-tool release" made; its installers go to the media byte for byte.
-  // Without it, they are made of the built installer, "installer": "build/release/installer.exe".
-  "release": "out/release",
-
-  // The installer's name on the media, and whether "install.cmd", which starts it with the right
-  // folder, and "autorun.inf" are laid beside it.
-  "installerName": "Install.exe",
-  "launcher": true,
-
-  // The build that is installed, four numbers, and how the product data are written:
-  // "enciphered" (ProductData.inx) or "plain" (ProductData.ini).
-  "build": "16.4.12000.0",
-  "productData": "enciphered",
-
-  // Where the files of a run lie: "Setup.Exe"; "flatten.exe"; "UninstallQmx.exe"; the folder of the
-  // driver archives. Only those that a product needs are looked for.
-  "setup": "parts/{code}/Setup.Exe",
-  "flatten": "parts/common/flatten.exe",
-  "uninstaller": "parts/common/UninstallQmx.exe",
-  "archives": "parts/drivers",
-
-  // What differs for a product: any of the entries above but "release"; also "contents", a folder whose files go
-  // to the media as they are, and, where installers are made, "name", another name for the title.
-  "products": {
-    "1k": { "build": "16.4.12001.0" },
-    "1w": { "productData": "plain" }
-  }
-}
-)";
+#include "layout_example.inc"
+    ;
 
 LayoutDescription::LayoutDescription(const std::string& descriptionFile,
                                      const std::vector<std::string>& settings)
@@ -87,12 +56,14 @@ void LayoutDescription::requireKnown(const Json& entries, const std::string& whe
     if (!entries.is_object()) {
         refuse(where + " is no object.");
     }
+    const bool isGeneral = &entries == &document;
     for (const auto& [key, value] : entries.items()) {
-        const bool isGeneral = &entries == &document;
-        const bool isKnown = key == "products"   ? isGeneral && value.is_object()
-                             : key == "launcher" ? value.is_boolean()
-                             : key == "release"  ? isGeneral && value.is_string()
-                                                 : isOneOf(key, keys) && value.is_string();
+        const auto kind = kinds.find(key);
+        const bool isKnown =
+            key == "products"
+                ? isGeneral && value.is_object()
+                : kind != kinds.end() && (isGeneral || key != "release") &&
+                      (kind->second == Kind::Choice ? value.is_boolean() : value.is_string());
         if (!isKnown) {
             refuse("the entry \"" + key + "\" in " + where +
                    " is not known or of the wrong kind; \"installer-tool layout --example\" shows "
@@ -106,44 +77,30 @@ void LayoutDescription::set(const std::string& setting) {
     if (sign == std::string::npos) {
         throw Refusal("The setting \"" + setting + "\" is not KEY=VALUE or CODE.KEY=VALUE.");
     }
-    const bool isOfProduct = dot < sign;
-    const std::string key =
-        setting.substr(isOfProduct ? dot + 1 : 0, sign - (isOfProduct ? dot + 1 : 0));
-    std::string value = setting.substr(sign + 1);
-    if (!value.empty() && isOneOf(key, pathKeys)) {
-        value = fs::absolute(value).string();
-    }
+    const std::size_t start = dot < sign ? dot + 1 : 0;
+    const std::string key = setting.substr(start, sign - start), value = setting.substr(sign + 1);
     // One entry of a product, whatever the letter case of its code.
-    std::string code = setting.substr(0, isOfProduct ? dot : 0);
+    std::string code = start == 0 ? "" : setting.substr(0, dot);
     for (const auto& [known, entries] : document.at("products").items()) {
         code = equalIgnoringCase(known, code) ? known : code;
     }
-    Json& entries = isOfProduct ? document["products"][code] : document;
-    entries[key] = key == "launcher" && (value == "true" || value == "false")
-                       ? Json(value == "true")
-                       : Json(value);
-    requireKnown(entries, "\"" + setting + '"');
+    Json& entries = code.empty() ? document : document["products"][code];
+    const Kind kind = kinds.contains(key) ? kinds.at(key) : Kind::Text;
+    entries[key] = kind == Kind::Path && !value.empty() ? fs::absolute(value).string() : value;
+    if (kind == Kind::Choice && (value == "true" || value == "false")) {
+        entries[key] = value == "true";
+    }
+    requireKnown(entries, '"' + setting + '"');
     if (value.empty()) {
         entries.erase(key);
     }
 }
 
-void LayoutDescription::setBuild(const std::string& build) {
-    document["build"] = build;
+void LayoutDescription::setForAll(const std::string& key, const std::string& value) {
     for (Json& entries : document["products"]) {
-        entries.erase("build");
+        entries.erase(key);
     }
-}
-
-void LayoutDescription::setRelease(const std::string& folder) {
-    document["release"] = fs::absolute(folder).string();
-}
-
-void LayoutDescription::setLauncher() {
-    document["launcher"] = true;
-    for (Json& entries : document["products"]) {
-        entries.erase("launcher");
-    }
+    set(key + '=' + value);
 }
 
 Json LayoutDescription::find(const std::string& code, const std::string& key) const {

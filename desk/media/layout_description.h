@@ -19,14 +19,12 @@ extern const char* const exampleLayoutDescription;
 class LayoutDescription {
   public:
     /// `settings` are entries from the command line, "KEY=VALUE" or "CODE.KEY=VALUE", which count
-    /// before those of the file; their paths are relative to the current folder, and an empty value
+    /// before those of the file; their paths are relative to the current folder; an empty VALUE
     /// takes the entry away.
     LayoutDescription(const std::string& file, const std::vector<std::string>& settings);
 
-    /// Puts a build in the place of every other.
-    void setBuild(const std::string& build);
-    void setRelease(const std::string& folder);
-    void setLauncher();
+    /// Puts a general entry in the place of every product's own.
+    void setForAll(const std::string& key, const std::string& value);
 
     /// The release that installers are taken from; nothing when they are to be made.
     [[nodiscard]] std::optional<std::filesystem::path> release() const;

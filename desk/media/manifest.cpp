@@ -84,11 +84,11 @@ std::vector<FileProblem> compareWithList(const fs::path& folder, const std::stri
         }
         digests.erase(file);
     }
+    for (const FileProblem& problem : problems) {
+        digests.erase(problem.file);
+    }
     for (const auto& [file, digest] : digests) {
-        if (std::none_of(problems.begin(), problems.end(),
-                         [&file](const FileProblem& problem) { return problem.file == file; })) {
-            problems.push_back({file, "is missing"});
-        }
+        problems.push_back({file, "is missing"});
     }
     return problems;
 }

@@ -5,18 +5,12 @@
 #include "catalogue/product_data_file.h"
 #include "desk/refusal.h"
 #include "desk/western_text.h"
+#include "platform/ansi_text.h"
 
 bool endLinesAsWindowsDoes(std::string& text) {
-    std::string result;
-    for (std::size_t index = 0; index < text.size(); ++index) {
-        if (text[index] == '\n' && (index == 0 || text[index - 1] != '\r')) {
-            result += '\r';
-        }
-        result += text[index];
-    }
-    const bool changed = result != text;
-    text = std::move(result);
-    return changed;
+    std::string result = replaceAll(replaceAll(text, "\r\n", "\n", false), "\n", "\r\n", false);
+    std::swap(result, text);
+    return result != text;
 }
 
 std::string buildIn(std::string_view text, const std::string& file) {

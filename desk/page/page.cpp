@@ -7,7 +7,7 @@ namespace {
 
 // page.html, which CMake puts between quotes.
 constexpr std::string_view pageTemplate =
-#include "page_template.inc"
+#include "page.inc"
     ;
 
 constexpr std::string_view sampleStart = "<script type=\"application/json\" id=\"runs\">";
