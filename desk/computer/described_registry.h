@@ -6,7 +6,7 @@
 #include <memory>
 #include <string>
 
-#include "desk/computer/registry_export.h"
+#include "desk/computer/registry_content.h"
 #include "platform/registry_key.h"
 
 /// Where reading a key fails, and with which Windows error code; 0: nowhere.

@@ -15,12 +15,6 @@ constexpr std::string_view olderHeader = "REGEDIT4";
 constexpr std::string_view header = "Windows Registry Editor Version 5.00";
 constexpr std::string_view localMachine = "HKEY_LOCAL_MACHINE\\";
 
-// Of winnt.h.
-constexpr std::uint32_t typeText = 1;
-constexpr std::uint32_t typeBinary = 3;
-constexpr std::uint32_t typeNumber = 4;
-constexpr std::uint32_t typeTexts = 7;
-
 constexpr std::size_t longestPath = 16384;
 constexpr std::size_t mostProblems = 20;
 
@@ -33,18 +27,6 @@ std::string decoded(std::string_view content) {
         return fromUtf8(content.substr(3));
     }
     return std::string(content);
-}
-
-/// The rank of a byte in the order of keys: the separator first, letters as capitals.
-unsigned rank(char character) {
-    if (character == '\\') {
-        return 0;
-    }
-    const auto byte = static_cast<unsigned char>(character);
-    const bool ascii = byte < 0x80;  // by far the most, and compared often
-    const auto lower =
-        ascii ? byte : static_cast<unsigned char>(lowerCase(std::string_view(&character, 1))[0]);
-    return lower >= 'a' && lower <= 'z' ? lower - ('a' - 'A') : lower;
 }
 
 class Reader {
@@ -183,7 +165,7 @@ class Reader {
 
     [[nodiscard]] std::optional<RegistryValue> valueOf(std::string name,
                                                        std::string_view data) const {
-        RegistryValue value{std::move(name), typeBinary, ""};
+        RegistryValue value{std::move(name), registryTypeBinary, ""};
         if (data.starts_with("dword:")) {
             std::uint32_t number = 0;
             const char* const end = data.data() + data.size();
@@ -191,7 +173,7 @@ class Reader {
             if (error != std::errc() || stop != end) {
                 return std::nullopt;
             }
-            value.type = typeNumber;
+            value.type = registryTypeNumber;
             for (int shift = 0; shift < 32; shift += 8) {
                 value.data += static_cast<char>(number >> shift);
             }
@@ -215,7 +197,7 @@ class Reader {
         if (!readBytes(data.substr(colon + 1), value.data)) {
             return std::nullopt;
         }
-        if (wideData && (isStringType(value.type) || value.type == typeTexts)) {
+        if (wideData && (isStringType(value.type) || value.type == registryTypeTexts)) {
             value.data = fromUtf16(value.data);
         }
         return value;
@@ -254,48 +236,6 @@ class Reader {
 };
 
 }  // namespace
-
-bool KeyPathOrder::operator()(std::string_view left, std::string_view right) const {
-    return std::lexicographical_compare(
-        left.begin(), left.end(), right.begin(), right.end(),
-        [](char one, char other) { return rank(one) < rank(other); });
-}
-
-bool isBelow(std::string_view path, std::string_view parent) {
-    return path.size() > parent.size() + 1 && path[parent.size()] == '\\' &&
-           equalIgnoringCase(path.substr(0, parent.size()), parent);
-}
-
-void RegistryValues::set(RegistryValue value) {
-    const auto [position, added] = positions.try_emplace(lowerCase(value.name), list.size());
-    if (added) {
-        list.push_back(std::move(value));
-    } else {
-        list[position->second] = std::move(value);
-    }
-}
-
-void RegistryValues::remove(std::string_view name) {
-    const auto found = positions.find(lowerCase(name));
-    if (found == positions.end()) {
-        return;
-    }
-    const std::size_t removed = found->second;
-    list.erase(list.begin() + static_cast<std::ptrdiff_t>(removed));
-    positions.erase(found);
-    for (auto& [known, position] : positions) {
-        position -= position > removed ? 1 : 0;
-    }
-}
-
-const RegistryValue* RegistryValues::find(std::string_view name) const {
-    const auto found = positions.find(lowerCase(name));
-    return found == positions.end() ? nullptr : &list[found->second];
-}
-
-RegistryValue registryText(std::string name, std::string text) {
-    return {std::move(name), typeText, std::move(text) + '\0'};
-}
 
 bool isRegistryExport(std::string_view content) {
     const std::string start = decoded(content.substr(0, 100));
