@@ -39,7 +39,8 @@ if(INSTALLER_SANITIZE)
 endif()
 if(INSTALLER_FUZZERS)
   target_compile_options(build_options INTERFACE
-    -fsanitize=fuzzer-no-link,address,undefined -fno-sanitize-recover=all)
+    -fsanitize=fuzzer-no-link,address,undefined -fno-sanitize-recover=all
+    -fno-sanitize=vptr)  # the product is without type information
   target_compile_definitions(build_options INTERFACE _GLIBCXX_ASSERTIONS)
   target_link_options(build_options INTERFACE -fsanitize=address,undefined)
 endif()
