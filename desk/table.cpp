@@ -6,7 +6,7 @@ std::string inColumns(const std::vector<std::vector<std::string>>& rows) {
     std::vector<std::size_t> widths;
     for (const auto& row : rows) {
         widths.resize(std::max(widths.size(), row.size()));
-        for (std::size_t column = 0; column < row.size(); ++column) {
+        for (std::size_t column = 0; row.size() > 1 && column < row.size(); ++column) {
             widths[column] = std::max(widths[column], row[column].size());
         }
     }
@@ -18,6 +18,7 @@ std::string inColumns(const std::vector<std::vector<std::string>>& rows) {
                 text.append(widths[column] - row[column].size() + 2, ' ');
             }
         }
+        text.erase(text.find_last_not_of(' ') + 1);
         text += '\n';
     }
     return text;

@@ -1,20 +1,23 @@
+// Tells what installers will do with their media, and whether those are what was to be delivered.
 #include <CLI/CLI.hpp>
 #include <filesystem>
-#include <iostream>
 #include <memory>
 #include <nlohmann/json.hpp>
+#include <set>
 
-#include "catalogue/product_catalogue.h"
 #include "desk/commands/command.h"
 #include "desk/computer/dry_run.h"
-#include "desk/computer/machine_description.h"
+#include "desk/media/manifest.h"
 #include "desk/media/media_folder.h"
+#include "desk/media/media_report.h"
+#include "desk/media/media_set.h"
 #include "desk/media/product_facts.h"
-#include "desk/page/dry_run_text.h"
 #include "desk/page/page.h"
 #include "desk/refusal.h"
+#include "desk/table.h"
 #include "desk/western_text.h"
 #include "desk/whole_file.h"
+#include "platform/ansi_text.h"
 
 namespace {
 
@@ -24,91 +27,25 @@ struct Choices {
     std::string installer;
     std::string folder;
     std::string release;
-    std::string directory = "D:\\";
-    std::string requiredBuild;
+    std::vector<std::string> codes;
+    MediaChoices media;
     std::vector<std::string> machineFiles;
     MachineChoices machine;
     std::string page;
 };
 
-/// What is known of one media folder.
-struct Checked {
-    std::string where;
-    MediaReport report;
-    std::vector<DryRun> runs;
-};
-
-MachineDescription describedMachine(const std::string& file, const MachineChoices& choices) {
-    MachineDescription machine;
-    std::string error;
-    if (file.empty()) {
-        if (!emptyMachine(choices, machine, error)) {
-            throw Refusal(error + '.');
-        }
-        machine.name = "nothing installed";
-        return machine;
-    }
-    const std::optional<std::string> description = readWholeFile(file);
-    if (!description) {
-        throw Refusal("Cannot read the machine's description \"" + file + "\".");
-    }
-    const fs::path folder = fs::path(file).parent_path();
-    const auto readNamed = [&folder](const std::string& name) {
-        return readWholeFile((folder / name).string());
-    };
-    if (!readMachine(*description, readNamed, choices, machine, error)) {
-        throw Refusal("\"" + file + "\": " + error + '.');
-    }
-    machine.name = fs::path(file).filename().string();
-    return machine;
-}
-
 /// None where nothing was said that asks for a dry run.
 std::vector<MachineDescription> describedMachines(const Choices& choices) {
     std::vector<MachineDescription> machines;
     for (const std::string& file : choices.machineFiles) {
-        machines.push_back(describedMachine(file, choices.machine));
+        machines.push_back(readMachine(file, choices.machine));
     }
     if (machines.empty() &&
         (!choices.machine.windows.empty() || choices.machine.bits != 0 || !choices.page.empty())) {
-        machines.push_back(describedMachine("", choices.machine));
+        machines.push_back(emptyMachine(choices.machine));
+        machines.back().name = "nothing installed";
     }
     return machines;
-}
-
-Checked checkMedia(const fs::path& installer, const fs::path& folder, const Choices& choices,
-                   const std::vector<MachineDescription>& machines) {
-    Media media = mediaOf(installer, folder, choices.directory);
-    media.requiredBuild = choices.requiredBuild;
-    CProductData catalogue;
-    Checked checked{folder.string(), examineMedia(media, catalogue), {}};
-    for (const MachineDescription& machine : machines) {
-        if (checked.report.productCode.empty()) {
-            break;
-        }
-        checked.runs.push_back(dryRun(dryRunMedia(media, checked.report), machine));
-    }
-    return checked;
-}
-
-/// Every folder of a release; one without an installer is a problem of its own.
-std::vector<Checked> checkRelease(const Choices& choices,
-                                  const std::vector<MachineDescription>& machines) {
-    std::vector<Checked> all;
-    for (const fs::path& folder : foldersIn(choices.release)) {
-        if (const std::optional<fs::path> installer = findInstaller(folder)) {
-            all.push_back(checkMedia(*installer, folder, choices, machines));
-        } else {
-            Checked checked{folder.string(), {}, {}};
-            checked.report.problems.emplace_back(
-                "There is no stamped installer, or more than one.");
-            all.push_back(std::move(checked));
-        }
-    }
-    if (all.empty()) {
-        throw Refusal("\"" + choices.release + "\" holds no media folders.");
-    }
-    return all;
 }
 
 /// The runs of all products from media that hold everything.
@@ -117,134 +54,144 @@ Json runsOfAll(const Choices& choices, const std::vector<MachineDescription>& ma
     for (const ProductFacts& product : allProductFacts()) {
         Json one = {{"productCode", product.code}, {"productName", product.name}};
         for (const MachineDescription& machine : machines) {
-            const DryRun run = dryRun({.identity = {product.code, product.name},
-                                       .sourceDirectory = choices.directory,
-                                       .files = product.files},
-                                      machine);
-            one["build"] = toUtf8(run.build);
-            one["runs"].push_back(dryRunAsJson(run));
+            one["runs"].push_back(dryRun({.identity = {product.code, product.name},
+                                          .sourceDirectory = fromUtf8(choices.media.directory),
+                                          .files = product.files},
+                                         machine));
+            one["build"] = one["runs"].back()["build"];
         }
         media.push_back(std::move(one));
     }
     return media;
 }
 
-std::string column(std::string text, std::size_t width) {
-    text.resize(std::max(width, text.size()), ' ');
-    return text + "  ";
+/// What the set says otherwise of a folder in it.
+std::vector<std::string> differences(const fs::path& folder, const SetMember& member,
+                                     const Json& report) {
+    std::vector<std::string> all;
+    const std::string code = report["productCode"], build = report["build"];
+    if (!code.empty() && !equalIgnoringCase(code, folder.filename().string())) {
+        all.push_back("The installer is that of product " + code + '.');
+    }
+    if (!member.build.empty() && build != member.build) {
+        all.push_back("The build is " + build + ", and the set is made of " + member.build + '.');
+    }
+    const std::string manifest = readWholeFile((folder / manifestFile).string()).value_or("");
+    if (!member.manifest.empty() && sha256(manifest) != member.manifest) {
+        all.push_back(std::string(manifestFile) + " is missing or not that of the set.");
+    }
+    return all;
+}
+
+/// The reports of a whole set, and what is wrong with it beyond them.
+Json checkSet(const Choices& choices, const std::vector<MachineDescription>& machines) {
+    Json document = {{"media", Json::array()}, {"problems", Json::array()}};
+    MediaSet missing =
+        choices.codes.empty() ? readMediaSet(choices.release) : mediaSetOf(choices.codes);
+    std::set<std::string> builds;  // of members that may be of any, if all are of the same
+    for (const fs::path& folder : entriesIn(choices.release)) {
+        const std::string name = folder.filename().string();
+        if (name == mediaSetFile) {
+            continue;
+        }
+        const auto member = missing.find(lowerCase(name));
+        if (member == missing.end() || fs::is_symlink(folder) || !fs::is_directory(folder)) {
+            document["problems"].push_back('"' + name + "\" is no media folder of this set.");
+            continue;
+        }
+        Json report = emptyReport(folder.string());
+        try {
+            report = examineMedia(findInstaller(folder), folder, choices.media, machines);
+            if (member->second.build.empty()) {
+                builds.insert(report["build"].get<std::string>());
+            }
+            for (const std::string& difference : differences(folder, member->second, report)) {
+                report["problems"].push_back(difference);
+            }
+        } catch (const Refusal& reason) {
+            report["problems"].push_back(reason.what());
+        }
+        concludeReport(report);
+        document["media"].push_back(std::move(report));
+        missing.erase(member);
+    }
+    for (const auto& [code, member] : missing) {
+        document["problems"].push_back("The media of product " + code + " are missing.");
+    }
+    if (builds.size() > 1) {
+        document["problems"].push_back("The media are of different builds: " + joined(builds));
+    }
+    return document;
+}
+
+bool isEach(const Json& media, bool (*holds)(const Json& report)) {
+    return std::all_of(media.begin(), media.end(), holds);
 }
 
 /// A line for each folder, and what is wrong with it below.
-std::string releaseAsText(const std::vector<Checked>& all) {
-    std::string text;
+std::string setInWords(const Json& document) {
+    std::vector<std::vector<std::string>> rows;
     std::size_t complete = 0;
-    std::size_t nameWidth = 0;
-    for (const Checked& checked : all) {
-        nameWidth = std::max(nameWidth, checked.report.productName.size());
-    }
-    for (const Checked& checked : all) {
-        const MediaReport& report = checked.report;
-        complete += report.isComplete() ? 1 : 0;
-        text += column(report.isComplete() ? "complete" : "NOT COMPLETE", 12) +
-                column(fs::path(checked.where).filename().string(), 4) +
-                column(report.productName, nameWidth) + report.build + '\n';
-        for (const MediaFile& file : report.files) {
-            if (!file.present || !file.damage.empty()) {
-                text += "    " + file.name + ": " + (file.present ? file.damage : "missing") + '\n';
-            }
+    for (const Json& report : document["media"]) {
+        const bool isComplete = report["complete"];
+        complete += isComplete ? 1 : 0;
+        rows.push_back({isComplete ? "complete" : "NOT COMPLETE",
+                        fs::path(report.value("folder", "")).filename().string(),
+                        report["productName"], report["build"],
+                        signatureInWords(report["signature"])});
+        for (const std::string& fault : faultsOf(report)) {
+            rows.push_back({"    " + fault});
         }
-        for (const std::string& problem : report.problems) {
-            text += "    " + problem + '\n';
-        }
-        for (const std::string& warning : report.warnings) {
-            text += "    warning: " + warning + '\n';
+        for (const std::string warning : report["warnings"]) {
+            rows.push_back({"    warning: " + warning});
         }
     }
-    return text + '\n' + std::to_string(complete) + " of " + std::to_string(all.size()) +
-           " media folders are complete\n";
+    std::string words = inColumns(rows) + '\n';
+    for (const std::string problem : document["problems"]) {
+        words += "PROBLEM   " + problem + '\n';
+    }
+    return words + std::to_string(complete) + " of " + std::to_string(document["media"].size()) +
+           " media folders are complete" +
+           (document["complete"] == true ? "\n" : "; the set is NOT COMPLETE\n");
 }
 
-Json toJson(const Checked& checked) {
-    Json json = asJson(checked.report);
-    if (checked.runs.size() == 1) {
-        json["run"] = dryRunAsJson(checked.runs.front());
-    }
-    for (std::size_t run = 0; checked.runs.size() > 1 && run < checked.runs.size(); ++run) {
-        json["runs"].push_back(dryRunAsJson(checked.runs[run]));
-    }
-    return json;
-}
-
-void print(const std::vector<Checked>& all, const Choices& choices, bool json) {
-    if (!choices.release.empty()) {
-        if (json) {
-            Json document = {{"media", Json::array()}, {"complete", true}};
-            for (const Checked& checked : all) {
-                Json one = toJson(checked);
-                one["folder"] = checked.where;
-                document["complete"] = document["complete"] && checked.report.isComplete();
-                document["media"].push_back(std::move(one));
-            }
-            printJson(document);
-        } else {
-            std::cout << releaseAsText(all);
-        }
-        return;
-    }
-    for (const Checked& checked : all) {
-        if (json) {
-            printJson(toJson(checked));
-        } else {
-            for (const DryRun& run : checked.runs) {
-                std::cout << dryRunAsText(run) << '\n';
-            }
-            std::cout << asText(checked.report);
-        }
-    }
-}
-
-void writePage(Json media, const Choices& choices,
-               const std::vector<MachineDescription>& machines) {
-    Json report = {{"computers", Json::array()}, {"media", std::move(media)}};
-    for (const MachineDescription& machine : machines) {
-        report["computers"].push_back(
-            {{"name", toUtf8(machine.name)}, {"administrator", machine.administrator}});
-    }
-    writeOutput(choices.page, pageOf(report));
-}
-
-int check(const Choices& choices, bool json) {
-    const bool ofMedia = !choices.installer.empty();
-    const bool ofRelease = !choices.release.empty();
-    if (ofMedia == ofRelease && (ofMedia || choices.page.empty())) {
+void check(const Choices& choices, Session& session) {
+    const bool ofMedia = !choices.installer.empty(), ofSet = !choices.release.empty();
+    if (ofMedia == ofSet && (ofMedia || choices.page.empty())) {
         throw CLI::ValidationError("check", "needs INSTALLER and FOLDER, or --release FOLDER");
     }
     if (ofMedia && choices.folder.empty()) {
         throw CLI::ValidationError("check", "FOLDER, the media folder, is missing");
     }
     const std::vector<MachineDescription> machines = describedMachines(choices);
-    if (!ofMedia && !ofRelease) {
-        writePage(runsOfAll(choices, machines), choices, machines);
-        return exitGood;
+    Json document = {{"problems", Json::array()}};
+    document["media"] = ofMedia ? Json::array({examineMedia(choices.installer, choices.folder,
+                                                            choices.media, machines)})
+                                : runsOfAll(choices, machines);
+    if (ofSet) {
+        document = checkSet(choices, machines);
     }
-    std::vector<Checked> all;
-    if (ofRelease) {
-        all = checkRelease(choices, machines);
-    } else {
-        all.push_back(checkMedia(choices.installer, choices.folder, choices, machines));
-    }
-    print(all, choices, json);
-    Json media = Json::array();
-    bool complete = true;
-    for (const Checked& checked : all) {
-        complete = complete && checked.report.isComplete();
-        media.push_back(toJson(checked));
-        media.back()["folder"] = checked.where;
+    document["complete"] =
+        document["problems"].empty() && isEach(document["media"], [](const Json& report) {
+            return report.value("complete", true);
+        });
+    document["computers"] = Json::array();
+    for (const MachineDescription& machine : machines) {
+        document["computers"].push_back(
+            {{"name", machine.name}, {"administrator", machine.administrator}});
     }
     if (!choices.page.empty()) {
-        writePage(std::move(media), choices, machines);
+        writeOutput(choices.page, pageOf(document));
     }
-    return complete ? exitGood : exitWrong;
+    if (ofMedia) {
+        printResult(session, document["media"][0], mediaInWords(document["media"][0]));
+    } else {
+        printResult(session, document, ofSet ? setInWords(document) : "");
+    }
+    const bool isNoteworthy = session.strict && !isEach(document["media"], [](const Json& report) {
+                                  return report.value("warnings", Json::array()).empty();
+                              });
+    session.exitCode = document["complete"] == true && !isNoteworthy ? exitGood : exitWrong;
 }
 
 }  // namespace
@@ -257,20 +204,23 @@ void addCheckCommand(CLI::App& app, Session& session) {
     command->add_option("INSTALLER", choices->installer, "The stamped installer");
     command->add_option("FOLDER", choices->folder, "The media folder");
     command->add_option("--release", choices->release,
-                        "Check every media folder in this folder instead");
-    command->add_option("--dir", choices->directory, "The folder as the launcher names it")
+                        "Check all media folders in this folder instead: those that \"layout\" "
+                        "listed there, else those of all products, of one build");
+    addRepeated(*command, "--product", choices->codes, "CODE",
+                "With --release: the media are those of this product; may be repeated");
+    command->add_option("--dir", choices->media.directory, "The folder as the launcher names it")
         ->capture_default_str();
-    command->add_option("--build", choices->requiredBuild, "The build that the media must hold");
-    command
-        ->add_option("--installed", choices->machineFiles,
-                     "Tell the whole run on the machine that this file describes: JSON, or what "
-                     "regedit exports; given again, on another one beside it")
-        ->allow_extra_args(false);
+    command->add_option("--build", choices->media.requiredBuild,
+                        "The build that the media must hold");
+    addSignatureOptions(*command, choices->media.signature);
+    addRepeated(*command, "--installed", choices->machineFiles, "FILE",
+                "Tell the whole run on the machine that this file describes: JSON, or what "
+                "regedit exports; given again, on another one beside it");
     command->add_option("--windows", choices->machine.windows,
                         "The machine's release, such as \"Windows 7\"");
     command->add_option("--bits", choices->machine.bits, "The machine's bitness")
         ->check(CLI::IsMember({32, 64}));
     command->add_option("--html", choices->page,
                         "Write a page that shows the runs; without media, those of all products");
-    command->callback([choices, &session] { session.exitCode = check(*choices, session.json); });
+    command->callback([choices, &session] { check(*choices, session); });
 }

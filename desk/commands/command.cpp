@@ -14,8 +14,17 @@ CLI::App* addCommand(CLI::App& app, Session& session, const std::string& name,
     return command;
 }
 
-void printJson(const Json& document) {
-    std::cout << document.dump(2, ' ', true, Json::error_handler_t::replace) << '\n';
+void addRepeated(CLI::App& command, const std::string& name, std::vector<std::string>& values,
+                 const std::string& type, const std::string& description) {
+    command.add_option(name, values, description)
+        ->take_all()
+        ->type_name(type)
+        ->allow_extra_args(false);
+}
+
+void printResult(const Session& session, const Json& document, const std::string& words) {
+    std::cout << (session.json ? document.dump(2, ' ', true, Json::error_handler_t::replace) + '\n'
+                               : words);
 }
 
 void printNote(const Session& session, const std::string& subject, const std::string& note) {

@@ -3,6 +3,7 @@
 #pragma once
 
 #include <string>
+#include <vector>
 
 #include "desk/json.h"
 
@@ -25,8 +26,12 @@ struct Session {
 CLI::App* addCommand(CLI::App& app, Session& session, const std::string& name,
                      const std::string& description);
 
-/// Prints a document, indented, in ASCII alone.
-void printJson(const Json& document);
+/// Adds an option that takes one value and may be given again.
+void addRepeated(CLI::App& command, const std::string& name, std::vector<std::string>& values,
+                 const std::string& type, const std::string& description);
+
+/// Prints what a command found: the document, indented and in ASCII alone, or the same in words.
+void printResult(const Session& session, const Json& document, const std::string& words);
 
 /// Prints to the error output: `subject` and what is noteworthy about it. Throws Refusal with that
 /// when the session is strict, so it comes before anything is written.

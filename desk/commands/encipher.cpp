@@ -26,12 +26,6 @@ std::shared_ptr<Files> addFiles(CLI::App* command) {
     return files;
 }
 
-void report(const Session& session, const Files& files, const std::string& build) {
-    if (session.json) {
-        printJson({{"output", files.output}, {"build", toUtf8(build)}});
-    }
-}
-
 void encipherFile(const Files& files, const Session& session) {
     refuseSameFile(files.input, files.output);
     std::string text = readInput(files.input);
@@ -49,7 +43,7 @@ void encipherFile(const Files& files, const Session& session) {
         throw Refusal("\"" + files.input + "\": " + fault);
     }
     writeOutput(files.output, encipher(text));
-    report(session, files, build);
+    printResult(session, {{"output", files.output}, {"build", toUtf8(build)}}, "");
 }
 
 void decipherFile(const Files& files, const Session& session) {
@@ -60,7 +54,7 @@ void decipherFile(const Files& files, const Session& session) {
                       " Encipher the readable file anew.");
     }
     writeOutput(files.output, text);
-    report(session, files, "");
+    printResult(session, {{"output", files.output}}, "");
 }
 
 }  // namespace

@@ -27,7 +27,7 @@ std::string commandOfName(const std::string& program) {
 
 int fail(const Session& session, const std::string& command, const std::string& message) {
     if (session.json) {
-        printJson({{"error", message}});
+        printResult(session, {{"error", message}}, "");
     }
     std::cerr << command << ": " << message << '\n';
     return exitWrong;
@@ -64,7 +64,7 @@ int run(std::vector<std::string> arguments, const std::string& program) {
     } catch (const CLI::ParseError& error) {
         return app.exit(error) == 0 ? exitGood : exitUsage;
     } catch (const std::exception& error) {
-        return fail(session, program, error.what());
+        return fail(session, program, reasonOf(error));
     }
 }
 

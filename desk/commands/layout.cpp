@@ -2,7 +2,6 @@
 #include <CLI/CLI.hpp>
 #include <algorithm>
 #include <filesystem>
-#include <iostream>
 #include <memory>
 #include <nlohmann/json.hpp>
 #include <thread>
@@ -10,8 +9,8 @@
 #include "desk/commands/command.h"
 #include "desk/executables/stamp_image.h"
 #include "desk/media/installer_maker.h"
-#include "desk/media/media_folder.h"
 #include "desk/media/media_plan.h"
+#include "desk/media/media_report.h"
 #include "desk/media/media_set.h"
 #include "desk/media/release_folder.h"
 #include "desk/refusal.h"
@@ -113,21 +112,20 @@ void makeOwnInstallers(std::vector<MediaPlan>& all, const LayoutDescription& des
 
 /// Throws Refusal when the media that were made are not what a run needs.
 void check(const MediaPlan& media, const fs::path& folder) {
-    CProductData catalogue;
-    Media found = mediaOf(folder / media.installerName, folder, "D:\\");
-    found.requiredBuild = media.build;
+    const Json found =
+        examineMedia(folder / media.installerName, folder, {.requiredBuild = media.build}, {});
     refuseAll("The media of product " + media.facts.code + " would not be complete",
-              faultsOf(examineMedia(found, catalogue)));
+              faultsOf(found));
 }
 
 void report(const std::vector<MediaPlan>& all, const std::vector<std::string>& made,
-            const Choices& choices, bool json) {
+            const Choices& choices, const Session& session) {
     Json document = {{"folder", choices.folder}, {"media", Json::array()}};
     std::vector<std::vector<std::string>> rows;
     for (const MediaPlan& media : all) {
         const std::string folder = folderOf(media.facts.code);
         const bool isMade = std::find(made.begin(), made.end(), folder) != made.end();
-        Json files = Json::array();
+        std::vector<std::string> files;
         for (const PlannedFile& file : media.files) {
             files.push_back(file.name);
         }
@@ -137,29 +135,21 @@ void report(const std::vector<MediaPlan>& all, const std::vector<std::string>& m
                                      {"files", files},
                                      {"endsSilently", media.facts.endsSilently},
                                      {"changed", isMade}});
-        rows.push_back({folder, isMade ? "made" : "unchanged",
-                        std::to_string(media.files.size()) + " files", media.build,
-                        media.facts.name});
-        if (media.facts.endsSilently) {
-            rows.back().back() += "  (its run ends silently: nothing is installed)";
-        }
+        rows.push_back(
+            {folder, isMade ? "made" : "unchanged", std::to_string(files.size()) + " files",
+             media.build, media.facts.name,
+             media.facts.endsSilently ? "(its run ends silently: nothing is installed)" : ""});
     }
-    if (json) {
-        printJson(document);
-        return;
-    }
-    std::cout << inColumns(rows) << '\n'
-              << all.size() << " media folders in " << choices.folder << ", all complete; "
-              << made.size() << " made, " << all.size() - made.size() << " unchanged\n";
+    printResult(session, document,
+                inColumns(rows) + '\n' + std::to_string(all.size()) + " media folders in " +
+                    choices.folder + ", all complete; " + std::to_string(made.size()) + " made, " +
+                    std::to_string(all.size() - made.size()) + " unchanged\n");
 }
 
 void layOut(const Choices& choices, const Session& session) {
     if (choices.example) {
-        if (session.json) {
-            printJson(Json::parse(exampleLayoutDescription, nullptr, true, true));
-        } else {
-            std::cout << exampleLayoutDescription;
-        }
+        printResult(session, Json::parse(exampleLayoutDescription, nullptr, true, true),
+                    exampleLayoutDescription);
         return;
     }
     if (choices.folder.empty()) {
@@ -214,7 +204,7 @@ void layOut(const Choices& choices, const Session& session) {
     names.emplace_back(mediaSetFile);
     const bool isSame = readWholeFile((output.path() / mediaSetFile).string()) == asText(set);
     output.put(isSame && made.empty() ? std::vector<std::string>() : names);
-    report(all, made, choices, session.json);
+    report(all, made, choices, session);
 }
 
 }  // namespace
@@ -229,19 +219,13 @@ void addLayoutCommand(CLI::App& app, Session& session) {
     command->add_option("OUT", choices->folder,
                         "Where the media folders go; each is replaced whole, and only if something "
                         "in it changes");
-    command->add_option("--product", choices->codes, "Only this product; may be repeated")
-        ->take_all()
-        ->type_name("CODE")
-        ->allow_extra_args(false);
+    addRepeated(*command, "--product", choices->codes, "CODE",
+                "Only this product; may be repeated");
     command->add_option("--release", choices->release,
                         "Take the installers, byte for byte, from this release");
     command->add_option("--build", choices->build, "The build of all products");
-    command
-        ->add_option("--set", choices->settings,
-                     "An entry of the description, or of one product in it; may be repeated")
-        ->take_all()
-        ->type_name("KEY=VALUE|CODE.KEY=VALUE")
-        ->allow_extra_args(false);
+    addRepeated(*command, "--set", choices->settings, "KEY=VALUE|CODE.KEY=VALUE",
+                "An entry of the description, or of one product in it; may be repeated");
     command->add_flag("--launcher", choices->launcher,
                       "Lay \"install.cmd\", which starts the installer with the right folder, and "
                       "\"autorun.inf\" beside each installer");

@@ -1,7 +1,5 @@
 // Tells the products and what a run does for each.
 #include <CLI/CLI.hpp>
-#include <algorithm>
-#include <iostream>
 #include <nlohmann/json.hpp>
 
 #include "desk/commands/command.h"
@@ -10,47 +8,31 @@
 
 namespace {
 
-std::string joined(const std::vector<std::string>& texts) {
-    std::string all;
-    for (const std::string& text : texts) {
-        all += (all.empty() ? "" : ", ") + text;
-    }
-    return all.empty() ? "-" : all;
-}
-
-Json asJson(const ProductFacts& facts) {
-    return {
-        {"code", facts.code},
-        {"number", facts.number},
-        {"name", facts.name},
-        {"edition", facts.edition},
-        {"demonstrationOf", facts.demonstrationOf.empty() ? Json() : Json(facts.demonstrationOf)},
-        {"route", facts.route},
-        {"endsSilently", facts.endsSilently},
-        {"choices", facts.choices},
-        {"files", facts.files},
-        {"setupsPerProcessor", facts.setupsPerProcessor}};
-}
-
 void products(const Session& session) {
-    const std::vector<ProductFacts> all = allProductFacts();
-    if (session.json) {
-        Json document = Json::array();
-        for (const ProductFacts& facts : all) {
-            document.push_back(asJson(facts));
-        }
-        printJson(document);
-        return;
-    }
+    Json document = Json::array();
     std::vector<std::vector<std::string>> rows = {
         {"code", "no.", "name", "edition", "setups", "choices", "files on the media", "a run"}};
-    for (const ProductFacts& facts : all) {
-        const std::string of = facts.demonstrationOf.empty() ? "" : " of " + facts.demonstrationOf;
-        rows.push_back({facts.code, std::to_string(facts.number), facts.name, facts.edition + of,
-                        facts.setupsPerProcessor ? "x86, x64" : "one", joined(facts.choices),
-                        joined(facts.files), facts.route});
+    const auto listed = [](const std::vector<std::string>& texts) {
+        return texts.empty() ? "-" : joined(texts);
+    };
+    for (const ProductFacts& facts : allProductFacts()) {
+        const bool isOf = !facts.demonstrationOf.empty();
+        document.push_back({{"code", facts.code},
+                            {"number", facts.number},
+                            {"name", facts.name},
+                            {"edition", facts.edition},
+                            {"demonstrationOf", isOf ? Json(facts.demonstrationOf) : Json()},
+                            {"route", facts.route},
+                            {"endsSilently", facts.endsSilently},
+                            {"choices", facts.choices},
+                            {"files", facts.files},
+                            {"setupsPerProcessor", facts.setupsPerProcessor}});
+        rows.push_back({facts.code, std::to_string(facts.number), facts.name,
+                        facts.edition + (isOf ? " of " + facts.demonstrationOf : ""),
+                        facts.setupsPerProcessor ? "x86, x64" : "one", listed(facts.choices),
+                        listed(facts.files), facts.route});
     }
-    std::cout << inColumns(rows);
+    printResult(session, document, inColumns(rows));
 }
 
 }  // namespace

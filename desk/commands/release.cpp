@@ -1,7 +1,6 @@
 // Makes the installers of all products.
 #include <CLI/CLI.hpp>
 #include <algorithm>
-#include <iostream>
 #include <memory>
 #include <nlohmann/json.hpp>
 #include <thread>
@@ -35,38 +34,31 @@ ReleasedFile describe(const InstallerOrder& order, const fs::path& folder) {
 }
 
 void report(const std::vector<ProductFacts>& products, const std::vector<ReleasedFile>& files,
-            const ReleaseReport& made, const Choices& choices, bool json) {
+            const ReleaseReport& made, const Choices& choices, const Session& session) {
+    const bool isSigned = made.signatures != 0;
     Json document = {{"folder", choices.folder},
-                     {"signed", made.signatures != 0},
+                     {"signed", isSigned},
                      {"signatures", made.signers},
                      {"files", Json::array()}};
     std::vector<std::vector<std::string>> rows;
     for (std::size_t index = 0; index < files.size(); ++index) {
         const ReleasedFile& file = files[index];
+        const bool endsSilently = products[index].endsSilently;
         document["files"].push_back({{"path", file.path},
                                      {"code", file.code},
                                      {"name", file.name},
                                      {"version", file.version},
                                      {"sha256", file.digest},
-                                     {"endsSilently", products[index].endsSilently}});
-        rows.push_back({file.path, file.name});
-        if (products[index].endsSilently) {
-            rows.back().emplace_back("(its run ends silently: nothing is installed)");
-        }
+                                     {"endsSilently", endsSilently}});
+        rows.push_back({file.path, file.name,
+                        endsSilently ? "(its run ends silently: nothing is installed)" : ""});
     }
-    if (json) {
-        printJson(document);
-        return;
-    }
-    std::cout << inColumns(rows) << '\n' << files.size() << " installers, ";
-    if (made.signatures == 0) {
-        std::cout << "UNSIGNED: no sign command was given, and Windows will warn of an unknown "
-                     "publisher\n";
-    }
-    for (const std::string& signer :
-         made.signatures == 0 ? std::vector<std::string>() : made.signers) {
-        std::cout << signer << '\n';
-    }
+    printResult(session, document,
+                inColumns(rows) + '\n' + std::to_string(files.size()) + " installers, " +
+                    (isSigned ? joined(made.signers)
+                              : "UNSIGNED: no sign command was given, and Windows will warn of an "
+                                "unknown publisher") +
+                    '\n');
 }
 
 void release(const Choices& choices, const Session& session) {
@@ -109,7 +101,7 @@ void release(const Choices& choices, const Session& session) {
     // The same release again stays where it is: somebody may be using it.
     const bool isSame = readWholeFile((output.path() / checksumsFile).string()) == asList(digests);
     output.put(isSame ? std::vector<std::string>() : names);
-    report(products, files, examined, choices, session.json);
+    report(products, files, examined, choices, session);
 }
 
 }  // namespace

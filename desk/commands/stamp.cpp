@@ -1,6 +1,5 @@
 // Makes a product's installer.
 #include <CLI/CLI.hpp>
-#include <iostream>
 #include <memory>
 #include <nlohmann/json.hpp>
 
@@ -21,18 +20,13 @@ struct Choices {
 void stamp(const Choices& choices, const Session& session) {
     CProductData catalogue;
     if (choices.list) {
-        if (session.json) {
-            Json document = Json::array();
-            for (const auto& [code, name] : catalogue.ProductNames) {
-                document.push_back({{"code", code}, {"name", name}});
-            }
-            printJson(document);
-            return;
-        }
-        // Kept: scripts in the field read these lines.
+        Json document = Json::array();
+        std::string words;
         for (const auto& [code, name] : catalogue.ProductNames) {
-            std::cout << code << ' ' << name << '\n';
+            document.push_back({{"code", code}, {"name", name}});
+            words.append(code).append(" ").append(name).append("\n");
         }
+        printResult(session, document, words);  // Kept: scripts in the field read these lines.
         return;
     }
     if (choices.words.size() != 3 && choices.words.size() != 4) {
@@ -50,13 +44,13 @@ void stamp(const Choices& choices, const Session& session) {
     for (const std::string& note : product.notes) {
         printNote(session, output, note);
     }
-    writeOutput(output, stampedInstaller(readInput(input), input, product));
-    if (session.json) {
-        printJson({{"output", output},
-                   {"code", product.code},
-                   {"name", toUtf8(product.name)},
-                   {"notes", product.notes}});
-    }
+    writeOutput(output, stampedInstaller(readInstaller(input), input, product));
+    printResult(session,
+                {{"output", output},
+                 {"code", product.code},
+                 {"name", toUtf8(product.name)},
+                 {"notes", product.notes}},
+                "");
 }
 
 }  // namespace

@@ -1,6 +1,5 @@
 // Looks at a release that somebody else made.
 #include <CLI/CLI.hpp>
-#include <iostream>
 #include <memory>
 #include <nlohmann/json.hpp>
 
@@ -18,32 +17,26 @@ struct Choices {
 void verify(const Choices& choices, Session& session) {
     const ReleaseReport report = examineRelease(choices.folder, choices.build, choices.signature);
     const bool good = report.problems.empty();
-    session.exitCode = good ? exitGood : exitWrong;
-    if (session.json) {
-        Json document = {{"folder", choices.folder},
-                         {"installers", report.installers},
-                         {"signed", report.signatures},
-                         {"signatures", report.signers},
-                         {"build", report.build},
-                         {"problems", Json::array()},
-                         {"good", good}};
-        for (const FileProblem& problem : report.problems) {
-            document["problems"].push_back({{"file", problem.file}, {"problem", problem.what}});
-        }
-        printJson(document);
-        return;
-    }
+    std::string words;
     for (const FileProblem& problem : report.problems) {
-        std::cout << "PROBLEM   " << asLine(problem) << '\n';
+        words += "PROBLEM   " + asLine(problem) + '\n';
     }
-    std::cout << report.installers << " installers"
-              << (report.build.empty() ? "" : " of build " + report.build);
+    words += std::to_string(report.installers) + " installers" +
+             (report.build.empty() ? "" : " of build " + report.build);
     for (const std::string& signer : report.signers) {
-        std::cout << ", " << signer;
+        words += ", " + signer;
     }
-    std::cout << "; "
-              << (good ? "checksums, stamps and protections are right" : "NOT AS IT SHOULD BE")
-              << '\n';
+    printResult(session,
+                {{"folder", choices.folder},
+                 {"installers", report.installers},
+                 {"signed", report.signatures},
+                 {"signatures", report.signers},
+                 {"build", report.build},
+                 {"problems", report.problems},
+                 {"good", good}},
+                words + (good ? "; checksums, stamps and protections are right\n"
+                              : "; NOT AS IT SHOULD BE\n"));
+    session.exitCode = good ? exitGood : exitWrong;
 }
 
 }  // namespace

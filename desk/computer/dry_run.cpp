@@ -2,12 +2,15 @@
 
 #include <algorithm>
 #include <charconv>
+#include <nlohmann/json.hpp>
+#include <sstream>
 #include <utility>
 
 #include "app/direct_install.h"
 #include "app/install_app.h"
 #include "app/setup_parameters.h"
 #include "catalogue/code_directory.h"
+#include "desk/western_text.h"
 #include "drivers/driver_installation.h"
 #include "installed/installed_product.h"
 #include "platform/ansi_text.h"
@@ -66,112 +69,148 @@ int folderNumber(Trial& trial, const std::string& folder) {
     return number;
 }
 
-DryRunEnding endingOf(Trial& trial, const std::string& choice) {
+Json listed(const std::vector<std::string>& texts) {
+    Json list = Json::array();
+    for (const std::string& text : texts) {
+        list.push_back(toUtf8(text));
+    }
+    return list;
+}
+
+Json call(const std::string& program, const std::string& arguments) {
+    return {{"program", toUtf8(program)}, {"arguments", toUtf8(arguments)}};
+}
+
+Json shown(const ShownDialog& dialog) {
+    Json icon;
+    if (dialog.icon) {
+        icon = *dialog.icon == MessageIcon::Error ? "error" : "warning";
+    }
+    return {{"title", toUtf8(dialog.title)},     {"icon", icon},
+            {"texts", listed(dialog.texts)},     {"rows", listed(dialog.rows)},
+            {"choices", listed(dialog.choices)}, {"buttons", listed(dialog.buttons)}};
+}
+
+/// The fields of a parameter string by name, in their order.
+Json parameterFields(const std::string& parameters) {
+    Json fields = Json::object();
+    std::istringstream rest(toUtf8(parameters));
+    std::string field;
+    if (std::getline(rest, field, ' ')) {
+        fields[field] = "";
+    }
+    while (std::getline(rest, field, '`')) {
+        const std::size_t equals = std::min(field.find('='), field.size());
+        fields[field.substr(0, equals)] = equals < field.size() ? field.substr(equals + 1) : "";
+    }
+    return fields;
+}
+
+/// How a run ends that comes to the launch of the setup utility, or to a message in its place.
+Json endingOf(Trial& trial, const std::string& choice) {
     const RunStep& last = trial.machine->steps.back();
-    DryRunEnding ending{.choice = choice,
-                        .productCode = trial.app.productCode,
-                        .productName = trial.app.productName};
+    Json ending = {{"choice", choice},
+                   {"productCode", toUtf8(trial.app.productCode)},
+                   {"productName", toUtf8(trial.app.productName)}};
     if (last.kind != RunStep::Kind::Launch) {
-        ending.message = last.dialog;
+        ending["message"] = shown(last.dialog);
         return ending;
     }
-    ending.setup = {last.program, last.arguments};
-    for (const auto& [name, value] : parameterFields(last.arguments)) {
-        if (name == "-pf") {
-            ending.programFolder = value;
-        }
-    }
-    if (trial.question() != nullptr || trial.app.deviceFamily != nullptr) {
-        ending.programFolderNumber = folderNumber(trial, ending.programFolder);
-    }
+    Json fields = parameterFields(last.arguments);
+    const std::string folder = fields.value("-pf", "");
+    const bool isNumbered = trial.question() != nullptr || trial.app.deviceFamily != nullptr;
+    ending["programFolder"] = folder;
+    ending["programFolderNumber"] = isNumbered ? folderNumber(trial, fromUtf8(folder)) : 1;
+    ending["setup"] = call(last.program, last.arguments);
+    ending["fields"] = std::move(fields);
     return ending;
 }
 
-/// Says what the steps are for.
-class Annotator {
-  public:
-    Annotator(Trial& trial, const DryRunMedia& media)
-        : viewers(installedViewers(*trial.machine->localMachine())), media(media) {}
+/// What the buttons of a dialog bring about, that which goes on first.
+Json answersOf(const ShownDialog& dialog) {
+    const auto answer = [](const std::string& button, const char* outcome, bool goesOn) {
+        return Json{
+            {"button", button}, {"outcome", outcome}, {"goesOn", goesOn}, {"runs", Json::array()}};
+    };
+    const std::string& button = dialog.buttons.front();
+    if (button == TEXT_INSTALL) {
+        return {answer(button, "the chosen type is installed", true),
+                answer(TEXT_CANCEL, "the run ends, and nothing is installed", false)};
+    }
+    if (button == TEXT_UNINSTALL_YES) {
+        return {answer(button, "removes what is ticked, one after another", true),
+                answer(TEXT_UNINSTALL_NO, "removes nothing", true)};
+    }
+    if (button == "Yes") {
+        return {answer(button, "the run goes on", true), answer("No", "the run ends", false)};
+    }
+    return Json::array({answer(button, "the run ends", false)});
+}
 
-    std::vector<DryRunStep> annotated(const std::vector<RunStep>& steps) {
-        std::vector<DryRunStep> result;
-        for (const RunStep& step : steps) {
-            if (step.whilePrompted) {
-                if (step.kind == RunStep::Kind::Run) {
-                    result.back().answers.front().runs.push_back({step.program, step.arguments});
-                }
-                continue;
+/// A step, and what it is for.
+Json described(const RunStep& step) {
+    const auto document = [&step](const char* kind, const std::string& note) {
+        Json json = call(step.program, step.arguments);
+        json.update({{"kind", kind}, {"note", note}});
+        return json;
+    };
+    switch (step.kind) {
+        case RunStep::Kind::Dialog:
+            return {{"kind", "dialog"},
+                    {"dialog", shown(step.dialog)},
+                    {"answers", answersOf(step.dialog)}};
+        case RunStep::Kind::Stop:
+            return document("stop",
+                            "running copies are ended; the run ends with a message when one cannot "
+                            "be");
+        case RunStep::Kind::Copy:
+            return {{"kind", "copy"},
+                    {"from", toUtf8(step.program)},
+                    {"to", toUtf8(step.target)},
+                    {"note", step.succeeded ? "where that fails, the install log says so and the "
+                                              "viewer's own command is run"
+                                            : "fails, and the viewer's own command is run"}};
+        case RunStep::Kind::Log:
+            return {
+                {"kind", "log"}, {"line", toUtf8(step.target)}, {"note", "into the install log"}};
+        case RunStep::Kind::Wait:
+            return {
+                {"kind", "wait"},
+                {"seconds", step.seconds},
+                {"note", "at most so long, while the uninstaller's \"liveimport.ini\" is there"}};
+        case RunStep::Kind::Run:
+            return document("run", "unpacks drivers");
+        case RunStep::Kind::Launch:
+            break;
+    }
+    return document("launch", "");
+}
+
+/// The steps; what a prompt brought about goes to its first answer.
+Json describedSteps(Trial& trial, const DryRunMedia& media, const std::vector<RunStep>& steps) {
+    const std::vector<InstalledProduct> viewers = installedViewers(*trial.machine->localMachine());
+    std::size_t viewer = 0;  // how many of them the run has come to
+    Json result = Json::array();
+    for (const RunStep& step : steps) {
+        if (step.whilePrompted) {
+            if (step.kind == RunStep::Kind::Run) {
+                result.back()["answers"][0]["runs"].push_back(call(step.program, step.arguments));
             }
-            DryRunStep one{step};
-            annotate(one);
-            result.push_back(std::move(one));
+            continue;
         }
-        return result;
+        Json one = described(step);
+        viewer += step.kind == RunStep::Kind::Stop ? 1 : 0;
+        if (step.kind == RunStep::Kind::Run && !endsIn(step.program, extractionToolFile)) {
+            // Of a driver installer, only the end of its path is known.
+            one["kind"] = viewer > 0 ? "run" : "runReported";
+            one["note"] = viewer > 0
+                              ? "removes " + toUtf8(viewers[viewer - 1].displayName)
+                              : "where " + toUtf8(media.sourceDirectory) + "report.txt names it";
+        }
+        result.push_back(std::move(one));
     }
-
-  private:
-    void annotate(DryRunStep& one) {
-        const RunStep& step = one.step;
-        switch (step.kind) {
-            case RunStep::Kind::Dialog:
-                one.answers = answersOf(step.dialog);
-                break;
-            case RunStep::Kind::Stop:
-                ++viewer;
-                one.note =
-                    "running copies are ended; the run ends with a message when one cannot be";
-                break;
-            case RunStep::Kind::Copy:
-                one.note = step.succeeded
-                               ? "where that fails, the install log says so and the viewer's own "
-                                 "command is run"
-                               : "fails, and the viewer's own command is run";
-                break;
-            case RunStep::Kind::Log:
-                one.note = "into the install log";
-                break;
-            case RunStep::Kind::Wait:
-                one.note = "at most so long, while the uninstaller's \"liveimport.ini\" is there";
-                break;
-            case RunStep::Kind::Run:
-                annotateProgram(one);
-                break;
-            case RunStep::Kind::Launch:
-                break;
-        }
-    }
-
-    void annotateProgram(DryRunStep& one) const {
-        if (endsIn(one.step.program, extractionToolFile)) {
-            one.note = "unpacks drivers";
-        } else if (viewer > 0) {
-            one.note = "removes " + viewers[viewer - 1].displayName;
-        } else {
-            one.reported = true;
-            one.note = "where " + media.sourceDirectory + "report.txt names it";
-        }
-    }
-
-    static std::vector<DialogAnswer> answersOf(const ShownDialog& dialog) {
-        const std::string& button = dialog.buttons.front();
-        if (button == TEXT_INSTALL) {
-            return {{button, "the chosen type is installed"},
-                    {TEXT_CANCEL, "the run ends, and nothing is installed", {}, false}};
-        }
-        if (button == TEXT_UNINSTALL_YES) {
-            return {{button, "removes what is ticked, one after another"},
-                    {TEXT_UNINSTALL_NO, "removes nothing"}};
-        }
-        if (button == "Yes") {
-            return {{button, "the run goes on"}, {"No", "the run ends", {}, false}};
-        }
-        return {{button, "the run ends", {}, false}};
-    }
-
-    const std::vector<InstalledProduct> viewers;
-    const DryRunMedia& media;
-    std::size_t viewer = 0;  ///< how many of them the run has come to
-};
+    return result;
+}
 
 std::string reasonOf(EntryState state) {
     switch (state) {
@@ -193,9 +232,13 @@ std::string reasonOf(EntryState state) {
 
 /// What support asks about first: entries of the product that the run leaves out, and uninstallers
 /// that it cannot start.
-void noteEntries(Trial& trial, const std::string& filter, std::vector<std::string>& notes) {
+void noteEntries(Trial& trial, const InstallPlan& plan, std::vector<std::string>& notes) {
+    std::string filter = makerFilter;
     std::unique_ptr<KeyReader> list;
-    if (trial.machine->localMachine()->openSubkey(uninstallListKey, list) != errorSuccess) {
+    if (plan.olderVersions == OlderVersions::Leave ||
+        (plan.olderVersions == OlderVersions::OfProduct &&
+         !findDirectoryName(plan.productNumber, filter)) ||
+        trial.machine->localMachine()->openSubkey(uninstallListKey, list) != errorSuccess) {
         return;
     }
     char name[1024];
@@ -218,6 +261,30 @@ void noteEntries(Trial& trial, const std::string& filter, std::vector<std::strin
                             "\" as a whole is not the path of a program.");
         }
     }
+}
+
+void noteDrivers(const InstallPlan& plan, int systemCode, std::vector<std::string>& notes) {
+    if (plan.deviceFamily == nullptr || plan.driverStep == DriverStep::None) {
+        return;
+    }
+    for (const DriverPackage& package : plan.deviceFamily->packages) {
+        if (!appliesTo(package, systemCode)) {
+            notes.push_back("The drivers in " + package.archive +
+                            " are not for this Windows and are left out.");
+        }
+    }
+}
+
+/// One for each choice of the last dialog.
+Json endingsOf(Trial& trial, const DryRunMedia& media, const MachineDescription& description) {
+    const RunStep* const question = trial.question();
+    Json endings = Json::array({endingOf(trial, question == nullptr ? "" : TEXT_LIVE_PRODUCT)});
+    for (std::size_t choice = 1; question && choice < question->dialog.choices.size(); ++choice) {
+        const std::string& label = question->dialog.choices[choice];
+        Trial other(media, description, label);
+        endings.push_back(endingOf(other, label));
+    }
+    return endings;
 }
 
 std::string earlyEndOf(const Trial& trial, const InstallPlan& plan) {
@@ -266,76 +333,41 @@ std::unique_ptr<DescribedMachine> machineWith(const DryRunMedia& media,
     return machine;
 }
 
-DryRun dryRun(const DryRunMedia& media, const MachineDescription& description) {
+Json dryRun(const DryRunMedia& media, const MachineDescription& description) {
     Trial trial(media, description, TEXT_LIVE_PRODUCT);
     CInstallApp& app = trial.app;
-    DryRun run{.productCode = media.identity.code,
-               .productName = media.identity.name,
-               .build = app.catalogue.buildVersion(),
-               .title = app.title,
-               .is64Bit = description.is64Bit,
-               .notes = description.notes};
-    char system[256] = "";
-    run.systemCode = operatingSystemName(*trial.machine, system, sizeof system);
-    run.system = system;
-
     DriverPackageTable drivers;
     buildDriverPackageTable(drivers);
     const InstallPlan plan = planInstallation(media.identity.code, app.catalogue, drivers);
-    run.earlyEnd = earlyEndOf(trial, plan);
+    const std::string earlyEnd = earlyEndOf(trial, plan);
+    std::vector<std::string> notes = description.notes;
     std::vector<RunStep> common = trial.machine->steps;
-    if (run.earlyEnd.empty()) {
+    Json endings = Json::array();
+    if (earlyEnd.empty()) {
         common.pop_back();  // how this way of the run ends
-        run.endings.push_back(
-            endingOf(trial, trial.question() == nullptr ? "" : TEXT_LIVE_PRODUCT));
-        if (const RunStep* const question = trial.question()) {
-            for (std::size_t choice = 1; choice < question->dialog.choices.size(); ++choice) {
-                const std::string& label = question->dialog.choices[choice];
-                Trial other(media, description, label);
-                run.endings.push_back(endingOf(other, label));
-            }
-        }
-        if (plan.olderVersions == OlderVersions::OfMaker) {
-            noteEntries(trial, makerFilter, run.notes);
-        } else if (std::string name; plan.olderVersions == OlderVersions::OfProduct &&
-                                     findDirectoryName(plan.productNumber, name)) {
-            noteEntries(trial, name, run.notes);
-        }
+        endings = endingsOf(trial, media, description);
+        noteEntries(trial, plan, notes);
     }
-    run.steps = Annotator(trial, media).annotated(common);
-    if (plan.deviceFamily != nullptr && plan.driverStep != DriverStep::None) {
-        for (const DriverPackage& package : plan.deviceFamily->packages) {
-            if (!appliesTo(package, run.systemCode)) {
-                run.notes.push_back("The drivers in " + package.archive +
-                                    " are not for this Windows and are left out.");
-            }
-        }
-    }
-    const auto removes = [](const RunStep& step) { return step.whilePrompted; };
-    const auto numbered = [](const DryRunEnding& ending) { return ending.programFolderNumber > 1; };
-    if (std::any_of(common.begin(), common.end(), removes) &&
-        std::any_of(run.endings.begin(), run.endings.end(), numbered)) {
-        run.notes.emplace_back(
+    char system[256] = "";
+    const int systemCode = operatingSystemName(*trial.machine, system, sizeof system);
+    noteDrivers(plan, systemCode, notes);
+    const bool removes = std::any_of(common.begin(), common.end(),
+                                     [](const RunStep& step) { return step.whilePrompted; });
+    const bool isNumbered = std::any_of(endings.begin(), endings.end(), [](const Json& ending) {
+        return ending.value("programFolderNumber", 1) > 1;
+    });
+    if (removes && isNumbered) {
+        notes.emplace_back(
             "Versions that are removed free their program folders: the numbers are those "
             "for \"" TEXT_UNINSTALL_NO "\".");
     }
-    return run;
-}
-
-std::vector<std::pair<std::string, std::string>> parameterFields(const std::string& parameters) {
-    std::vector<std::pair<std::string, std::string>> fields;
-    std::size_t at = parameters.find(' ');
-    if (at != std::string::npos) {
-        fields.emplace_back(parameters.substr(0, at), "");
-        ++at;
-    }
-    while (at < parameters.size()) {
-        const std::size_t end = std::min(parameters.find('`', at), parameters.size());
-        const std::string field = parameters.substr(at, end - at);
-        const std::size_t equals = std::min(field.find('='), field.size());
-        fields.emplace_back(field.substr(0, equals),
-                            equals < field.size() ? field.substr(equals + 1) : "");
-        at = end + 1;
-    }
-    return fields;
+    return {{"system", toUtf8(system)},
+            {"systemCode", systemCode},
+            {"bits", description.is64Bit ? 64 : 32},
+            {"build", toUtf8(app.catalogue.buildVersion())},
+            {"title", toUtf8(app.title)},
+            {"notes", listed(notes)},
+            {"steps", describedSteps(trial, media, common)},
+            {"earlyEnd", earlyEnd.empty() ? Json() : Json(earlyEnd)},
+            {"endings", std::move(endings)}};
 }

@@ -1,6 +1,7 @@
 #include "desk/executables/signature.h"
 
 #include <CLI/CLI.hpp>
+#include <nlohmann/json.hpp>
 
 #include "desk/executables/shell_command.h"
 #include "desk/refusal.h"
@@ -28,51 +29,49 @@ void addSignatureOptions(CLI::App& command, SignatureChoices& choices) {
                      "Count an installer as wrong whose signature is not good");
 }
 
-Signature signatureOf(const std::filesystem::path& file, const Executable& executable,
-                      const SignatureChoices& choices) {
+Json signatureOf(const std::filesystem::path& file, const Executable& executable,
+                 const SignatureChoices& choices) {
+    Json signature = noSignature();
     if (!executable.isSigned()) {
-        return {};
+        return signature;
     }
     const CommandResult result = runCommand(
         std::string(
             "timeout 60 osslsigncode verify -in {in}") +  // a damaged one can hold it for ever
             (choices.authorities.empty() ? "" : " -CAfile {ca}"),
         {{"in", file.string()}, {"ca", choices.authorities}});
-    Signature signature{SignatureState::Good, behind(result.output, "Subject: ")};
-    if (result.exitCode == 0) {
-        return signature;
-    }
+    signature["by"] = behind(result.output, "Subject: ");
     // The certificate is looked at only when the content is as it was signed.
-    signature.reason = behind(result.output, "Verify error: ");
-    signature.state = SignatureState::Untrusted;
-    if (result.exitCode == 127) {
-        signature.reason = "osslsigncode is not installed";
-    } else if (signature.reason.empty()) {
-        signature.state = SignatureState::Broken;
-        signature.reason = "the content is not what was signed";
+    const std::string distrust = result.exitCode == 127 ? "osslsigncode is not installed"
+                                                        : behind(result.output, "Verify error: ");
+    if (result.exitCode == 0) {
+        signature["state"] = "good";
+    } else if (!distrust.empty()) {
+        signature.update({{"state", "untrusted"}, {"reason", distrust}});
+    } else {
+        signature.update({{"state", "broken"}, {"reason", "the content is not what was signed"}});
     }
     return signature;
 }
 
-std::string inWords(const Signature& signature) {
-    const std::string by = signature.signer.empty() ? "" : " by " + signature.signer;
-    switch (signature.state) {
-        case SignatureState::None:
-            return "not signed";
-        case SignatureState::Good:
-            return "signed" + by;
-        case SignatureState::Untrusted:
-            return "signed" + by + ", which is not verified: " + signature.reason;
-        case SignatureState::Broken:
-            break;
-    }
-    return "signature" + by + " is broken: " + signature.reason;
+Json noSignature() {
+    return {{"state", "none"}, {"by", ""}, {"reason", ""}};
 }
 
-std::string signatureProblem(const Signature& signature, const SignatureChoices& choices) {
-    const bool isWrong = signature.state == SignatureState::Broken ||
-                         (choices.isRequired && signature.state != SignatureState::Good);
-    return isWrong ? inWords(signature) : "";
+std::string signatureInWords(const Json& signature) {
+    const std::string signer = signature["by"], reason = signature["reason"];
+    const std::string by = signer.empty() ? "" : " by " + signer;
+    return signature["state"] == "none"   ? "not signed"
+           : signature["state"] == "good" ? "signed" + by
+           : signature["state"] == "untrusted"
+               ? "signed" + by + ", which is not verified: " + reason
+               : "signature" + by + " is broken: " + reason;
+}
+
+std::string signatureProblem(const Json& signature, const SignatureChoices& choices) {
+    const bool isWrong =
+        signature["state"] == "broken" || (choices.isRequired && signature["state"] != "good");
+    return isWrong ? signatureInWords(signature) : "";
 }
 
 void requireUnsigned(const std::filesystem::path& existing) {

@@ -5,18 +5,11 @@
 #include <string>
 
 #include "desk/executables/executable.h"
+#include "desk/json.h"
 
 namespace CLI {
 class App;
 }
-
-enum class SignatureState { None, Good, Untrusted, Broken };
-
-struct Signature {
-    SignatureState state = SignatureState::None;
-    std::string signer = {};  ///< the certificate's subject, such as "/O=Maker/CN=Name"
-    std::string reason = {};  ///< of one that is untrusted or broken
-};
 
 /// What a command asks of signatures.
 struct SignatureChoices {
@@ -27,17 +20,21 @@ struct SignatureChoices {
 /// Adds `--ca-file` and `--require-signature`.
 void addSignatureOptions(CLI::App& command, SignatureChoices& choices);
 
+/// The signature as a document: "state" ("none", "good", "untrusted" or "broken"), "by" (the
+/// certificate's subject, such as "/O=Maker/CN=Name") and "reason" (of one that is not good).
 /// `executable` is the content of `file`, and whole.
-[[nodiscard]] Signature signatureOf(const std::filesystem::path& file, const Executable& executable,
-                                    const SignatureChoices& choices);
+[[nodiscard]] Json signatureOf(const std::filesystem::path& file, const Executable& executable,
+                               const SignatureChoices& choices);
+
+/// The document of a file that is not signed.
+[[nodiscard]] Json noSignature();
 
 /// Such as "signed by /CN=Name".
-[[nodiscard]] std::string inWords(const Signature& signature);
+[[nodiscard]] std::string signatureInWords(const Json& signature);
 
 /// What is wrong with it, for people: a broken one always is; one that is missing or not trusted
 /// when one is required. Empty when nothing is.
-[[nodiscard]] std::string signatureProblem(const Signature& signature,
-                                           const SignatureChoices& choices);
+[[nodiscard]] std::string signatureProblem(const Json& signature, const SignatureChoices& choices);
 
 /// Throws Refusal when there is a signed installer, which an unsigned one would take the place of.
 void requireUnsigned(const std::filesystem::path& existing);

@@ -2,6 +2,7 @@
 
 #include <CLI/CLI.hpp>
 #include <chrono>
+#include <nlohmann/json.hpp>
 #include <thread>
 
 #include "desk/executables/shell_command.h"
@@ -80,11 +81,10 @@ void sign(const fs::path& file, const std::string& name, const SigningChoices& c
     if (const std::string damage = executable.damage(); !damage.empty()) {
         refuse(file, "was damaged by the sign command", damage);
     }
-    const Signature signature = signatureOf(file, executable, choices.verification);
+    const Json signature = signatureOf(file, executable, choices.verification);
     const bool mustVerify = !choices.verification.authorities.empty();
-    if (signature.state == SignatureState::None || signature.state == SignatureState::Broken ||
-        (mustVerify && signature.state != SignatureState::Good)) {
+    if (signature["state"] != "good" && (mustVerify || signature["state"] != "untrusted")) {
         refuse(file, "is not signed as it should be although the sign command ended well",
-               inWords(signature));
+               signatureInWords(signature));
     }
 }

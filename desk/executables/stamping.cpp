@@ -7,6 +7,7 @@
 #include "desk/media/product_data.h"
 #include "desk/refusal.h"
 #include "desk/western_text.h"
+#include "desk/whole_file.h"
 #include "platform/ansi_text.h"
 
 ProductStamp chooseStamp(CProductData& catalogue, const std::string& code, const std::string& name,
@@ -38,6 +39,17 @@ ProductStamp chooseStamp(CProductData& catalogue, const std::string& code, const
     }
     stamp.build = build;
     return stamp;
+}
+
+std::string readInstaller(const std::string& file) {
+    std::string image;
+    readInPieces(file, [&](std::string_view piece) {
+        image += piece;
+        if (image.size() > largestInstaller) {
+            throw Refusal("\"" + file + "\" is larger than any installer.");
+        }
+    });
+    return image;
 }
 
 std::string stampedInstaller(std::string image, const std::string& file,

@@ -53,7 +53,7 @@ fs::path makeInstallers(const std::vector<InstallerOrder>& orders, const Signing
     std::vector<std::string> images;
     for (const InstallerOrder& order : orders) {
         images.push_back(
-            stampedInstaller(readInput(order.installer), order.installer, order.stamp));
+            stampedInstaller(readInstaller(order.installer), order.installer, order.stamp));
     }
     const fs::path folder = output.resumable(settingsOf(orders, images, signing));
     std::atomic<std::size_t> kept = 0;

@@ -1,6 +1,7 @@
 #include "desk/media/manifest.h"
 
 #include <algorithm>
+#include <nlohmann/json.hpp>
 #include <sstream>
 
 #include "desk/executables/file_summary.h"
@@ -122,6 +123,10 @@ void requireReplaceable(const fs::path& folder, const std::string& list) {
                       "or name another folder:" +
                       told);
     }
+}
+
+void to_json(Json& json, const FileProblem& problem) {
+    json = {{"file", problem.file}, {"problem", problem.what}};
 }
 
 std::string asLine(const FileProblem& problem) {

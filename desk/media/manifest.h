@@ -6,6 +6,8 @@
 #include <string>
 #include <vector>
 
+#include "desk/json.h"
+
 inline constexpr const char* manifestFile = "MANIFEST.sha256";  ///< of a media folder
 inline constexpr const char* checksumsFile = "SHA256SUMS";      ///< of a release
 
@@ -18,6 +20,7 @@ struct FileProblem {
     std::string what;
 };
 
+void to_json(Json& json, const FileProblem& problem);
 [[nodiscard]] std::string asLine(const FileProblem& problem);
 
 /// The file of digests.

@@ -2,11 +2,8 @@
 
 #include <algorithm>
 #include <nlohmann/json.hpp>
-#include <tuple>
-#include <utility>
 
 #include "app/direct_install.h"
-#include "app/install_plan.h"
 #include "app/messages.h"
 #include "app/setup_parameters.h"
 #include "catalogue/product_data_file.h"
@@ -15,16 +12,25 @@
 #include "desk/computer/dry_run.h"
 #include "desk/executables/executable.h"
 #include "desk/executables/stamp_image.h"
+#include "desk/executables/stamping.h"
+#include "desk/media/manifest.h"
+#include "desk/media/media_folder.h"
+#include "desk/media/product_data.h"
+#include "desk/refusal.h"
 #include "desk/western_text.h"
+#include "desk/whole_file.h"
 #include "drivers/driver_installation.h"
 #include "drivers/driver_package_table.h"
 #include "ui/dialog_texts.h"
 
+namespace fs = std::filesystem;
+
 namespace {
 
+constexpr std::size_t longestPath = 259;  // MAX_PATH without the terminator
+
 /// Reads the product data as a run does; says where the build comes from.
-std::string readBuild(const DryRunMedia& media, CProductData& catalogue,
-                      std::vector<std::string>& problems) {
+std::string readBuild(const DryRunMedia& media, CProductData& catalogue, Json& problems) {
     if (media.productData.empty()) {
         return "compiled in, since there is no product-data file beside the installer";
     }
@@ -32,7 +38,7 @@ std::string readBuild(const DryRunMedia& media, CProductData& catalogue,
     const bool read = loadProductValues(catalogue, *machineWith(media, {}));
     const auto value = catalogue.ProductDataValues.find("Version Number");
     if (catalogue.productDataText.empty()) {
-        problems.push_back(file + ": " + catalogue.lastError);
+        problems.push_back(file + ": " + toUtf8(catalogue.lastError));
         return "compiled in, since " + file + " cannot be used";
     }
     if (!read || value == catalogue.ProductDataValues.end() || value->second.empty()) {
@@ -41,145 +47,224 @@ std::string readBuild(const DryRunMedia& media, CProductData& catalogue,
     }
     if (value->second.find('\n') != std::string_view::npos) {
         problems.push_back(file + ": lines do not end in CR LF; the build swallows what follows");
+    } else if (const std::string fault = buildFault(value->second); !fault.empty()) {
+        problems.push_back(file + ": " + fault);
     }
     return file;
 }
 
 /// What to say about product data that the run does not read, or that are not there at all.
-void examineProductData(const Media& media, MediaReport& report) {
-    const bool beside = std::any_of(
-        std::begin(productDataNames), std::end(productDataNames),
-        [&media](const ProductDataName& name) { return media.besideInstaller(name.file).present; });
-    if (media.installerIsOnMedia) {
-        if (!beside) {
-            report.warnings.push_back(
-                "There is no product-data file: every build is handed over as " + report.build +
-                ".");
+void examineProductData(const DryRunMedia& media, const fs::path& folder, bool installerIsOnMedia,
+                        Json& report) {
+    if (installerIsOnMedia) {
+        if (media.productData.empty()) {
+            report["warnings"].push_back(
+                "There is no product-data file: every build is handed over as " +
+                report.value("build", "") + ".");
         }
         return;
     }
     const auto* const onMedia = std::find_if(
         std::begin(productDataNames), std::end(productDataNames),
-        [&media](const ProductDataName& name) { return media.onMedia(name.file).present; });
-    if (!beside && onMedia != std::end(productDataNames)) {
-        report.problems.push_back(
+        [&folder](const ProductDataName& name) { return findInFolder(folder, name.file); });
+    if (media.productData.empty() && onMedia != std::end(productDataNames)) {
+        report["problems"].push_back(
             std::string(onMedia->file) +
-            " on the media is not read: a run reads it in the installer's own "
-            "folder, where there is none; put the installer on the media");
+            " on the media is not read: a run reads it in the installer's own folder, where there "
+            "is none; put the installer on the media");
         return;
     }
-    report.warnings.push_back(
+    report["warnings"].push_back(
         "The installer lies in another folder than the media. A run reads the product data beside "
         "the installer, so check the copy that is delivered.");
 }
 
-InstallPlan planOf(std::string_view productCode, const CProductData& catalogue,
-                   DriverPackageTable& drivers) {
-    buildDriverPackageTable(drivers);
-    return planInstallation(productCode, catalogue, drivers);
+/// The files of the media that the run needs; those that are there go to `media`, too.
+void examineFiles(const InstallPlan& plan, const fs::path& folder, DryRunMedia& media,
+                  Json& report) {
+    for (const NeededFile& file : neededFiles(plan)) {
+        const std::optional<fs::path> path = findInFolder(folder, file.name);
+        report["files"].push_back({{"name", file.name},
+                                   {"purpose", file.purpose},
+                                   {"present", path.has_value()},
+                                   {"damage", path ? damageOf(*path) : ""}});
+        if (path) {
+            media.files.push_back(file.name);
+        }
+        if (withTrailingBackslash(media.sourceDirectory).size() + file.name.size() > longestPath) {
+            report["problems"].push_back("The path of \"" + file.name +
+                                         "\" has more than 259 characters, which a run does not "
+                                         "find; deliver the media in a folder of a shorter name.");
+        }
+    }
+    if (!fs::exists(folder / manifestFile)) {
+        report["warnings"].push_back(std::string("There is no ") + manifestFile +
+                                     ", which tells whether files are those that were laid out.");
+        return;
+    }
+    for (const FileProblem& problem : compareWithList(folder, manifestFile)) {
+        report["problems"].push_back(asLine(problem));
+    }
 }
 
 /// What each way of the run hands over on a machine without other versions, where all files are.
-void tellHandOvers(DryRunMedia media, MediaReport& report) {
-    for (const MediaFile& file : report.files) {
+void tellHandOvers(const InstallPlan& plan, DryRunMedia media, Json& report) {
+    media.files.clear();
+    for (const NeededFile& file : neededFiles(plan)) {
         media.files.push_back(file.name);
     }
     const auto endingsOn = [&media](int bits) {
-        MachineDescription machine;
-        std::string error;
-        std::ignore = emptyMachine({"", bits}, machine, error);  // the ordinary release is known
-        return dryRun(media, machine).endings;
+        return dryRun(media, emptyMachine({"", bits}))["endings"];
     };
-    const std::vector<DryRunEnding> on32 = endingsOn(32), on64 = endingsOn(64);
+    const Json on32 = endingsOn(32), on64 = endingsOn(64);
     for (std::size_t index = 0; index < on32.size(); ++index) {
-        const std::string choice = !on32[index].choice.empty()               ? on32[index].choice
-                                   : traitsOf(report.productCode).freeViewer ? "without a question"
-                                                                             : TEXT_LIVE_PRODUCT;
-        const std::string &parameters32 = on32[index].setup.arguments,
-                          &parameters64 = on64[index].setup.arguments;
-        if (parameters32 == parameters64) {
-            report.handOvers.push_back({choice, "any Windows", parameters32});
-        } else {
-            report.handOvers.push_back({choice, "32-bit Windows", parameters32});
-            report.handOvers.push_back({choice, "64-bit Windows", parameters64});
+        if (!on32[index].contains("setup")) {
+            continue;  // a message in its place
         }
+        std::string choice = on32[index]["choice"];
+        if (choice.empty()) {
+            choice = plan.route == Route::Direct ? "without a question" : TEXT_LIVE_PRODUCT;
+        }
+        const auto add = [&](const char* windows, const Json& ending) {
+            report["handOvers"].push_back({{"choice", choice},
+                                           {"windows", windows},
+                                           {"parameters", ending["setup"]["arguments"]}});
+        };
+        const bool isSame = on32[index]["setup"] == on64[index]["setup"];
+        add(isSame ? "any Windows" : "32-bit Windows", on32[index]);
+        if (!isSame) {
+            add("64-bit Windows", on64[index]);
+        }
+    }
+}
+
+void examineName(const std::string& code, const std::string& name, CProductData& catalogue,
+                 Json& report) {
+    std::string known;
+    if (!traitsOf(code).freeViewer && !catalogue.productName(code, known)) {
+        report["problems"].push_back(toUtf8(catalogue.lastError));
+    } else if (!known.empty() && known != name) {
+        report["warnings"].push_back("The title says \"" + toUtf8(name) +
+                                     "\", the program folder \"" + known +
+                                     "\": the stamped name is not the product's.");
+    }
+}
+
+void examineExecutable(const fs::path& installer, const std::string& image,
+                       const SignatureChoices& choices, Json& report) {
+    const Executable executable(image);
+    if (const std::string damage = executable.damage(); !damage.empty()) {
+        report["problems"].push_back("The installer: " + damage);
+    }
+    if (executable.headerDamage().empty()) {
+        report["signature"] = signatureOf(installer, executable, choices);
+    }
+    if (const std::string problem = signatureProblem(report["signature"], choices);
+        !problem.empty()) {
+        report["problems"].push_back("The installer: " + problem);
+    }
+}
+
+/// What lies beside the installer and was stamped into it.
+DryRunMedia mediaBeside(const fs::path& installer, const std::string& code, const std::string& name,
+                        const std::string& directory) {
+    DryRunMedia media{.identity = {code, name}, .sourceDirectory = fromUtf8(directory)};
+    for (const ProductDataName& data : productDataNames) {
+        if (const auto path = findInFolder(fs::absolute(installer).parent_path(), data.file)) {
+            media.productData.emplace_back(data.file, readWholeFile(path->string()));
+        }
+    }
+    return media;
+}
+
+void examineStamped(const fs::path& installer, const fs::path& folder, const MediaChoices& choices,
+                    const std::vector<MachineDescription>& machines, DryRunMedia media,
+                    Json& report) {
+    const std::string &code = media.identity.code, &name = media.identity.name;
+    CProductData catalogue;
+    examineName(code, name, catalogue, report);
+    report["productCode"] = toUtf8(code);
+    report["productName"] = toUtf8(name);
+    report["buildOrigin"] = readBuild(media, catalogue, report["problems"]);
+    report["build"] = toUtf8(catalogue.buildVersion());
+    report["title"] = toUtf8(installTitle(name, catalogue.buildVersion()));
+    std::error_code failure;
+    const fs::path ownFolder = fs::absolute(installer).parent_path();
+    examineProductData(media, folder, fs::equivalent(ownFolder, folder, failure), report);
+    if (!choices.requiredBuild.empty() && report["build"] != choices.requiredBuild) {
+        report["problems"].push_back("The build is " + report.value("build", "") + ", not " +
+                                     choices.requiredBuild);
+    }
+    DriverPackageTable drivers;
+    buildDriverPackageTable(drivers);
+    const InstallPlan plan = planInstallation(code, catalogue, drivers);
+    report["path"] = routeInWords(plan);
+    if (plan.route == Route::EndSilently) {
+        report["warnings"].push_back(
+            "A run ends without a word and installs nothing. That is how this product is made, but "
+            "it is seldom what a customer should get.");
+    }
+    examineFiles(plan, folder, media, report);
+    tellHandOvers(plan, media, report);
+    for (const MachineDescription& machine : machines) {
+        report["runs"].push_back(dryRun(media, machine));
     }
 }
 
 }  // namespace
 
-DryRunMedia dryRunMedia(const Media& media, const MediaReport& report) {
-    DryRunMedia result{.identity = {report.productCode, report.productName},
-                       .sourceDirectory = media.directory};
-    for (const MediaFile& file : report.files) {
-        if (file.present) {
-            result.files.push_back(file.name);
-        }
+Json examineMedia(const fs::path& installer, const fs::path& folder, const MediaChoices& choices,
+                  const std::vector<MachineDescription>& machines) {
+    const std::string image = readInstaller(installer.string());
+    std::error_code failure;
+    if (!fs::is_directory(folder, failure)) {
+        throw Refusal("\"" + folder.string() + "\" is not a folder.");
     }
-    for (const ProductDataName& name : productDataNames) {
-        NamedFile file = media.besideInstaller(name.file);
-        if (file.present) {
-            result.productData.emplace_back(name.file, std::move(file.content));
-        }
-    }
-    return result;
-}
-
-bool MediaReport::isComplete() const {
-    return problems.empty() && std::all_of(files.begin(), files.end(), [](const MediaFile& file) {
-               return file.present && file.damage.empty();
-           });
-}
-
-MediaReport examineMedia(const Media& media, CProductData& catalogue) {
-    MediaReport report;
-    if (!readStamp(media.installer, report.productCode, report.productName) ||
-        report.productCode.empty()) {
-        report.problems.push_back(
+    Json report = emptyReport(folder.string());
+    std::string code, name;
+    if (!readStamp(image, code, name) || code.empty()) {
+        report["problems"].push_back(
             "The executable is not a stamped installer; \"installer-tool stamp\" makes one.");
-        return report;
+    } else {
+        examineExecutable(installer, image, choices.signature, report);
+        examineStamped(installer, folder, choices, machines,
+                       mediaBeside(installer, code, name, choices.directory), report);
     }
-    if (const std::string damage = executableDamage(media.installer); !damage.empty()) {
-        report.problems.push_back("The installer: " + damage);
-    }
-    std::string knownName;
-    if (!traitsOf(report.productCode).freeViewer &&
-        !catalogue.productName(report.productCode, knownName)) {
-        report.problems.push_back(catalogue.lastError);
-    } else if (!knownName.empty() && knownName != report.productName) {
-        report.warnings.push_back("The title says \"" + report.productName +
-                                  "\", the program folder \"" + knownName +
-                                  "\": the stamped name is not the product's.");
-    }
-    const DryRunMedia onTheDesk = dryRunMedia(media, report);
-    report.buildOrigin = readBuild(onTheDesk, catalogue, report.problems);
-    report.build = catalogue.buildVersion();
-    report.title = installTitle(report.productName, report.build);
-    examineProductData(media, report);
-    if (!media.requiredBuild.empty() && report.build != media.requiredBuild) {
-        report.problems.push_back("The build is " + report.build + ", not " + media.requiredBuild);
-    }
-
-    DriverPackageTable drivers;
-    const InstallPlan plan = planOf(report.productCode, catalogue, drivers);
-    report.path = routeInWords(plan);
-    if (plan.route == Route::EndSilently) {
-        report.warnings.push_back(
-            "A run ends without a word and installs nothing. That is how this product is made, but "
-            "it is seldom what a customer should get.");
-    }
-    report.files = neededFiles(plan);
-    for (MediaFile& file : report.files) {
-        const FileState state = media.onMedia(file.name);
-        file.present = state.present;
-        file.damage = state.damage;
-    }
-    tellHandOvers(onTheDesk, report);
+    concludeReport(report);
     return report;
 }
 
-std::vector<MediaFile> neededFiles(const InstallPlan& plan) {
-    std::vector<MediaFile> files;
+Json emptyReport(const std::string& folder) {
+    Json report = {{"folder", folder}};
+    for (const char* name :
+         {"productCode", "productName", "title", "path", "build", "buildOrigin"}) {
+        report[name] = "";
+    }
+    report["signature"] = noSignature();
+    for (const char* name : {"files", "warnings", "problems", "handOvers", "runs"}) {
+        report[name] = Json::array();
+    }
+    return report;
+}
+
+void concludeReport(Json& report) {
+    report["complete"] = faultsOf(report).empty();
+}
+
+std::vector<std::string> faultsOf(const Json& report) {
+    std::vector<std::string> faults;
+    for (const Json& file : report["files"]) {
+        if (file["present"] == false || file["damage"] != "") {
+            faults.push_back(file.value("name", "") + ": " +
+                             (file["present"] == true ? file.value("damage", "") : "missing"));
+        }
+    }
+    faults.insert(faults.end(), report["problems"].begin(), report["problems"].end());
+    return faults;
+}
+
+std::vector<NeededFile> neededFiles(const InstallPlan& plan) {
+    std::vector<NeededFile> files;
     if (plan.route == Route::EndSilently) {
         return files;
     }
@@ -188,7 +273,7 @@ std::vector<MediaFile> neededFiles(const InstallPlan& plan) {
     } else if (plan.driverStep != DriverStep::None) {
         files.push_back({extractionToolFile, "unpacks the driver archives"});
         for (const DriverPackage& package : plan.deviceFamily->packages) {
-            files.push_back({package.archive, "drivers"});
+            files.push_back({package.archive, "drivers; the archive's form is not looked into"});
         }
     }
     files.push_back({setupUtilityFile, "installs the product"});
@@ -211,61 +296,35 @@ std::string routeInWords(const InstallPlan& plan) {
                : "older versions, then drivers, then the live product without a question";
 }
 
-std::string asText(const MediaReport& report) {
-    std::string text;
-    if (!report.productCode.empty()) {
-        text = "product   " + report.productCode + "  " + report.productName + "\ntitle     " +
-               report.title + "\npath      " + report.path + "\nbuild     " + report.build + "  (" +
-               report.buildOrigin + ")\n";
+std::string mediaInWords(const Json& report) {
+    const auto text = [](const Json& object, const char* name) { return object.value(name, ""); };
+    std::string words;
+    for (const Json& run : report["runs"]) {
+        words += runInWords(run) + '\n';
     }
-    for (const MediaFile& file : report.files) {
-        const bool whole = file.present && file.damage.empty();
-        text += (whole          ? "found     "
-                 : file.present ? "DAMAGED   "
-                                : "MISSING   ") +
-                file.name + "  (" + (file.damage.empty() ? file.purpose : file.damage) + ")\n";
+    if (report["productCode"] != "") {
+        words += "product   " + text(report, "productCode") + "  " + text(report, "productName") +
+                 "\ntitle     " + text(report, "title") + "\npath      " + text(report, "path") +
+                 "\nbuild     " + text(report, "build") + "  (" + text(report, "buildOrigin") +
+                 ")\nsigned    " + signatureInWords(report["signature"]) + '\n';
     }
-    for (const std::string& warning : report.warnings) {
-        text += "WARNING   " + warning + '\n';
+    for (const Json& file : report["files"]) {
+        const std::string damage = text(file, "damage");
+        words += (file["present"] == false ? "MISSING   "
+                  : damage.empty()         ? "found     "
+                                           : "DAMAGED   ") +
+                 text(file, "name") + "  (" + (damage.empty() ? text(file, "purpose") : damage) +
+                 ")\n";
     }
-    for (const std::string& problem : report.problems) {
-        text += "PROBLEM   " + problem + '\n';
+    for (const std::string warning : report["warnings"]) {
+        words += "WARNING   " + warning + '\n';
     }
-    for (const HandOver& handOver : report.handOvers) {
-        text += "\n" + handOver.choice + ", " + handOver.windows + "\n    " + handOver.parameters +
-                "\n";
+    for (const std::string problem : report["problems"]) {
+        words += "PROBLEM   " + problem + '\n';
     }
-    return toUtf8(text) + (report.isComplete() ? "\ncomplete\n" : "\nNOT COMPLETE\n");
-}
-
-Json asJson(const MediaReport& report) {
-    Json json = {{"productCode", toUtf8(report.productCode)},
-                 {"productName", toUtf8(report.productName)},
-                 {"title", toUtf8(report.title)},
-                 {"path", report.path},
-                 {"build", toUtf8(report.build)},
-                 {"buildOrigin", report.buildOrigin},
-                 {"files", Json::array()},
-                 {"warnings", Json::array()},
-                 {"problems", Json::array()},
-                 {"handOvers", Json::array()},
-                 {"complete", report.isComplete()}};
-    for (const MediaFile& file : report.files) {
-        json["files"].push_back({{"name", file.name},
-                                 {"purpose", file.purpose},
-                                 {"present", file.present},
-                                 {"damage", file.damage}});
+    for (const Json& handOver : report["handOvers"]) {
+        words += '\n' + text(handOver, "choice") + ", " + text(handOver, "windows") + "\n    " +
+                 text(handOver, "parameters") + '\n';
     }
-    for (const std::string& warning : report.warnings) {
-        json["warnings"].push_back(toUtf8(warning));
-    }
-    for (const std::string& problem : report.problems) {
-        json["problems"].push_back(toUtf8(problem));
-    }
-    for (const HandOver& handOver : report.handOvers) {
-        json["handOvers"].push_back({{"choice", handOver.choice},
-                                     {"windows", handOver.windows},
-                                     {"parameters", toUtf8(handOver.parameters)}});
-    }
-    return json;
+    return words + (report["complete"] == true ? "\ncomplete\n" : "\nNOT COMPLETE\n");
 }

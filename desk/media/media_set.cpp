@@ -2,6 +2,7 @@
 
 #include <nlohmann/json.hpp>
 
+#include "desk/executables/stamp_image.h"
 #include "desk/media/product_facts.h"
 #include "desk/media/release_folder.h"
 #include "desk/refusal.h"
@@ -24,6 +25,14 @@ MediaSet readMediaSet(const fs::path& folder) {
         }
     } catch (const Json::exception&) {
         throw Refusal("\"" + file.string() + "\" is no list of media that \"layout\" wrote.");
+    }
+    return set;
+}
+
+MediaSet mediaSetOf(const std::vector<std::string>& codes) {
+    MediaSet set;
+    for (const std::string& code : codes) {
+        set[folderOf(chooseStampedCode(CProductData(), code).code)] = {};
     }
     return set;
 }

@@ -21,4 +21,7 @@ using MediaSet = std::map<std::string, SetMember>;
 /// The set in a folder. Without a list it is one of all products, of one build. Throws Refusal.
 [[nodiscard]] MediaSet readMediaSet(const std::filesystem::path& folder);
 
+/// A set of these products, of one build. Throws Refusal for a code that is no product's.
+[[nodiscard]] MediaSet mediaSetOf(const std::vector<std::string>& codes);
+
 [[nodiscard]] std::string asText(const MediaSet& set);

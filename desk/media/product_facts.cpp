@@ -47,7 +47,7 @@ ProductFacts productFacts(CProductData& catalogue, const std::string& code) {
     if (plan.offersDemonstration) {
         facts.choices.emplace_back(TEXT_DEMONSTRATION);
     }
-    for (const MediaFile& file : neededFiles(plan)) {
+    for (const NeededFile& file : neededFiles(plan)) {
         facts.files.push_back(file.name);
     }
     facts.setupsPerProcessor = catalogue.hasProcessorSpecificSetups(code);

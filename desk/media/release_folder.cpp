@@ -4,10 +4,12 @@
 #include <nlohmann/json.hpp>
 
 #include "desk/executables/stamp_image.h"
+#include "desk/executables/stamping.h"
 #include "desk/executables/version_stamp.h"
 #include "desk/json.h"
 #include "desk/media/product_facts.h"
 #include "desk/refusal.h"
+#include "desk/table.h"
 #include "desk/western_text.h"
 #include "desk/whole_file.h"
 #include "platform/ansi_text.h"
@@ -56,10 +58,10 @@ void examineStamp(const std::string& path, const std::string& image, const Produ
 
 void examineInstaller(const fs::path& folder, const ProductFacts& facts, const Json& billed,
                       const SignatureChoices& choices, ReleaseReport& report,
-                      std::vector<std::string>& builds) {
+                      std::set<std::string>& builds) {
     const std::string path = releasedPath(facts.code);
     const auto add = [&](const std::string& what) { report.problems.push_back({path, what}); };
-    const std::string image = readInput((folder / path).string());
+    const std::string image = readInstaller((folder / path).string());
     ++report.installers;
     const Executable executable(image);
     if (const std::string damage = executable.damage(); !damage.empty()) {
@@ -70,7 +72,7 @@ void examineInstaller(const fs::path& folder, const ProductFacts& facts, const J
     }
     examineStamp(path, image, facts, report.problems);
     const std::string build = versionText(image, "ProductVersion").value_or("none");
-    builds.push_back(build);
+    builds.insert(build);
     const Json component = billed.value(path, Json::object());
     const std::string digest = component.value(Json::json_pointer("/hashes/0/content"), "");
     if (digest != sha256(image) || component.value("version", "") != build) {
@@ -79,15 +81,12 @@ void examineInstaller(const fs::path& folder, const ProductFacts& facts, const J
     for (const std::string& missing : executable.missingProtections()) {
         add(missing);
     }
-    const Signature signature = signatureOf(folder / path, executable, choices);
-    report.signatures += signature.state == SignatureState::None ? 0 : 1;
+    const Json signature = signatureOf(folder / path, executable, choices);
+    report.signatures += executable.isSigned() ? 1 : 0;
     if (const std::string problem = signatureProblem(signature, choices); !problem.empty()) {
         add(problem);
     }
-    const std::string words = inWords(signature);
-    if (std::find(report.signers.begin(), report.signers.end(), words) == report.signers.end()) {
-        report.signers.push_back(words);
-    }
+    report.signers.insert(signatureInWords(signature));
 }
 
 }  // namespace
@@ -108,7 +107,8 @@ ReleaseReport examineRelease(const fs::path& folder, const std::string& build,
     ReleaseReport report;
     report.problems = compareWithList(folder, checksumsFile);
     Json billed = Json::object();
-    std::vector<std::string> known = {checksumsFile, billOfMaterialsFile, noticesFile}, builds;
+    std::vector<std::string> known = {checksumsFile, billOfMaterialsFile, noticesFile};
+    std::set<std::string> builds;
     try {
         billed = billedComponents(folder);
     } catch (const Refusal& reason) {
@@ -133,17 +133,11 @@ ReleaseReport examineRelease(const fs::path& folder, const std::string& build,
             report.problems.push_back({file, "does not belong to a release"});
         }
     }
-    std::sort(builds.begin(), builds.end());
-    builds.erase(std::unique(builds.begin(), builds.end()), builds.end());
     if (builds.size() > 1) {
-        std::string all;
-        for (const std::string& one : builds) {
-            all += (all.empty() ? "" : ", ") + one;
-        }
-        report.problems.push_back({"", "the installers show different builds: " + all});
+        report.problems.push_back({"", "the installers show different builds: " + joined(builds)});
     }
-    report.build = builds.size() == 1 ? builds.front() : "";
-    if (!build.empty() && (builds.size() != 1 || report.build != build)) {
+    report.build = builds.size() == 1 ? *builds.begin() : "";
+    if (!build.empty() && report.build != build) {
         report.problems.push_back({"", "the installers do not all show the build " + build});
     }
     if (report.signatures != 0 && report.signatures != report.installers) {

@@ -3,6 +3,7 @@
 #pragma once
 
 #include <filesystem>
+#include <set>
 #include <string>
 #include <vector>
 
@@ -22,8 +23,8 @@ inline constexpr const char* installerFile = "Install.exe";
 struct ReleaseReport {
     std::size_t installers = 0;
     std::size_t signatures = 0;
-    std::vector<std::string> signers;  ///< in words, each once
-    std::string build;                 ///< that the version resources show, when it is one
+    std::set<std::string> signers;  ///< in words, each once
+    std::string build;              ///< that the version resources show, when it is one
     std::vector<FileProblem> problems;
 };
 

@@ -111,9 +111,7 @@ void addFolders(const std::string& path) {
 }
 
 void setRelease(const std::string& name) {
-    MachineDescription description;
-    std::string error;
-    EXPECT_TRUE(emptyMachine({name, on64BitWindows() ? 64 : 32}, description, error)) << error;
+    const MachineDescription description = emptyMachine({name, on64BitWindows() ? 64 : 32});
     onStage->facts = description.facts;
     onStage->wow64 = description.is64Bit;
     onStage->programFiles = description.programFiles;

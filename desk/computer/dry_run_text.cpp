@@ -1,0 +1,125 @@
+// A dry run in words.
+#include <nlohmann/json.hpp>
+
+#include "desk/computer/dry_run.h"
+
+namespace {
+
+const std::string margin = "     ";
+
+std::string text(const Json& object, const char* name) {
+    return object.value(name, "");
+}
+
+/// The text with every line set in behind `start`.
+std::string lines(const std::string& text, const std::string& start) {
+    std::string result = start;
+    for (const char character : text) {
+        result += character;
+        if (character == '\n') {
+            result += start;
+        }
+    }
+    return result + '\n';
+}
+
+/// Without the key that driver archives were packed with.
+std::string commandLine(const Json& call) {
+    std::string arguments = text(call, "arguments");
+    const std::string option = "-fzxkey ";
+    if (const std::size_t key = arguments.find(option); key != std::string::npos) {
+        const std::size_t start = key + option.size();
+        arguments.replace(start, arguments.find(' ', start) - start, "...");
+    }
+    return text(call, "program") + (arguments.empty() ? "" : " ") + arguments;
+}
+
+std::string dialogInWords(const Json& dialog) {
+    const bool hasRows = !dialog["rows"].empty();
+    const std::string icon = dialog["icon"].is_null() ? "" : ", " + text(dialog, "icon") + " icon";
+    std::string words = margin + '"' + text(dialog, "title") + '"' + icon + '\n';
+    bool isFirst = true;
+    for (const std::string part : dialog["texts"]) {
+        words += lines(part, margin + "| ");
+        for (const std::string row : isFirst ? dialog["rows"] : Json()) {
+            words += margin + "|   [x] " + row + '\n';
+        }
+        isFirst = false;
+    }
+    std::string mark = hasRows ? "[x] " : "(o) ";
+    for (const std::string choice : dialog["choices"]) {
+        words += margin + "|   " + mark + choice + '\n';
+        mark = hasRows ? mark : "( ) ";
+    }
+    std::string buttons;
+    for (const std::string button : dialog["buttons"]) {
+        buttons += (buttons.empty() ? "[" : "  [") + button + ']';
+    }
+    return words + margin + "| " + buttons + '\n';
+}
+
+std::string promptInWords(const Json& step) {
+    std::string words = "shows\n" + dialogInWords(step["dialog"]);
+    for (const Json& answer : step["answers"]) {
+        words += margin + '"' + text(answer, "button") + "\": " + text(answer, "outcome") + '\n';
+        std::size_t number = 0;
+        for (const Json& call : answer["runs"]) {
+            words += margin + "   " + std::to_string(++number) + ". " + commandLine(call) + '\n';
+        }
+    }
+    return words;
+}
+
+std::string stepInWords(const Json& step) {
+    const std::string kind = text(step, "kind");
+    if (kind == "dialog") {
+        return promptInWords(step);
+    }
+    const std::string does = kind == "stop"   ? "stops  " + text(step, "program")
+                             : kind == "copy" ? "copies  " + text(step, "from") + '\n' + margin +
+                                                    "to " + text(step, "to")
+                             : kind == "log"  ? "logs  " + text(step, "line")
+                             : kind == "wait" ? "waits  " + step["seconds"].dump() + " seconds"
+                                              : "runs  " + commandLine(step);
+    return does + '\n' + margin + text(step, "note") + '\n';
+}
+
+std::string endingInWords(const Json& ending) {
+    const std::string choice = text(ending, "choice");
+    std::string words = (choice.empty() ? "without a question" : choice) + '\n';
+    if (ending.contains("message")) {
+        return words + dialogInWords(ending["message"]);
+    }
+    words += "   product   " + text(ending, "productCode") + "  " + text(ending, "productName") +
+             "\n   folder    " + text(ending, "programFolder");
+    if (ending["programFolderNumber"] > 1) {
+        words +=
+            "  (the names before number " + ending["programFolderNumber"].dump() + " are taken)";
+    }
+    return words + "\n   starts    " + text(ending["setup"], "program") + "\n      " +
+           text(ending["setup"], "arguments") + '\n';
+}
+
+}  // namespace
+
+std::string runInWords(const Json& run) {
+    std::string system = text(run, "system");
+    system.erase(system.find_last_not_of(' ') + 1);
+    std::string words = "The run on " + (system.empty() ? "a release without a name" : system) +
+                        ", " + run["bits"].dump() + "-bit (code " + run["systemCode"].dump() +
+                        "):\n";
+    for (const std::string note : run["notes"]) {
+        words += "note: " + note + '\n';
+    }
+    std::size_t number = 0;
+    for (const Json& step : run["steps"]) {
+        words += '\n' + std::to_string(++number) + ". " + stepInWords(step);
+    }
+    if (!run["earlyEnd"].is_null()) {
+        words += '\n' + text(run, "earlyEnd") + '\n';
+    }
+    for (const Json& ending : run["endings"]) {
+        words += '\n' + endingInWords(ending);
+    }
+    return words;
+}
