@@ -26,6 +26,10 @@ def prepare(folder, tools):
     (folder / "build/release").mkdir()
     (folder / "build/release/installer.exe").write_bytes(executable())
     make_parts(tools / "installer-tool", folder / "parts")
+    subprocess.run(["openssl", "req", "-x509", "-newkey", "rsa:2048", "-nodes", "-days", "2",
+                    "-subj", "/CN=Trial", "-addext", "extendedKeyUsage=codeSigning",
+                    "-keyout", folder / "key.pem", "-out", folder / "certificate.pem"],
+                   capture_output=True, check=True)
 
 
 def shown(command):

@@ -306,7 +306,7 @@ std::string mediaInWords(const Json& report) {
         words += "product   " + text(report, "productCode") + "  " + text(report, "productName") +
                  "\ntitle     " + text(report, "title") + "\npath      " + text(report, "path") +
                  "\nbuild     " + text(report, "build") + "  (" + text(report, "buildOrigin") +
-                 ")\nsigned    " + signatureInWords(report["signature"]) + '\n';
+                 ")\ninstaller " + signatureInWords(report["signature"]) + '\n';
     }
     for (const Json& file : report["files"]) {
         const std::string damage = text(file, "damage");

@@ -3,7 +3,9 @@
 #include <gtest/gtest.h>
 
 #include "desk/computer/described_machine.h"
+#include "desk/refusal.h"
 #include "desk/western_text.h"
+#include "desk/whole_file.h"
 #include "installed/installation_index.h"
 
 namespace {
@@ -46,9 +48,14 @@ std::string seen(const MachineDescription& description) {
 }
 
 std::string read(const std::string& description, MachineDescription& machine) {
-    std::string error;
-    const auto noFile = [](const std::string&) { return std::nullopt; };
-    return readMachine(description, noFile, {}, machine, error) ? seen(machine) : "error: " + error;
+    const std::string file = testing::TempDir() + "machine_description";
+    writeOutput(file, description);
+    try {
+        machine = readMachine(file, {});
+        return seen(machine);
+    } catch (const Refusal& reason) {
+        return std::string("error: ") + reason.what();
+    }
 }
 
 const std::string header = "Windows Registry Editor Version 5.00\n\n";
@@ -126,7 +133,8 @@ TEST(Machine, ReadsJson) {
     for (const char* wrong :
          {"", "[]", "{", R"({"window": 1})", R"({"windows": "Windows 1"})", R"({"bits": 16})",
           R"({"windows": {"major": -1}})", R"({"installed": {}})", R"({"installed": [1]})",
-          R"({"installed": [{"DisplayName": 1}]})", R"({"registry": "missing.reg"})"}) {
+          R"({"installed": [{"DisplayName": 1}]})", R"({"installed": [{"DisplayNam": "x"}]})",
+          R"({"registry": "missing.reg"})"}) {
         EXPECT_TRUE(read(wrong, machine).starts_with("error: ")) << wrong;
     }
 }

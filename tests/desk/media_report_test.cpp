@@ -1,15 +1,19 @@
+#include "desk/media/media_report.h"
+
 #include <gtest/gtest.h>
 #include <unistd.h>
 
 #include <filesystem>
 #include <fstream>
 #include <map>
+#include <nlohmann/json.hpp>
 
 #include "app/stamped_identity.h"
 #include "catalogue/cipher.h"
+#include "desk/media/manifest.h"
 #include "desk/media/media_folder.h"
+#include "desk/whole_file.h"
 #include "tests/desk/sample_executable.h"
-#include "tests/rows.h"
 
 namespace {
 
@@ -21,122 +25,163 @@ std::string stamped(std::string code, std::string name) {
     return executable(std::string(stampMarker, sizeof stampMarker) + code + name);
 }
 
-std::string damaged(std::string content) {
-    content.back() ^= 1;
-    return content;
-}
-
-using Folder = std::map<std::string, std::string>;
+using Files = std::map<std::string, std::string>;
+using Texts = std::vector<std::string>;
 
 const std::string compiledIn = "16.4.10002.0";
 const std::string section = "[Version Number]\r\nVersion Number=";
-const Folder setupOnly = {{"Setup.Exe", ""}};
+const std::string viewerName = "Tavlink Universal Analyzer";
 
-/// Of a folder with these files; the run reads its product data there, too, unless told otherwise.
-MediaReport examine(const std::string& installer, const Folder& folder, bool installerIsOnMedia,
-                    bool dataBesideInstaller = true, const std::string& requiredBuild = "") {
-    Media media;
-    media.installer = installer;
-    media.besideInstaller = [&](const std::string& name) {
-        return dataBesideInstaller && folder.contains(name) ? NamedFile{true, folder.at(name)}
-                                                            : NamedFile{};
-    };
-    media.onMedia = [&folder](const std::string& name) { return FileState{folder.contains(name)}; };
-    media.installerIsOnMedia = installerIsOnMedia;
-    media.directory = "E:\\m";
-    media.requiredBuild = requiredBuild;
-    CProductData catalogue;
-    return examineMedia(media, catalogue);
+/// A folder of its own for a test.
+class MediaReport : public testing::Test {
+  protected:
+    MediaReport() { fs::create_directories(media); }
+    ~MediaReport() override { fs::remove_all(root); }
+
+    /// The report of a folder with these files and an installer in it, or in another folder.
+    Json examine(const std::string& installer, const Files& files, bool installerIsOnMedia = true,
+                 const MediaChoices& choices = {}) {
+        fs::remove_all(root);
+        for (const auto& [name, content] : files) {
+            writeOutput((media / name).string(), content);
+        }
+        fs::create_directories(media);
+        const fs::path program = (installerIsOnMedia ? media : other) / "Install.exe";
+        writeOutput(program.string(), installer);
+        return examineMedia(program, media, choices, {});
+    }
+
+    const fs::path root = fs::temp_directory_path() / ("media." + std::to_string(getpid()));
+    const fs::path media = root / "media", other = root / "other";
+};
+
+Texts namesOf(const Json& list, const char* name) {
+    Texts names;
+    for (const Json& one : list) {
+        names.push_back(one[name]);
+    }
+    return names;
 }
 
-/// Whether there is one text, which begins so; with an empty `start`, whether there is none.
-bool beginsWith(const std::vector<std::string>& texts, const std::string& start) {
-    return start.empty() ? texts.empty() : texts.size() == 1 && texts[0].starts_with(start);
+bool isOneThatBeginsWith(const Json& texts, const std::string& start) {
+    return start.empty() ? texts.empty()
+                         : texts.size() == 1 && texts[0].get<std::string>().starts_with(start);
 }
 
-/// "build | route | lacks FILE | the start of a problem | choice, Windows".
-std::string outcome(const std::string& code, const Folder& folder) {
-    const MediaReport report = examine(stamped(code, code), folder, true);
-    std::string text = report.build + " | " + report.path;
-    bool complete = report.problems.empty();
-    for (const MediaFile& file : report.files) {
-        text += file.present ? "" : " | lacks " + file.name;
-        complete = complete && file.present;
+TEST_F(MediaReport, TellsWhatTheInstallerWillDo) {
+    const struct {
+        std::string code, path;
+        Texts needs, choices;
+    } cases[] = {
+        {.code = "1Q",
+         .path = "older viewers are stopped and removed, then the viewer is installed",
+         .needs = {"UninstallQmx.exe", "Setup.Exe"},
+         .choices = {"without a question"}},
+        {.code = "1m",
+         .path = "drivers, then \"Install Product\"",
+         .needs = {"flatten.exe", "SerialTavlinkDrivers.fzx", "Setup.Exe"},
+         .choices = {"Live Product", "Live Product", "File Viewer", "File Viewer",
+                     "Demonstration"}},
+        {.code = "1w",
+         .path = "older versions, then drivers, then the live product without a question",
+         .needs = {"flatten.exe", "CorvaneTavlinkDrivers.fzx", "Setup.Exe"},
+         .choices = {"Live Product"}},
+        {.code = "0q",
+         .path = "older versions, then \"Install Product\"",
+         .needs = {"Setup.Exe"},
+         .choices = {"Live Product"}},
+        {.code = "1r", .path = "ends silently, nothing is installed", .needs = {}, .choices = {}}};
+    for (const auto& row : cases) {
+        const Json report = examine(stamped(row.code, row.code), {});
+        EXPECT_EQ(report["path"], row.path) << row.code;
+        EXPECT_EQ(namesOf(report["files"], "name"), row.needs) << row.code;
+        EXPECT_EQ(namesOf(report["handOvers"], "choice"), row.choices) << row.code;
+        EXPECT_EQ(report["complete"], row.needs.empty()) << row.code;
     }
-    EXPECT_EQ(report.isComplete(), complete);
-    for (const std::string& problem : report.problems) {
-        text += " | " + problem.substr(0, 25);
-    }
-    for (const HandOver& handOver : report.handOvers) {
-        text += " | " + handOver.choice + ", " + handOver.windows;
-        EXPECT_TRUE(handOver.parameters.ends_with("`-tmp=E:\\m\\`")) << handOver.parameters;
-    }
-    return text;
-}
-
-TEST(MediaReport, TellsWhatTheInstallerWillDo) {
-    const Folder enciphered = {{"ProductData.inx", encipher(section + "1.2.3.4")},
-                               {"ProductData.ini", section + "5.6.7.8"}};
-    const Folder unreadable = {{"ProductData.inx", damaged(enciphered.at("ProductData.inx"))},
-                               {"ProductData.ini", section + "5.6.7.8"}};
-    const std::string lineFeeds = "[Version Number]\nVersion Number=1.2.3.4\nB=2\n",
-                      silently = " | ends silently, nothing is installed";
-    expectRows<std::tuple<std::string, Folder>, std::string>(
-        {{{"1Q", setupOnly},
-          compiledIn + " | older viewers are stopped and removed, then the viewer is installed |"
-                       " lacks UninstallQmx.exe | without a question, any Windows"},
-         {{"1m", {{"Setup.Exe", ""}, {"flatten.exe", ""}}},
-          compiledIn + " | drivers, then \"Install Product\" | lacks SerialTavlinkDrivers.fzx |"
-                       " Live Product, 32-bit Windows | Live Product, 64-bit Windows |"
-                       " File Viewer, 32-bit Windows | File Viewer, 64-bit Windows |"
-                       " Demonstration, any Windows"},
-         {{"1w", {}},
-          compiledIn + " | older versions, then drivers, then the live product without a question"
-                       " | lacks flatten.exe | lacks CorvaneTavlinkDrivers.fzx | lacks Setup.Exe"
-                       " | Live Product, any Windows"},
-         {{"0q", enciphered},
-          "1.2.3.4 | older versions, then \"Install Product\" | lacks Setup.Exe |"
-          " Live Product, any Windows"},
-         {{"1r", {}}, compiledIn + silently},
-         {{"1r", unreadable}, compiledIn + silently + " | ProductData.inx: Cannot l"},
-         {{"1r", {{"ProductData.ini", lineFeeds}}},
-          "1.2.3.4\nB=2" + silently + " | ProductData.ini: lines do"},
-         {{"1r", {{"ProductData.ini", "[Version]\r\nVersion Number=1\r\n"}}},
-          compiledIn + silently + " | ProductData.ini: no \"Vers"},
-         {{"1R", {}}, compiledIn + silently + " | No product with id \"1R\" i"},
-         {{"", {}}, " |  | The executable is not a s"}},
-        outcome);
 }
 
 // The guide's own check once looked at the media folder alone, and reassured with the wrong build.
-TEST(MediaReport, TakesTheBuildFromWhereTheRunDoes) {
-    const std::string name = "Tavlink Universal Analyzer";
-    const Folder withData = {{"Setup.Exe", ""}, {"ProductData.ini", section + "1.2.3.4\r\n"}};
+TEST_F(MediaReport, TakesTheBuildFromWhereTheRunDoes) {
+    std::string broken = encipher(section + "1.2.3.4");
+    broken.back() ^= 1;
+    const Files plain = {{"ProductData.ini", section + "1.2.3.4\r\n"}};
     const struct {
         const char* what;
-        bool installerIsOnMedia, dataBesideInstaller;
-        std::string requiredBuild;
-        std::string problem, warning;  ///< how it begins
-    } cases[] = {{"on the media", true, true, "", "", ""},
-                 {"the right build", true, true, "1.2.3.4", "", ""},
-                 {"another build", true, true, "1.2.3.5", "The build is 1.2.3.4, not 1.2.3.5", ""},
-                 {"data on the media alone", false, false, "",
-                  "ProductData.ini on the media is not read", ""},
-                 {"another folder", false, true, "", "", "The installer lies in another folder"}};
+        Files files;
+        std::string build, problem = {}, warning = {};  ///< how those begin
+        bool installerIsOnMedia = true;
+        std::string requiredBuild = {};
+    } cases[] = {{.what = "no data",
+                  .files = {},
+                  .build = compiledIn,
+                  .warning = "There is no product-data"},
+                 {.what = "plain", .files = plain, .build = "1.2.3.4"},
+                 {.what = "enciphered goes first",
+                  .files = {{"ProductData.inx", encipher(section + "5.6.7.8")}, *plain.begin()},
+                  .build = "5.6.7.8"},
+                 {.what = "unreadable",
+                  .files = {{"ProductData.inx", broken}, *plain.begin()},
+                  .build = compiledIn,
+                  .problem = "ProductData.inx: Cannot l"},
+                 {.what = "bare line feeds",
+                  .files = {{"ProductData.ini", "[Version Number]\nVersion Number=1.2.3.4\nB=2\n"}},
+                  .build = "1.2.3.4\nB=2",
+                  .problem = "ProductData.ini: lines do not end"},
+                 {.what = "no value",
+                  .files = {{"ProductData.ini", "[Version]\r\nVersion Number=1\r\n"}},
+                  .build = compiledIn,
+                  .problem = "ProductData.ini: no \"Version"},
+                 {.what = "breaks the parameters",
+                  .files = {{"ProductData.ini", section + "1.2`3\r\n"}},
+                  .build = "1.2`3",
+                  .problem = "ProductData.ini: The build"},
+                 {.what = "another build",
+                  .files = plain,
+                  .build = "1.2.3.4",
+                  .problem = "The build is 1.2.3.4, not 1.2.3.5",
+                  .requiredBuild = "1.2.3.5"},
+                 {.what = "data on the media alone",
+                  .files = plain,
+                  .build = compiledIn,
+                  .problem = "ProductData.ini on the media is not read",
+                  .installerIsOnMedia = false}};
     for (const auto& row : cases) {
         SCOPED_TRACE(row.what);
-        const MediaReport report = examine(stamped("0q", name), withData, row.installerIsOnMedia,
-                                           row.dataBesideInstaller, row.requiredBuild);
-        EXPECT_EQ(report.build, row.dataBesideInstaller ? "1.2.3.4" : compiledIn);
-        EXPECT_EQ(report.isComplete(), row.problem.empty());
-        EXPECT_TRUE(beginsWith(report.problems, row.problem)) << asText(report);
-        EXPECT_TRUE(beginsWith(report.warnings, row.warning)) << asText(report);
+        Files files = row.files;
+        files["Setup.Exe"] = executable("content");
+        Digests digests;
+        for (const auto& [name, content] : files) {
+            digests[name] = sha256(content);
+        }
+        const std::string installer = stamped("0q", viewerName);
+        if (row.installerIsOnMedia) {
+            digests["Install.exe"] = sha256(installer);
+        }
+        files[manifestFile] = asList(digests);
+        const Json report =
+            examine(installer, files, row.installerIsOnMedia, {.requiredBuild = row.requiredBuild});
+        EXPECT_EQ(report["build"], row.build);
+        EXPECT_EQ(report["complete"], row.problem.empty());
+        EXPECT_TRUE(isOneThatBeginsWith(report["problems"], row.problem)) << report["problems"];
+        EXPECT_TRUE(isOneThatBeginsWith(report["warnings"], row.warning)) << report["warnings"];
     }
-    EXPECT_TRUE(
-        beginsWith(examine(stamped("16", "Tavlink Bluetooth Analyzer"), withData, true).warnings,
-                   "A run ends without a word"));
-    EXPECT_TRUE(beginsWith(examine(stamped("0q", "Universal"), withData, true).warnings,
-                           "The title says \"Universal\", the program folder \"" + name));
+}
+
+TEST_F(MediaReport, NamesWhatIsSeldomMeant) {
+    const MediaChoices deep{.directory = "D:\\" + std::string(250, 'd')};
+    const struct {
+        const char* what;
+        Json report;
+        std::string told;
+    } cases[] = {
+        {"silent", examine(stamped("16", "Tavlink Bluetooth Analyzer"), {}), "ends without a word"},
+        {"name", examine(stamped("0q", "Other"), {}), "The title says"},
+        {"code", examine(stamped("1R", "x"), {}), "No product with id"},
+        {"no stamp", examine(stamped("", ""), {}), "not a stamped installer"},
+        {"path", examine(stamped("0q", viewerName), {}, true, deep), "more than 259 characters"}};
+    for (const auto& row : cases) {
+        EXPECT_NE(row.report.dump().find(row.told), std::string::npos) << row.what << row.report;
+    }
 }
 
 TEST(MediaFolder, CountsAFileOnlyWhenItIsWhole) {
@@ -146,13 +191,13 @@ TEST(MediaFolder, CountsAFileOnlyWhenItIsWhole) {
     const std::string whole = executable("content");
     std::string changed = whole;
     changed.back() ^= 1;
-    for (const auto& [name, content] : Folder{{"SETUP.EXE", whole},
-                                              {"cut.exe", whole.substr(0, whole.size() - 1)},
-                                              {"headers.exe", whole.substr(0, 100)},
-                                              {"changed.exe", changed},
-                                              {"text.exe", "a text"},
-                                              {"empty.fzx", ""},
-                                              {"archive.fzx", "a"}}) {
+    for (const auto& [name, content] : Files{{"SETUP.EXE", whole},
+                                             {"cut.exe", whole.substr(0, whole.size() - 1)},
+                                             {"headers.exe", whole.substr(0, 100)},
+                                             {"changed.exe", changed},
+                                             {"text.exe", "a text"},
+                                             {"empty.fzx", ""},
+                                             {"archive.fzx", "a"}}) {
         std::ofstream(folder / name, std::ios::binary) << content;
     }
     const struct {
@@ -168,11 +213,10 @@ TEST(MediaFolder, CountsAFileOnlyWhenItIsWhole) {
                  {"link.fzx", "No such file"},
                  {"other.fzx", "missing"}};
     for (const auto& row : cases) {
-        const FileState state = fileState(folder, row.name);
-        const std::string seen = !state.present         ? "missing"
-                                 : state.damage.empty() ? "whole"
-                                                        : state.damage;
-        EXPECT_NE(seen.find(row.seen), std::string::npos) << row.name << ": " << seen;
+        const std::optional<fs::path> path = findInFolder(folder, row.name);
+        const std::string damage = path ? damageOf(*path) : "missing";
+        EXPECT_NE((damage.empty() ? "whole" : damage).find(row.seen), std::string::npos)
+            << row.name << ": " << damage;
     }
     fs::remove_all(folder);
 }

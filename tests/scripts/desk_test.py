@@ -252,9 +252,32 @@ def releases(work):
         path.write_bytes(image)
 
 
+def names_in(document):
+    """The members of a document at every level; those of a run's parameters have names of their own."""
+    if isinstance(document, list):
+        return set().union(*map(names_in, document))
+    if not isinstance(document, dict):
+        return set()
+    return set(document).union(*(names_in(value) for name, value in document.items() if name != "fields"))
+
+
+def formats(work):
+    """docs/formats.md tells every member that is printed, and its description of a machine is read."""
+    page = (Path(__file__).resolve().parents[2] / "docs/formats.md").read_text(encoding="utf-8")
+    (work / "machine.json").write_text(page.split("```json\n")[1].split("```")[0])
+    for words in (["products"], ["stamp", "--list"], ["stamp", "installer.exe", "1k", "f.exe"],
+                  ["encipher", "data.ini", "f.inx"], ["release", "formats"], ["verify", "formats"],
+                  ["layout", "layout.json", "media"], ["check", "--html", "runs.html"],
+                  ["check", "--release", "media", "--installed", "machine.json"],
+                  ["check", "media/1q/Install.exe", "media/1q", "--installed", "machine.json"]):
+        result = run(*words, "--json")
+        untold = {name for name in names_in(json.loads(result.stdout)) if f"`{name}`" not in page}
+        expect(words, result.returncode == 0 and not untold, f"{untold} {result.stderr}")
+
+
 with tempfile.TemporaryDirectory() as folder:
     os.chdir(folder)
-    for part in (faults, good_runs, media, releases):
+    for part in (faults, good_runs, media, releases, formats):
         part(Path(folder))
 for failure in failures:
     print("desk_test:", failure, file=sys.stderr)
