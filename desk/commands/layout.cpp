@@ -83,7 +83,7 @@ void takeInstallers(std::vector<MediaPlan>& all, const LayoutDescription& descri
     }
     refuseAll("The release \"" + release.string() + "\" is not as it should be", problems);
     for (MediaPlan& media : all) {
-        if (!description.name(media.facts.code).empty() && media.stamp.name != media.facts.name) {
+        if (description.has(media.facts.code, "name") && media.stamp.name != media.facts.name) {
             problems.push_back("\"name\" of product " + media.facts.code +
                                " is for installers that are made here, and those of a release are "
                                "not changed; leave it out.");
@@ -101,7 +101,7 @@ void makeOwnInstallers(std::vector<MediaPlan>& all, const LayoutDescription& des
     for (const MediaPlan& media : all) {
         const std::string& code = media.facts.code;
         orders.push_back({folderOf(code) + '/' + media.installerName,
-                          description.installer(code).string(), media.stamp});
+                          description.path(code, "installer").string(), media.stamp});
     }
     const fs::path made = makeInstallers(orders, choices.signing, choices.jobs, output);
     for (std::size_t index = 0; index < all.size(); ++index) {
@@ -156,8 +156,8 @@ void layOut(const Choices& choices, const Session& session) {
         throw CLI::ValidationError("layout", "needs DESCRIPTION and OUT, or --example");
     }
     const LayoutDescription description = describe(choices);
-    const auto release = description.release();
-    if (release && !choices.signing.command.empty()) {
+    const bool isReleased = description.has("", "release");
+    if (isReleased && !choices.signing.command.empty()) {
         throw Refusal(
             "The installers of a release are not signed again: sign when it is made, or "
             "leave \"release\" out of the description.");
@@ -175,8 +175,9 @@ void layOut(const Choices& choices, const Session& session) {
         requireReplaceable(fs::path(choices.folder) / folderOf(media.facts.code), manifestFile);
     }
     OutputFolder output(choices.folder);
-    if (release) {
-        takeInstallers(all, description, *release, choices.signing.verification);
+    if (isReleased) {
+        takeInstallers(all, description, description.path("", "release"),
+                       choices.signing.verification);
     } else {
         makeOwnInstallers(all, description, choices, output);
     }

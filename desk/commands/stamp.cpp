@@ -4,7 +4,7 @@
 #include <nlohmann/json.hpp>
 
 #include "desk/commands/command.h"
-#include "desk/executables/stamping.h"
+#include "desk/executables/stamp_image.h"
 #include "desk/refusal.h"
 #include "desk/western_text.h"
 #include "desk/whole_file.h"

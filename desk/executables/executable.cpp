@@ -1,5 +1,7 @@
 #include "desk/executables/executable.h"
 
+#include <utility>
+
 namespace {
 
 // Of winnt.h: offsets within IMAGE_DOS_HEADER, IMAGE_FILE_HEADER (behind the signature),
@@ -124,37 +126,29 @@ std::vector<std::string> Executable::missingProtections() const {
     constexpr std::uint32_t windowsXp = 5 | 1 << 16;
     const std::uint32_t fileFlags = number(fileFlagsField(), 2).value_or(0);
     const std::uint32_t protections = number(optional + protectionsField, 2).value_or(0);
-    std::vector<std::string> missing;
-    if ((protections & dynamicBase) == 0 || (fileFlags & relocationsStripped) != 0 ||
-        number(directory(relocationDirectory) + 4, 4).value_or(0) == 0) {
-        missing.emplace_back("it is not placed at random (ASLR)");
-    }
-    if ((protections & dataIsNotRun) == 0) {
-        missing.emplace_back("its data can be run (no NX)");
-    }
-    if ((protections & noHandlers) == 0) {
-        missing.emplace_back("it takes exception handlers from its own image (no NO_SEH)");
-    }
-    if ((protections & terminalServerAware) == 0) {
-        missing.emplace_back("it is not aware of terminal servers");
-    }
-    if ((fileFlags & swapRuns) != swapRuns) {
-        missing.emplace_back("it is not loaded whole from a disc and from the net");
-    }
-    if (number(optional + subsystemVersionField, 4) != windowsXp) {
-        missing.emplace_back("it does not ask for Windows XP (subsystem version 5.1)");
-    }
+    bool isWrittenAndRun = false;
     for (std::uint64_t index = 0; index < sectionCount; ++index) {
         const std::uint32_t flags =
             number(sections + index * sectionSize + sectionFlagsField, 4).value_or(0);
-        if ((flags & runs) != 0 && (flags & isWritten) != 0) {
-            missing.emplace_back("a section can be written and run");
-            break;
+        isWrittenAndRun = isWrittenAndRun || ((flags & runs) != 0 && (flags & isWritten) != 0);
+    }
+    const std::pair<bool, const char*> lacks[] = {
+        {(protections & dynamicBase) == 0 || (fileFlags & relocationsStripped) != 0 ||
+             number(directory(relocationDirectory) + 4, 4).value_or(0) == 0,
+         "it is not placed at random (ASLR)"},
+        {(protections & dataIsNotRun) == 0, "its data can be run (no NX)"},
+        {(protections & noHandlers) == 0,
+         "it takes exception handlers from its own image (no NO_SEH)"},
+        {(protections & terminalServerAware) == 0, "it is not aware of terminal servers"},
+        {(fileFlags & swapRuns) != swapRuns, "it is not loaded whole from a disc and from the net"},
+        {number(optional + subsystemVersionField, 4) != windowsXp,
+         "it does not ask for Windows XP (subsystem version 5.1)"},
+        {isWrittenAndRun, "a section can be written and run"}};
+    std::vector<std::string> missing;
+    for (const auto& [isLacking, what] : lacks) {
+        if (isLacking) {
+            missing.emplace_back(what);
         }
     }
     return missing;
-}
-
-std::string executableDamage(std::string_view bytes) {
-    return Executable(bytes).damage();
 }

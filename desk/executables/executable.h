@@ -54,6 +54,3 @@ class Executable {
     std::uint64_t sections;      ///< offset of the section headers
     std::uint64_t sectionCount;  ///< how many of them there are
 };
-
-/// The damage of an executable; see above.
-[[nodiscard]] std::string executableDamage(std::string_view bytes);

@@ -1,14 +1,18 @@
 #include "desk/executables/stamp_image.h"
 
+#include <algorithm>
 #include <cctype>
 #include <cstddef>
-#include <cstdint>
+#include <optional>
 
 #include "app/stamped_identity.h"
 #include "catalogue/product_traits.h"
 #include "desk/executables/executable.h"
 #include "desk/executables/version_stamp.h"
+#include "desk/media/product_data.h"
 #include "desk/refusal.h"
+#include "desk/western_text.h"
+#include "desk/whole_file.h"
 #include "platform/ansi_text.h"
 
 namespace {
@@ -17,16 +21,14 @@ void writeText(std::string& image, std::size_t offset, std::size_t size, std::st
     image.replace(offset, size, std::string(text) + std::string(size - text.size(), '\0'));
 }
 
-enum class BlockSearch { Found, Missing, Repeated };
-
-BlockSearch findBlock(std::string_view image, std::size_t& block) {
+/// Where the block is; nothing when it is not there exactly once.
+std::optional<std::size_t> findBlock(std::string_view image) {
     const std::string_view marker(stampMarker, sizeof stampMarker);
-    block = image.find(marker);
-    if (block == std::string::npos || image.size() - block < sizeof(StampedIdentity)) {
-        return BlockSearch::Missing;
-    }
-    return image.find(marker, block + 1) == std::string::npos ? BlockSearch::Found
-                                                              : BlockSearch::Repeated;
+    const std::size_t block = image.find(marker);
+    const bool isThere = block != std::string::npos &&
+                         image.size() - block >= sizeof(StampedIdentity) &&
+                         image.find(marker, block + 1) == std::string::npos;
+    return isThere ? std::optional(block) : std::nullopt;
 }
 
 std::string_view readText(std::string_view image, std::size_t offset, std::size_t size) {
@@ -77,18 +79,13 @@ void stampImage(std::string& image, std::string_view code, std::string_view name
             "it is signed, and stamping would break the signature; stamp the unsigned installer, "
             "then sign");
     }
-    std::size_t block = 0;
-    switch (findBlock(image, block)) {
-        case BlockSearch::Missing:
-            throw Refusal(
-                "it has no room for a product's identity, so it is none of our installers; name "
-                "the built one");
-        case BlockSearch::Repeated:
-            throw Refusal(
-                "it has room for a product's identity more than once; build the installer anew");
-        case BlockSearch::Found:
-            break;
+    const std::optional<std::size_t> found = findBlock(image);
+    if (!found) {
+        throw Refusal(
+            "it does not have room for a product's identity exactly once, so it is none of our "
+            "installers; name the built one");
     }
+    const std::size_t block = *found;
     stampVersion(image, name, build);
     writeText(image, block + offsetof(StampedIdentity, productCode),
               sizeof StampedIdentity::productCode, code);
@@ -107,13 +104,68 @@ void stampImage(std::string& image, std::string_view code, std::string_view name
 }
 
 bool readStamp(std::string_view image, std::string& code, std::string& name) {
-    std::size_t block = 0;
-    if (findBlock(image, block) != BlockSearch::Found) {
+    const std::optional<std::size_t> block = findBlock(image);
+    if (!block) {
         return false;
     }
-    code = readText(image, block + offsetof(StampedIdentity, productCode),
+    code = readText(image, *block + offsetof(StampedIdentity, productCode),
                     sizeof StampedIdentity::productCode);
-    name = readText(image, block + offsetof(StampedIdentity, productName),
+    name = readText(image, *block + offsetof(StampedIdentity, productName),
                     sizeof StampedIdentity::productName);
     return true;
+}
+
+ProductStamp chooseStamp(CProductData& catalogue, const std::string& code, const std::string& name,
+                         const std::string& build) {
+    ProductStamp stamp;
+    const StampedCode stamped = chooseStampedCode(catalogue, code);
+    stamp.code = stamped.code;
+    if (!stamped.note.empty()) {
+        stamp.notes.push_back("the code \"" + code + "\" is " + stamped.note);
+    }
+    const std::string ownName = catalogue.ProductNames.find(lowerCase(stamp.code))->second;
+    stamp.name = name.empty() ? ownName : name;
+    if (stamp.name != ownName) {
+        stamp.notes.push_back("the dialog's title will say \"" + toUtf8(stamp.name) +
+                              "\", the program folder \"" + ownName +
+                              "\"; leave the name out to have both agree");
+    }
+    if (stamp.name.size() > longestStampedName) {
+        throw Refusal("The name \"" + toUtf8(stamp.name) + "\" does not fit: it has " +
+                      std::to_string(stamp.name.size()) + " characters, and there is room for " +
+                      std::to_string(longestStampedName) + ". Name the product more shortly.");
+    }
+    const auto isAscii = [](char character) { return character >= ' ' && character <= '~'; };
+    if (!std::all_of(stamp.name.begin(), stamp.name.end(), isAscii)) {
+        stamp.notes.push_back("the name holds characters that each code page shows in its own way");
+    }
+    if (!build.empty()) {
+        requireBuildNumbers(build);
+    }
+    stamp.build = build;
+    return stamp;
+}
+
+std::string readInstaller(const std::string& file) {
+    std::string image;
+    readInPieces(file, [&](std::string_view piece) {
+        image += piece;
+        if (image.size() > largestInstaller) {
+            throw Refusal("\"" + file + "\" is larger than any installer.");
+        }
+    });
+    return image;
+}
+
+std::string stampedInstaller(std::string image, const std::string& file,
+                             const ProductStamp& stamp) {
+    try {
+        if (const std::string damage = Executable(image).damage(); !damage.empty()) {
+            throw Refusal(damage);
+        }
+        stampImage(image, stamp.code, stamp.name, stamp.build);
+    } catch (const Refusal& reason) {
+        throw Refusal("\"" + file + "\" cannot be stamped: " + reason.what() + '.');
+    }
+    return image;
 }

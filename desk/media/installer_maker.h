@@ -6,7 +6,7 @@
 #include <vector>
 
 #include "desk/executables/signing.h"
-#include "desk/executables/stamping.h"
+#include "desk/executables/stamp_image.h"
 #include "desk/media/output_folder.h"
 
 struct InstallerOrder {

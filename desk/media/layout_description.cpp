@@ -128,12 +128,9 @@ fs::path LayoutDescription::path(const std::string& code, const std::string& key
            replaceAll(text(code, key, nullptr), "{code}", folderOf(code), false);
 }
 
-std::optional<fs::path> LayoutDescription::release() const {
-    return document.contains("release") ? std::optional(path("", "release")) : std::nullopt;
-}
-
-fs::path LayoutDescription::installer(const std::string& code) const {
-    return path(code, "installer");
+bool LayoutDescription::has(const std::string& code, const std::string& key) const {
+    const Json found = find(code, key);
+    return !found.is_null() && found != false;
 }
 
 std::string LayoutDescription::installerName(const std::string& code) const {
@@ -151,10 +148,6 @@ std::string LayoutDescription::installerName(const std::string& code) const {
     return name;
 }
 
-std::string LayoutDescription::build(const std::string& code) const {
-    return text(code, "build", nullptr);
-}
-
 bool LayoutDescription::isEnciphered(const std::string& code) const {
     const std::string form = text(code, "productData", "enciphered");
     if (form != "enciphered" && form != "plain") {
@@ -163,21 +156,9 @@ bool LayoutDescription::isEnciphered(const std::string& code) const {
     return form == "enciphered";
 }
 
-bool LayoutDescription::hasLauncher(const std::string& code) const {
-    return find(code, "launcher") == true;
-}
-
-std::string LayoutDescription::name(const std::string& code) const {
-    return requireWestern(text(code, "name", ""));
-}
-
 fs::path LayoutDescription::source(const std::string& code, const std::string& mediaFile) const {
     return mediaFile == setupUtilityFile             ? path(code, "setup")
            : mediaFile == extractionToolFile         ? path(code, "flatten")
            : mediaFile == replacementUninstallerFile ? path(code, "uninstaller")
                                                      : path(code, "archives") / mediaFile;
-}
-
-std::optional<fs::path> LayoutDescription::contents(const std::string& code) const {
-    return find(code, "contents").is_null() ? std::nullopt : std::optional(path(code, "contents"));
 }

@@ -26,28 +26,22 @@ class LayoutDescription {
     /// Puts a general entry in the place of every product's own.
     void setForAll(const std::string& key, const std::string& value);
 
-    /// The release that installers are taken from; nothing when they are to be made.
-    [[nodiscard]] std::optional<std::filesystem::path> release() const;
-    [[nodiscard]] std::filesystem::path installer(const std::string& code) const;
+    /// Whether there is an entry for the product, other than false; without a code, for all.
+    [[nodiscard]] bool has(const std::string& code, const std::string& key) const;
+    /// An entry's text; `otherwise`, unless that is null, where there is none.
+    [[nodiscard]] std::string text(const std::string& code, const std::string& key,
+                                   const char* otherwise = nullptr) const;
+    [[nodiscard]] std::filesystem::path path(const std::string& code, const std::string& key) const;
     [[nodiscard]] std::string installerName(const std::string& code) const;
-    [[nodiscard]] std::string build(const std::string& code) const;
     [[nodiscard]] bool isEnciphered(const std::string& code) const;
-    [[nodiscard]] bool hasLauncher(const std::string& code) const;
-    /// Empty: the catalogue's.
-    [[nodiscard]] std::string name(const std::string& code) const;
     /// Where a file that the run needs lies.
     [[nodiscard]] std::filesystem::path source(const std::string& code,
                                                const std::string& mediaFile) const;
-    /// A folder whose files go to the media, too.
-    [[nodiscard]] std::optional<std::filesystem::path> contents(const std::string& code) const;
 
   private:
     void set(const std::string& setting);
     void requireKnown(const Json& entries, const std::string& where) const;
     [[nodiscard]] Json find(const std::string& code, const std::string& key) const;
-    [[nodiscard]] std::string text(const std::string& code, const std::string& key,
-                                   const char* otherwise) const;
-    [[nodiscard]] std::filesystem::path path(const std::string& code, const std::string& key) const;
     [[noreturn]] void refuse(const std::string& what) const;
 
     std::string file;

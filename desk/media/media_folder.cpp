@@ -4,7 +4,6 @@
 
 #include "desk/executables/executable.h"
 #include "desk/executables/stamp_image.h"
-#include "desk/executables/stamping.h"
 #include "desk/refusal.h"
 #include "desk/whole_file.h"
 #include "platform/ansi_text.h"

@@ -7,6 +7,7 @@
 #include "desk/media/output_folder.h"
 #include "desk/media/product_data.h"
 #include "desk/refusal.h"
+#include "desk/western_text.h"
 #include "desk/whole_file.h"
 #include "platform/ansi_text.h"
 
@@ -110,9 +111,11 @@ MediaPlan planMedia(const LayoutDescription& description, const ProductFacts& fa
     Planner planner(media, problems);
     planner.step([&] { media.installerName = description.installerName(facts.code); });
     planner.step([&] {
-        media.build = description.build(facts.code);
+        media.build = description.text(facts.code, "build");
         CProductData catalogue;
-        media.stamp = chooseStamp(catalogue, facts.code, description.name(facts.code), media.build);
+        media.stamp =
+            chooseStamp(catalogue, facts.code,
+                        requireWestern(description.text(facts.code, "name", "")), media.build);
     });
     planner.step([&] {
         const std::string data = productDataOf(media.build);
@@ -123,12 +126,12 @@ MediaPlan planMedia(const LayoutDescription& description, const ProductFacts& fa
     for (const std::string& file : facts.files) {
         planner.step([&] { planner.addSource(file, description.source(facts.code, file)); });
     }
-    if (description.hasLauncher(facts.code)) {
+    if (description.has(facts.code, "launcher")) {
         addLauncher(planner, media);
     }
     planner.step([&] {
-        if (const auto contents = description.contents(facts.code)) {
-            planner.addContents(*contents);
+        if (description.has(facts.code, "contents")) {
+            planner.addContents(description.path(facts.code, "contents"));
         }
     });
     return media;

@@ -5,7 +5,7 @@
 #include <string>
 #include <vector>
 
-#include "desk/executables/stamping.h"
+#include "desk/executables/stamp_image.h"
 #include "desk/media/layout_description.h"
 #include "desk/media/manifest.h"
 #include "desk/media/product_facts.h"

@@ -12,7 +12,6 @@
 #include "desk/computer/dry_run.h"
 #include "desk/executables/executable.h"
 #include "desk/executables/stamp_image.h"
-#include "desk/executables/stamping.h"
 #include "desk/media/manifest.h"
 #include "desk/media/media_folder.h"
 #include "desk/media/product_data.h"

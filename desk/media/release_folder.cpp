@@ -4,7 +4,6 @@
 #include <nlohmann/json.hpp>
 
 #include "desk/executables/stamp_image.h"
-#include "desk/executables/stamping.h"
 #include "desk/executables/version_stamp.h"
 #include "desk/json.h"
 #include "desk/media/product_facts.h"
