@@ -16,8 +16,9 @@ sed "s|beta EtherTavlink 2|& $markup|" tests/end_to_end/machines/server.json >"$
 cp desk/page/page.html "$work/sample.html"
 cd "$work"
 "$tool" check --html runs.html --installed server.json
-mkdir -p "$(printf 'release/%090d' 0)" # a folder without an installer
-"$tool" check --html faults.html --release release >/dev/null || [ $? -eq 1 ]
+long=$(printf "release/%090d" 0)
+mkdir -p "$long/1k" # a folder without an installer
+"$tool" check --html faults.html --release "$long" >/dev/null || [ $? -eq 1 ]
 
 cat >measures.html <<'END'
 <pre></pre>
