@@ -4,7 +4,6 @@
 
 #include <algorithm>
 #include <iterator>
-#include <tuple>
 
 #include "app/stamped_identity.h"
 #include "desk/refusal.h"
@@ -90,23 +89,6 @@ TEST(StampImage, Refuses) {
         std::string image = row.image;
         EXPECT_THROW(stampImage(image, row.code, row.name), Refusal) << row.reason;
         EXPECT_EQ(image, row.image) << row.reason;
-    }
-}
-
-TEST(StampImage, ChoosesTheCode) {
-    const CProductData catalogue;
-    struct {
-        const char *given, *stamped;
-        bool noted;
-    } const cases[] = {
-        {"1k", "1k", false}, {"1K", "1k", true}, {"1q", "1Q", false}, {"1Q", "1Q", false}};
-    for (const auto& row : cases) {
-        const StampedCode code = chooseStampedCode(catalogue, row.given);
-        EXPECT_EQ(code.code, row.stamped);
-        EXPECT_EQ(!code.note.empty(), row.noted) << row.given;
-    }
-    for (const char* const foreign : {"19", "**", "", "1kk"}) {
-        EXPECT_THROW(std::ignore = chooseStampedCode(catalogue, foreign), Refusal) << foreign;
     }
 }
 

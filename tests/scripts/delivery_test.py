@@ -91,6 +91,18 @@ class Delivery(unittest.TestCase):
         self.expect(run("verify", "signed", "--require-signature"), 1, "not verified")
         self.expect(run("verify", "plain", *demanded), 1, "1k/Install.exe: not signed")
 
+    def test_a_set_is_held_against_its_list(self):
+        demanded = ["--require-signature", "--ca-file", "cert.pem"]
+        self.expect(run("check", "--release", "media", *demanded), 0, "signed by /CN=Throw-away")
+        copy = self.copy("media")
+        shutil.rmtree(copy / "04")
+        shutil.copy(copy / "1m/Install.exe", copy / "1w/Install.exe")
+        (copy / "1k/Setup.Exe").write_bytes(b"")
+        (copy / "07/Install.exe").unlink()
+        self.expect(run("check", "--release", copy, *demanded), 1, "product 04 are missing",
+                    "is that of product 1m", "Setup.Exe: differs", "no stamped installer")
+        self.expect(run("check", "--release", "media", "--strict"), 1)
+
     def test_a_failed_signature_keeps_the_others(self):
         Path("sign.sh").write_text('echo >>calls\n[ "$(wc -l <calls)" -ne 12 ] || exit 1\n'
                                    'osslsigncode sign -certs cert.pem -key key.pem -in "$1" -out "$2"')
