@@ -190,19 +190,14 @@ TEST(MediaFolder, CountsAFileOnlyWhenItIsWhole) {
     fs::create_symlink("nowhere", folder / "link.fzx");
     const std::string whole = executable("content");
     for (const auto& [name, content] : Files{{"SETUP.EXE", whole},
-
                                              {"headers.exe", whole.substr(0, 100)},
-
                                              {"empty.fzx", ""},
                                              {"archive.fzx", "a"}}) {
         std::ofstream(folder / name, std::ios::binary) << content;
     }
     const struct {
         const char *name, *seen;
-    } cases[] = {{"Setup.Exe", "whole"},
-
-                 {"headers.exe", "it is cut off"},
-
+    } cases[] = {{"Setup.Exe", "whole"},           {"headers.exe", "it is cut off"},
                  {"empty.fzx", "it is empty"},     {"archive.fzx", "whole"},
                  {"folder.fzx", "it is a folder"}, {"link.fzx", "No such file"},
                  {"other.fzx", "missing"}};
