@@ -12,17 +12,19 @@ if command -v ccache >/dev/null; then
     # What one checkout has compiled serves another.
     export CMAKE_CXX_COMPILER_LAUNCHER=ccache CCACHE_BASEDIR=$PWD
 fi
-# One run at a time has the build folder.
-mkdir -p build
-exec {build_lock}>build/.lock
-if ! flock -n "$build_lock"; then
-    echo "build: waiting for another run in this checkout"
-    flock "$build_lock"
-fi
 for preset in "$@"; do
     grep -q "\"name\": \"${preset%%/*}\"" CMakePresets.json ||
         wrong_usage "there is no preset \"${preset%%/*}\""
 done
+# One run at a time has the build folder.
+if ! { mkdir -p build && exec 9>build/.lock; }; then
+    echo "build: FAILED: $PWD/build cannot be written: work in a copy of your own" >&2
+    exit 1
+fi
+if ! flock -n 9; then
+    echo "build: waiting for another run in this checkout"
+    flock 9
+fi
 for preset in "$@"; do
     echo "== build: $preset"
     target=

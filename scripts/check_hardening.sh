@@ -1,8 +1,11 @@
 #!/bin/bash
 # Fails when the program, as it ships, lacks one of the protections that are meant to be in it, or
-# brings what it is meant to go without: check_hardening.sh PROGRAM
-# The build has left the linker's map beside it.
+# brings what it is meant to go without. The build has left the linker's map beside it.
+#
+#   check_hardening.sh PROGRAM
 set -u -o pipefail
+. "$(dirname "$0")/usage.sh"
+[ $# -eq 1 ] || wrong_usage "which program?"
 program=$1 map=${1%.exe}.map
 objdump=${OBJDUMP:-i686-w64-mingw32-objdump}
 headers=$("$objdump" -x "$program" | tr -d '\r') || exit 1

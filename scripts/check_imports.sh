@@ -4,6 +4,7 @@
 #   check_imports.sh PROGRAM...          only what allowed_imports.txt lists may stand in it: what ships
 #   check_imports.sh --kit PROGRAM...    whatever Windows XP has may stand in it: the programs of the tests
 set -eu -o pipefail
+. "$(dirname "$0")/usage.sh"
 scripts=$(dirname "$0")
 objdump=${OBJDUMP:-i686-w64-mingw32-objdump}
 
@@ -49,6 +50,7 @@ else
     judge() { grep -vxF "$allowed" || true; }
 fi
 
+[ $# -gt 0 ] || wrong_usage "which program?"
 failed=0
 for program; do
     refused=$(imports "$program" | judge)

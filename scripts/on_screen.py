@@ -62,7 +62,8 @@ class Screen(contextlib.ExitStack):
         super().__init__()
         name = f"{SUFFIX[1:]}on_screen-{dots_per_inch}.{os.getpid()}"
         self.prefix = BUILD / "prefixes" / "running" / name
-        self.environment = os.environ | {"WINEPREFIX": str(self.prefix), "WINEDEBUG": "-all", "LC_ALL": "C.UTF-8"}
+        self.environment = os.environ | {"WINEPREFIX": str(self.prefix), "WINEDEBUG": "-all", "LC_ALL": "C.UTF-8",
+                                         "WINEDLLOVERRIDES": "winemenubuilder.exe=d"}
         if SUFFIX:
             self.environment |= {"WINELOADER": WINE, "WINESERVER": "/usr/lib/wine/wineserver64"}
         prefixes = ROOT / "scripts" / "prefix.sh"
@@ -117,7 +118,7 @@ class Run:
     def __init__(self, screen, product, *arguments, without_setup=False):
         self.screen = screen
         self.media = screen.prefix / "media"
-        self.record = screen.prefix / "record.txt"
+        self.record = screen.prefix / "drive_c" / "record.txt"
         shutil.rmtree(self.media, ignore_errors=True)
         self.media.mkdir()
         stamp(product, self.media / "Install.exe")
@@ -128,8 +129,9 @@ class Run:
         drive.unlink(missing_ok=True)
         drive.symlink_to(self.media)
         self.process = subprocess.Popen(
-            [WINE, str(DRIVER / "click_through.exe"), r"D:\Install.exe", *(arguments or ("-dir", "D:"))],
-            env=screen.environment | {"RECORD_FILE": "Z:" + str(self.record).replace("/", "\\")},
+            # The second backslash keeps the first from taking the quote that click_through puts behind it.
+            [WINE, str(DRIVER / "click_through.exe"), r"D:\Install.exe", *(arguments or ("-dir", r"D:\\"))],
+            env=screen.environment | {"RECORD_FILE": r"C:\record.txt"},
             stdin=subprocess.PIPE, stdout=subprocess.PIPE, encoding="cp1252")
 
     def __enter__(self):
@@ -186,7 +188,7 @@ class Run:
 
 def demo(by_hand):
     shot = BUILD / "demo" / "install-product.png"
-    print("== the installer, on sample media", flush=True)
+    print(r"== Install.exe -dir D:\, on sample media", flush=True)
     if by_hand and not has_display():
         sys.exit("demo: FAILED: --by-hand takes a display, and there is none")
     with Screen() as screen:

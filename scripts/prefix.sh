@@ -16,8 +16,9 @@ templates=$(cd "$(dirname "$0")/.." && pwd)/build/prefixes
 copies=$templates/running
 # A prefix takes over the shell's locale; file names with bytes above 127 need one that has them.
 export WINEDEBUG=-all LC_ALL=C.UTF-8
-# Without Wine's debugger, which waits for somebody, a crash ends the program.
-export WINEDLLOVERRIDES="winedbg.exe=d${WINEDLLOVERRIDES:+;$WINEDLLOVERRIDES}"
+# Without Wine's debugger, which waits for somebody, a crash ends the program; without its menu builder
+# nothing is put into the user's own menus.
+export WINEDLLOVERRIDES="winedbg.exe,winemenubuilder.exe=d${WINEDLLOVERRIDES:+;$WINEDLLOVERRIDES}"
 
 # use TEMPLATE: has the Wine for it at hand.
 use() {
@@ -30,7 +31,7 @@ use() {
 
 make_template() {
     local name=$1 new=$templates/$1.new
-    mkdir -p "$templates"
+    mkdir -p "$templates" || return 1
     (
         # Another run may be making it.
         flock 9

@@ -12,7 +12,8 @@ scripts/setup.sh && scripts/build.sh release tools checked/end_to_end_tests || e
 
 rows=build/release_matrix
 rm -f "$rows".*
-RELEASE_MATRIX="Z:$root/$rows." ctest --preset checked -j2 -R '^end_to_end\.OperatingSystem' || failed=1
+RELEASE_MATRIX="Z:$root/$rows." ctest --preset checked -j2 --no-tests=error \
+    -R '^end_to_end\.WindowsAlone' || failed=1
 
 {
     cat <<'END'

@@ -12,18 +12,6 @@ set -u
 scripts=$(cd "$(dirname "$0")" && pwd)
 export LC_ALL=C.UTF-8
 
-wine=(wine wine64) wine32=()
-if [ "${1-}" = --without-wine ]; then
-    wine=()
-    shift
-elif "$scripts/starts_32_bit.sh"; then
-    wine32=(wine32:i386)
-else
-    wine+=(g++-mingw-w64-x86-64-posix)
-fi
-for word; do
-    [[ $word != -* ]] || wrong_usage "\"$word\" is not understood"
-done
 packages=(
     cmake ninja-build ccache googletest
     libcli11-dev nlohmann-json3-dev libssl-dev
@@ -32,8 +20,34 @@ packages=(
     openssl osslsigncode
     git python3 clang-format clang-tidy shellcheck
     fonts-wine xvfb imagemagick x11-utils
-    "$@"
 )
+wine=(wine wine64) wine32=() log=
+fail() {
+    [ -z "$log" ] || grep -E '^(E|W|sudo|dpkg): ?' "$log" | tail -n 5 >&2
+    echo "setup: ${2-FAILED}: $1" >&2
+    exit "${3-1}"
+}
+without_wine() {
+    fail "$1" "WITHOUT WINE" 3
+}
+
+trap 'rm -f "$log"' EXIT
+if ! log=$(mktemp) || ! head -c 64K /dev/zero >"$log"; then
+    fail "${TMPDIR:-/tmp} has no room for temporary files"
+fi
+: >"$log"
+if [ "${1-}" = --without-wine ]; then
+    wine=()
+    shift
+elif "$scripts/starts_32_bit.sh"; then
+    wine32=(wine32:i386)
+else
+    packages+=(g++-mingw-w64-x86-64-posix)
+fi
+for word; do
+    [[ $word != -* ]] || no_more "$word"
+done
+packages+=("$@")
 
 missing() {
     local package
@@ -43,33 +57,28 @@ missing() {
     done
 }
 
-# fail REASON [ADVICE]: with ADVICE also the commands to type by hand
-fail() {
-    {
-        [ -z "${log-}" ] || grep -E '^(E|W|sudo|dpkg): ?' "$log" | tail -n 5
-        echo "setup: FAILED: $1"
-        if [ -n "${2-}" ]; then
-            echo "setup: $2"
-            echo "    apt-get update; apt-get install -y --no-install-recommends ${packages[*]} ${wine[*]}"
-            [ ${#wine32[@]} -eq 0 ] ||
-                echo "    dpkg --add-architecture i386; apt-get update; apt-get install -y ${wine32[*]}"
-        fi
-    } >&2
-    exit 1
-}
+# not_root REASON: what can be typed by hand
+not_root() {
+    echo "setup: $1. As root, type this and run the script again:"
+    echo "    apt-get update; apt-get install -y --no-install-recommends ${packages[*]}"
+    [ ${#wine[@]} -eq 0 ] ||
+        echo "    ${wine32[*]:+dpkg --add-architecture i386; apt-get update; }apt-get install -y" \
+            "--no-install-recommends ${wine[*]} ${wine32[*]}"
+    [ -n "$(missing "${packages[@]}")" ] || [ -z "$(missing "${wine[@]}")" ] ||
+        without_wine "not installed: ${wanted[*]}"
+    fail "not installed: ${wanted[*]}"
+} >&2
 
 # check_root: fills as_root with what goes before a command for root.
 check_root() {
-    local by_hand="as root, type this and then run this script again:"
     as_root=()
     [ "$(id -u)" -ne 0 ] || return 0
     command -v sudo >/dev/null ||
-        fail "packages are missing, and this is neither root nor is there sudo" "$by_hand"
+        not_root "packages are missing, and this is neither root nor is there sudo"
     as_root=(sudo)
     if ! sudo -n true 2>/dev/null; then
-        (: </dev/tty) 2>/dev/null ||
-            fail "sudo asks for a password and there is no terminal to ask on" "$by_hand"
-        sudo -v || fail "sudo does not let this user install packages" "$by_hand"
+        (: </dev/tty) 2>/dev/null || not_root "sudo asks for a password and there is no terminal to ask on"
+        sudo -v || not_root "sudo does not let this user install packages"
     fi
 }
 
@@ -120,8 +129,6 @@ mapfile -t wanted < <(missing "${packages[@]}" "${wine[@]}" "${wine32[@]}")
     [ -n "$(missing g++-mingw-w64-x86-64-posix)" ] || exit 0
 check_root
 echo "setup: installing ${wanted[*]}"
-log=$(mktemp) || fail "there is no room for temporary files in ${TMPDIR:-/tmp}"
-trap 'rm -f "$log"' EXIT
 [ ${#wine32[@]} -eq 0 ] || dpkg --print-foreign-architectures | grep -qx i386 ||
     as_administrator dpkg --add-architecture i386 >>"$log"
 echo "setup: reading the package index"
@@ -131,11 +138,7 @@ as_administrator apt-get update -o DPkg::Lock::Timeout=600 >>"$log" ||
 . /etc/os-release
 : "${VERSION_CODENAME:=stable}"
 install "${packages[@]}" || fail "not installed: ${wanted[*]}${index-}"
-if ! install "${wine[@]}"; then
-    grep '^[EW]:' "$log" | tail -n 5 >&2
-    echo "setup: WITHOUT WINE: not installed: ${wanted[*]}${index-}" >&2
-    exit 3
-fi
+install "${wine[@]}" || without_wine "not installed: ${wanted[*]}${index-}"
 if [ ${#wine32[@]} -gt 0 ] && ! install "${wine32[@]}"; then
     echo "setup: there is no 32-bit Wine: the archive's i386 half may be out of step for some hours" \
         "(SETUP_AGAIN=1 scripts/setup.sh tries again)" >&2

@@ -9,6 +9,6 @@ program=$(mktemp) || exit 1
 trap 'rm -f "$program"' EXIT
 # An ELF header and _exit(0).
 base64 -d >"$program" <<<"f0VMRgEBAQAAAAAAAAAAAAIAAwABAAAAVIAECDQAAAAAAAAAAAAAADQAIAABAAAAAAAAAAEAAAAAAAAAAIAECACABAhd\
-AAAAXQAAAAUAAAAAEAAAuAEAAAAx282A"
+AAAAXQAAAAUAAAAAEAAAuAEAAAAx282A" || exit 1
 chmod +x "$program"
 "$program" 2>/dev/null

@@ -1,7 +1,8 @@
 # shellcheck shell=sh
 # Sourced by the scripts, with their own arguments: `. "$(dirname "$0")/usage.sh"`. A script started
-# with -h or --help prints the comment at its top and does nothing else. Before any `cd`: the script may
-# have been started by a relative path.
+# with -h or --help prints the comment at its top and does nothing else; started with another option
+# that the comment does not name, it says so. Before any `cd`: the script may have been started by a
+# relative path.
 
 usage_script=$(realpath "$0")
 
@@ -26,4 +27,5 @@ case ${1-} in
     usage
     exit 0
     ;;
+-*) usage | grep -qwFe "$1" || no_more "$1" ;;
 esac
