@@ -95,11 +95,14 @@ run() {
 }
 
 stop() {
-    local copy=$copies/$1 written
+    local copy=$copies/$1 server written
     [ -d "$copy" ] || return 0
     use "$1"
     WINEPREFIX=$copy timeout 20 "${WINESERVER:-wineserver}" -k ||
         WINEPREFIX=$copy wineserver -k9
+    # Wine leaves the folder of its server, which is named by the copy's own.
+    server=server-$(stat -c %D "$copy")-$(printf %x "$(stat -c %i "$copy")")
+    rm -rf "${TMPDIR:-/tmp}"/{.wine-"$UID",wine-??????}/"$server"
     written=$(find "$copy" -type f -links +1 -newer "$copy/made" -print -quit)
     rm -rf "$copy"
     if [ -n "$written" ]; then
