@@ -29,7 +29,7 @@ for preset in "$@"; do
     echo "== build: $preset"
     target=
     [[ $preset != */* ]] || target=${preset#*/} preset=${preset%/*}
-    if ! cmake --preset "$preset" --log-level=WARNING ||
+    if ! cmake --preset "$preset" --log-level=WARNING >/dev/null ||
         ! cmake --build --preset "$preset" ${target:+--target "$target"}; then
         echo "build: FAILED in preset $preset" >&2
         exit 1

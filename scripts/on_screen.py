@@ -66,14 +66,16 @@ class Screen(contextlib.ExitStack):
                                          "WINEDLLOVERRIDES": "winemenubuilder.exe=d"}
         if SUFFIX:
             self.environment |= {"WINELOADER": WINE, "WINESERVER": "/usr/lib/wine/wineserver64"}
+        hidden = hidden or not has_display()
+        if hidden:
+            self.environment["DISPLAY"] = self.virtual_display()
         prefixes = ROOT / "scripts" / "prefix.sh"
         # No pipes: what Wine leaves running would hold them open.
         self.callback(subprocess.run, [prefixes, "stop", name], check=True)
         subprocess.run([prefixes, "start", *TEMPLATE, name], check=True)
         self.set_registry(r"HKCU\Control Panel\Desktop", "LogPixels", dots_per_inch)
         self.wine("reg", "delete", r"HKCU\Software\Wine\Drivers", "/v", "Graphics", "/f")
-        if hidden or not has_display():
-            self.environment["DISPLAY"] = self.virtual_display()
+        if hidden:
             # No window manager there: Wine draws the frames.
             self.set_registry(r"HKCU\Software\Wine\X11 Driver", "Managed", "N")
         # A server that has run without windows goes on without them.

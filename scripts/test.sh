@@ -3,8 +3,9 @@
 #
 #   test.sh
 #
-# Where this machine runs no 32-bit Windows programs, the tests of the Windows program run as 64-bit ones,
-# and the last line says so. Exits with 3 when all passed that could run, but there is no Wine at all.
+# Where this machine runs no 32-bit Windows programs, the tests of the Windows program run as 64-bit ones.
+# The last line says so, and names the tests that were skipped. Exits with 3 when all passed that could
+# run, but there is no Wine at all.
 set -u
 . "$(dirname "$0")/usage.sh"
 no_more "$@"
@@ -36,14 +37,16 @@ if [ ${#templates[@]} -gt 0 ] && ! wait "$prefixes"; then
 fi
 [ "$built" -eq 0 ] || exit 1
 
-failed=()
+failed=() skipped=
 echo "== lint"
 "$scripts/lint.sh" || failed+=(lint)
 for preset in "${suites[@]}"; do
     echo "== test: $preset"
     excluded=("${left_out[@]}")
     [ "$preset" != checked-x64 ] || excluded=()
-    ctest --preset "$preset" -j2 "${excluded[@]}" || failed+=("$preset")
+    ctest --preset "$preset" -j2 "${excluded[@]}" -O "build/$preset/tests.log" || failed+=("$preset")
+    skipped+=$(sed -nE 's/^\[  SKIPPED \] ([^ ]+) \(.*/ \1/p; s/^\t *[0-9]+ - ([^ ]+) \((Skipped|Disabled)\).*/ \1/p' \
+        "build/$preset/Testing/Temporary/LastTest.log" "build/$preset/tests.log")
 done
 if [ ${#failed[@]} -gt 0 ]; then
     echo "test: FAILED in ${failed[*]}" >&2
@@ -53,4 +56,4 @@ if [ ${#templates[@]} -eq 0 ]; then
     echo "test: INCOMPLETE: all passed that ran, but there is no Wine: no test of the Windows program ran" >&2
     exit 3
 fi
-echo "test: all passed$unlike"
+echo "test: all passed$unlike${skipped:+; skipped: $(xargs <<<" $skipped")}"
