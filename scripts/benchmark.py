@@ -160,4 +160,7 @@ def main():
 
 
 if __name__ == "__main__":
-    main()
+    try:
+        main()
+    except (OSError, subprocess.CalledProcessError) as error:
+        raise SystemExit(f"benchmark: FAILED: {error}") from None

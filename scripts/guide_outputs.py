@@ -44,6 +44,8 @@ def main():
     parser.add_argument("--check", action="store_true", help="change nothing; fail when a document shows something else")
     parser.add_argument("tools", type=Path, help="folder of installer-tool")
     options = parser.parse_args()
+    if not (options.tools / "installer-tool").exists():
+        parser.error(f"there is no {options.tools / 'installer-tool'}: scripts/build.sh tools builds it")
     differs = False
     with tempfile.TemporaryDirectory() as folder:
         prepare(Path(folder), options.tools.resolve())

@@ -243,4 +243,7 @@ def main():
 
 
 if __name__ == "__main__":
-    sys.exit(main())
+    try:
+        sys.exit(main())
+    except (OSError, subprocess.CalledProcessError) as error:
+        sys.exit(f"mutate: FAILED: {error}")

@@ -89,5 +89,7 @@ if __name__ == "__main__":
     if len(sys.argv) != 2 or sys.argv[1].startswith("-"):
         print(__doc__.strip(), file=sys.stdout if "--help" in sys.argv else sys.stderr)
         sys.exit(0 if "--help" in sys.argv else 2)
-    make_parts(Path(__file__).resolve().parents[1] / "build/tools/installer-tool",
-               Path(sys.argv[1]))
+    try:
+        make_parts(Path(__file__).resolve().parents[1] / "build/tools/installer-tool", Path(sys.argv[1]))
+    except OSError as error:
+        sys.exit(f"sample_parts: FAILED: {error} (scripts/build.sh tools builds installer-tool)")
