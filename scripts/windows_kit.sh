@@ -7,9 +7,9 @@
 #                                    refuse, then on a clean one; the report is FOLDER/report.txt
 set -eu
 . "$(dirname "$0")/usage.sh"
-prove=
+prove='' needs=(--without-wine zip)
 if [ "${1-}" = --prove ]; then
-    prove=1
+    prove=1 needs=(zip)
     shift
 fi
 [ $# -ge 1 ] || wrong_usage "where to?"
@@ -24,7 +24,7 @@ fail() {
 }
 
 [ ! -e "$folder" ] || [ -e "$folder/run.cmd" ] || fail "$folder holds something else than a kit"
-scripts/setup.sh zip
+scripts/setup.sh "${needs[@]}"
 scripts/build.sh release tools checked
 rm -rf "$folder" "$folder.zip"
 mkdir -p "$folder/programs"
@@ -38,7 +38,7 @@ for programs in tests dialog_driver tools/windows_kit; do
 done
 cp tools/windows_kit/run.cmd tools/windows_kit/README.txt "$folder"
 {
-    echo "commit $(git rev-parse --short HEAD)$(git diff --quiet HEAD || echo ', with changes')"
+    echo "commit $(git describe --always --dirty=', with changes' 2>/dev/null || echo 'unknown: no git here')"
     i686-w64-mingw32-g++-posix --version | head -n 1
 } >"$folder/build.txt"
 (cd "$(dirname "$folder")" && zip -q -r "$(basename "$folder").zip" "$(basename "$folder")")
