@@ -130,7 +130,7 @@ templates() {
 
 case "${1-} $#" in
 "templates 1") templates ;;
-make\ *)
+make*)
     for name in "${@:2}"; do
         make_template "$name" || exit 1
     done

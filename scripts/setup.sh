@@ -22,13 +22,12 @@ packages=(
     fonts-wine xvfb imagemagick x11-utils
 )
 wine=(wine wine64) wine32=() log=
+
+# fail REASON [WHAT EXIT_CODE]
 fail() {
     [ -z "$log" ] || grep -E '^(E|W|sudo|dpkg): ?' "$log" | tail -n 5 >&2
     echo "setup: ${2-FAILED}: $1" >&2
     exit "${3-1}"
-}
-without_wine() {
-    fail "$1" "WITHOUT WINE" 3
 }
 
 trap 'rm -f "$log"' EXIT
@@ -57,30 +56,16 @@ missing() {
     done
 }
 
-# not_root REASON: what can be typed by hand
+# not_root REASON: with what can be typed by hand
 not_root() {
-    echo "setup: $1. As root, type this and run the script again:"
-    echo "    apt-get update; apt-get install -y --no-install-recommends ${packages[*]}"
-    [ ${#wine[@]} -eq 0 ] ||
-        echo "    ${wine32[*]:+dpkg --add-architecture i386; apt-get update; }apt-get install -y" \
-            "--no-install-recommends ${wine[*]} ${wine32[*]}"
+    local install="apt-get update; apt-get install -y --no-install-recommends"
+    echo "setup: $1. As root, type this and run the script again:
+    $install ${packages[*]}"
+    [ ${#wine[@]} -eq 0 ] || echo "    ${wine32[*]:+dpkg --add-architecture i386; }$install ${wine[*]} ${wine32[*]}"
     [ -n "$(missing "${packages[@]}")" ] || [ -z "$(missing "${wine[@]}")" ] ||
-        without_wine "not installed: ${wanted[*]}"
+        fail "not installed: ${wanted[*]}" "WITHOUT WINE" 3
     fail "not installed: ${wanted[*]}"
 } >&2
-
-# check_root: fills as_root with what goes before a command for root.
-check_root() {
-    as_root=()
-    [ "$(id -u)" -ne 0 ] || return 0
-    command -v sudo >/dev/null ||
-        not_root "packages are missing, and this is neither root nor is there sudo"
-    as_root=(sudo)
-    if ! sudo -n true 2>/dev/null; then
-        (: </dev/tty) 2>/dev/null || not_root "sudo asks for a password and there is no terminal to ask on"
-        sudo -v || not_root "sudo does not let this user install packages"
-    fi
-}
 
 # as_administrator COMMAND...: its standard output is the caller's, its other output goes to the log.
 as_administrator() {
@@ -90,16 +75,11 @@ as_administrator() {
 
 # Condenses what apt reports about itself to a line every 20 seconds.
 progress() {
-    local kind percent doing shown='' due=0
+    local kind percent due=0
     while IFS=: read -r kind _ percent _; do
-        case $kind in
-        dlstatus) doing=downloading ;;
-        pmstatus) doing=installing ;;
-        *) continue ;;
-        esac
-        [ "$doing" != "$shown" ] || [ "$SECONDS" -ge "$due" ] || continue
-        echo "setup: $doing, ${percent%%.*} %"
-        shown=$doing due=$((SECONDS + 20))
+        [[ $kind == [dp][lm]status && $SECONDS -ge $due ]] || continue
+        echo "setup: $([ "$kind" = dlstatus ] && echo downloading || echo installing), ${percent%%.*} %"
+        due=$((SECONDS + 20))
     done
 }
 
@@ -127,7 +107,15 @@ mapfile -t wanted < <(missing "${packages[@]}" "${wine[@]}" "${wine32[@]}")
 # Once 32-bit Wine could not be had, the 64-bit compiler stands in for it; it is not tried every time.
 [ "${wanted[*]}" != "${wine32[*]}" ] || [ -n "${SETUP_AGAIN-}" ] ||
     [ -n "$(missing g++-mingw-w64-x86-64-posix)" ] || exit 0
-check_root
+as_root=()
+if [ "$(id -u)" -ne 0 ]; then
+    as_root=(sudo)
+    command -v sudo >/dev/null || not_root "packages are missing, and this is neither root nor is there sudo"
+    sudo -n true 2>/dev/null || {
+        (: </dev/tty) 2>/dev/null || not_root "sudo asks for a password and there is no terminal to ask on"
+        sudo -v || not_root "sudo does not let this user install packages"
+    }
+fi
 echo "setup: installing ${wanted[*]}"
 [ ${#wine32[@]} -eq 0 ] || dpkg --print-foreign-architectures | grep -qx i386 ||
     as_administrator dpkg --add-architecture i386 >>"$log"
@@ -138,7 +126,7 @@ as_administrator apt-get update -o DPkg::Lock::Timeout=600 >>"$log" ||
 . /etc/os-release
 : "${VERSION_CODENAME:=stable}"
 install "${packages[@]}" || fail "not installed: ${wanted[*]}${index-}"
-install "${wine[@]}" || without_wine "not installed: ${wanted[*]}${index-}"
+install "${wine[@]}" || fail "not installed: ${wanted[*]}${index-}" "WITHOUT WINE" 3
 if [ ${#wine32[@]} -gt 0 ] && ! install "${wine32[@]}"; then
     echo "setup: there is no 32-bit Wine: the archive's i386 half may be out of step for some hours" \
         "(SETUP_AGAIN=1 scripts/setup.sh tries again)" >&2

@@ -23,19 +23,8 @@ x64)
     ;;
 *) left_out=(--label-exclude wine) ;;
 esac
-# The prefixes are made while the compiler works.
-if [ ${#templates[@]} -gt 0 ]; then
-    "$scripts/prefix.sh" make "${templates[@]}" &
-    prefixes=$!
-    trap '"$scripts/prefix.sh" sweep' EXIT
-fi
-"$scripts/build.sh" "${presets[@]}"
-built=$?
-if [ ${#templates[@]} -gt 0 ] && ! wait "$prefixes"; then
-    echo "test: FAILED to make the Wine prefixes" >&2
-    exit 1
-fi
-[ "$built" -eq 0 ] || exit 1
+"$scripts/build.sh" "${presets[@]}" && "$scripts/prefix.sh" make "${templates[@]}" || exit 1
+trap '"$scripts/prefix.sh" sweep' EXIT
 
 failed=() skipped=
 echo "== lint"

@@ -1,9 +1,7 @@
 # shellcheck shell=sh
-# Sourced by the scripts, with their own arguments: `. "$(dirname "$0")/usage.sh"`. A script started
-# with -h or --help prints the comment at its top and does nothing else; started with another option
-# that the comment does not name, it says so. Before any `cd`: the script may have been started by a
-# relative path.
-
+# Sourced by the scripts, with their own arguments and before any `cd`: `. "$(dirname "$0")/usage.sh"`.
+# A script started with -h or --help prints the comment at its top and does nothing else; an option that
+# the comment does not name is refused.
 usage_script=$(realpath "$0")
 
 usage() {
@@ -25,7 +23,7 @@ no_more() {
 case ${1-} in
 -h | --help)
     usage
-    exit 0
+    exit
     ;;
 -*) usage | grep -qwFe "$1" || no_more "$1" ;;
 esac
