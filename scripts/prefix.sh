@@ -66,6 +66,8 @@ start() {
     mkdir -p "$copies"
     # A gigabyte of Wine's libraries, which nobody writes to, is shared; stop looks after that.
     cp -al "$template" "$copy" && cp -a --remove-destination "$template"/*.reg "$copy/" || return 1
+    # This checkout, whose own path may have characters that the code page lacks.
+    ln -s "${templates%/build/*}" "$copy/dosdevices/p:" || return 1
     # Wine's own services live on and would hold a pipe of the caller open.
     { WINEPREFIX=$copy wineserver -p && WINEPREFIX=$copy wine cmd /c exit; } \
         >/dev/null 2>&1 </dev/null

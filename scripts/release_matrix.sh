@@ -6,13 +6,12 @@
 set -u
 . "$(dirname "$0")/usage.sh"
 no_more "$@"
-root=$(cd "$(dirname "$0")/.." && pwd)
-cd "$root" || exit 1
+cd "$(dirname "$0")/.." || exit 1
 scripts/setup.sh && scripts/build.sh release tools checked/end_to_end_tests || exit 1
 
 rows=build/release_matrix
 rm -f "$rows".*
-RELEASE_MATRIX="Z:$root/$rows." ctest --preset checked -j2 --no-tests=error \
+RELEASE_MATRIX="P:/$rows." ctest --preset checked -j2 --no-tests=error \
     -R '^end_to_end\.WindowsAlone' || failed=1
 
 {
