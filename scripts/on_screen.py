@@ -278,7 +278,8 @@ def main():
         elif sys.argv[1:] in (["demo"], ["demo", "--by-hand"]):
             demo(by_hand=len(sys.argv) == 3)
         else:
-            sys.exit(__doc__)
+            print(__doc__.strip())
+            sys.exit(0 if "--help" in sys.argv else 2)
     except subprocess.CalledProcessError as error:
         sys.exit(f"on_screen: FAILED: {error}")
     except KeyboardInterrupt:
