@@ -25,6 +25,7 @@ if [ -z "$template" ]; then
     media=build/demo/media
     mkdir -p "$media"
     cp build/checked/dialog_driver/recorder.exe "$media/Setup.Exe"
+    printf '[Version Number]\r\nVersion Number=16.4.12000.0\r\n' >"$media/ProductData.ini"
     build/tools/installer-tool stamp build/release/installer.exe 07 "$media/Install.exe"
     build/tools/installer-tool check "$media/Install.exe" "$media" --windows "Windows 7"
     echo "demo: INCOMPLETE: there is no Wine to run it in: this run was foretold by installer-tool" \

@@ -31,7 +31,7 @@ fail() {
 }
 
 trap 'rm -f "$log"' EXIT
-if ! log=$(mktemp) || ! head -c 64K /dev/zero >"$log"; then
+if ! log=$(mktemp) || ! head -c 32M /dev/zero >"$log"; then
     fail "${TMPDIR:-/tmp} has no room for temporary files"
 fi
 : >"$log"
