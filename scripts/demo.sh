@@ -9,12 +9,8 @@
 set -eu
 . "$(dirname "$0")/usage.sh"
 cd "$(dirname "$0")/.."
-by_hand=()
-if [ "${1-}" = --by-hand ]; then
-    by_hand=(--by-hand)
-    shift
-fi
-no_more "$@"
+[ "${1-}" = --by-hand ] || no_more "$@"
+no_more "${@:2}"
 
 scripts/setup.sh || [ $? -eq 3 ] || exit 1
 read -r template _ < <(scripts/prefix.sh templates) || template=
@@ -33,4 +29,4 @@ if [ -z "$template" ]; then
     exit 3
 fi
 [ -z "$unlike" ] || echo "demo: this machine runs no 32-bit programs: the installer runs as a 64-bit one"
-exec scripts/on_screen.py demo "${by_hand[@]}"
+exec scripts/on_screen.py demo "$@"

@@ -10,12 +10,9 @@
 set -u
 . "$(dirname "$0")/usage.sh"
 cd "$(dirname "$0")/.." || exit 1
-all=
-if [ "${1-}" = --all ]; then
-    all=1
-    shift
-fi
-no_more "$@"
+all=${1-}
+[ "$all" = --all ] || no_more "$@"
+no_more "${@:2}"
 scripts/setup.sh --without-wine || exit 1
 failed=0
 

@@ -21,9 +21,6 @@ no_more() {
 }
 
 case ${1-} in
--h | --help)
-    usage
-    exit
-    ;;
+-h | --help) usage && exit ;;
 -*) usage | grep -qwFe "$1" || no_more "$1" ;;
 esac

@@ -16,8 +16,7 @@ set -eu
 . "$(dirname "$0")/usage.sh"
 [ $# -ge 3 ] || wrong_usage "an image, a kit and a folder for the results, please"
 image=$(realpath -m "$1") kit=$(realpath -m "$2") out=$(realpath -m "$3")
-shift 3
-no_more "$@"
+no_more "${@:4}"
 limit=${LIMIT-1800} start_limit=${START_LIMIT-600}
 
 say() { echo "virtual_machine: $*"; }

@@ -14,8 +14,7 @@ if [ "${1-}" = --prove ]; then
 fi
 [ $# -ge 1 ] || wrong_usage "where to?"
 folder=$(realpath -m "$1")
-shift
-no_more "$@"
+no_more "${@:2}"
 cd "$(dirname "$0")/.."
 
 fail() {
