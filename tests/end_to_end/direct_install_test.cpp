@@ -1,7 +1,7 @@
 // The free protocol viewer: no question, older viewers go, then its setup utility is started.
 #include <gtest/gtest.h>
 
-#include "tests/end_to_end/viewers.h"
+#include "tools/run_stage/viewers.h"
 
 namespace {
 

@@ -1,8 +1,8 @@
 // What goes wrong in the middle of a run, and what the run says and does then.
 #include <gtest/gtest.h>
 
-#include "tests/end_to_end/stage_described.h"
-#include "tests/end_to_end/viewers.h"
+#include "tools/run_stage/stage_described.h"
+#include "tools/run_stage/viewers.h"
 
 namespace {
 

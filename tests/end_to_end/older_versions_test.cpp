@@ -1,6 +1,6 @@
 #include <gtest/gtest.h>
 
-#include "tests/end_to_end/stage.h"
+#include "tools/run_stage/stage.h"
 
 namespace {
 

@@ -2,7 +2,7 @@
 // has the rights of an administrator.
 #include <gtest/gtest.h>
 
-#include "tests/end_to_end/stage_win.h"
+#include "tools/run_stage/stage_win.h"
 
 namespace {
 

@@ -2,7 +2,7 @@
 #include <gtest/gtest.h>
 
 #include "catalogue/cipher.h"
-#include "tests/end_to_end/stage.h"
+#include "tools/run_stage/stage.h"
 
 namespace {
 

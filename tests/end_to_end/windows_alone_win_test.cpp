@@ -7,8 +7,8 @@
 #include <fstream>
 
 #include "platform/operating_system_win.h"
-#include "tests/end_to_end/stage_win.h"
-#include "tests/end_to_end/viewers.h"
+#include "tools/run_stage/stage_win.h"
+#include "tools/run_stage/viewers.h"
 
 namespace {
 

@@ -8,7 +8,7 @@
 #include <filesystem>
 
 #include "platform/shell_runner_win.h"
-#include "tests/systems_win.h"
+#include "tools/run_stage/systems_win.h"
 
 namespace {
 

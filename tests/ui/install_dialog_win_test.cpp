@@ -5,7 +5,7 @@
 #include <vector>
 
 #include "tests/framework/modal_driver_win.h"
-#include "tests/systems_win.h"
+#include "tools/run_stage/systems_win.h"
 #include "ui/resource.h"
 
 namespace {

@@ -6,7 +6,7 @@
 #include <string>
 #include <vector>
 
-#include "tests/end_to_end/stage.h"
+#include "tools/run_stage/stage.h"
 
 /// A copy of a file that lies beside the tests.
 [[nodiscard]] Given copied(const std::string& name, const std::string& path);

@@ -1,4 +1,4 @@
-#include "tests/end_to_end/stage_win.h"
+#include "tools/run_stage/stage_win.h"
 
 #include <gtest/gtest.h>
 #include <shlobj.h>
@@ -17,8 +17,8 @@
 #include "catalogue/product_catalogue.h"
 #include "platform/operating_system_win.h"
 #include "platform/system_library_win.h"
-#include "tests/systems_win.h"
 #include "tools/dialog_driver/installer_run_win.h"
+#include "tools/run_stage/systems_win.h"
 
 namespace {
 

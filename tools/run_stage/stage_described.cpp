@@ -1,4 +1,4 @@
-#include "tests/end_to_end/stage_described.h"
+#include "tools/run_stage/stage_described.h"
 
 #include <gtest/gtest.h>
 

@@ -4,7 +4,7 @@
 #include <string>
 #include <vector>
 
-#include "tests/end_to_end/stage.h"
+#include "tools/run_stage/stage.h"
 
 inline constexpr const char *suiteViewer = "Test Suite Observer",
                             *viewer = "Bluetooth Protocol Viewer";

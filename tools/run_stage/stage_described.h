@@ -2,7 +2,7 @@
 #pragma once
 
 #include "desk/computer/described_machine.h"
-#include "tests/end_to_end/stage.h"
+#include "tools/run_stage/stage.h"
 
 /// Anything of the machine that a row is about.
 [[nodiscard]] Given machine(const std::function<void(DescribedMachine& machine)>& change);

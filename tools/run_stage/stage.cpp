@@ -1,5 +1,5 @@
 // What both stages have in common: the words of the rows.
-#include "tests/end_to_end/stage.h"
+#include "tools/run_stage/stage.h"
 
 #include "installed/installed_product.h"
 
