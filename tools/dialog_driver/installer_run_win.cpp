@@ -51,6 +51,7 @@ Encounter InstallerRun::nextDialog(DWORD deadline) {
             return {};
         }
     } while (GetTickCount() - start < deadline);
+    hangs = true;
     return {std::nullopt, "neither a dialog nor the end"};
 }
 
@@ -71,5 +72,6 @@ std::string InstallerRun::awaitEnd() {
         }
         Sleep(pollInterval);
     } while (GetTickCount() - start < defaultDeadline);
+    hangs = true;
     return std::to_string(accounting.ActiveProcesses) + " processes still run";
 }

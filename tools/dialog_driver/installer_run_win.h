@@ -37,6 +37,7 @@ class InstallerRun {
     [[nodiscard]] std::string awaitEnd();
 
     PROCESS_INFORMATION process{};
+    bool hangs = false;  ///< a deadline has passed
 
   private:
     HANDLE job;

@@ -9,7 +9,9 @@
 #include <cstdlib>
 #include <filesystem>
 #include <fstream>
+#include <iostream>
 #include <iterator>
+#include <optional>
 #include <tuple>
 
 #include "app/environment.h"
@@ -109,6 +111,8 @@ class Playback {
         takeRecords();
         seen += shown;
     }
+
+    [[nodiscard]] bool hangs() const { return run.hangs; }
 
     std::string expected, seen;
 
@@ -309,11 +313,18 @@ std::string play(const Case& row) {
 
     const bool aboutTheRelease =
         !row.steps.empty() && row.steps.front().seen.find("tested on") != std::string::npos;
-    Playback playback(row.arguments, aboutTheRelease ? "" : questionAboutRelease());
-    playback.end(std::all_of(row.steps.begin(), row.steps.end(),
-                             [&](const Step& step) { return playback.meet(step); }));
-    EXPECT_EQ(playback.seen, playback.expected);
-    return playback.seen;
+    std::optional<Playback> playback(std::in_place, row.arguments,
+                                     aboutTheRelease ? "" : questionAboutRelease());
+    playback->end(std::all_of(row.steps.begin(), row.steps.end(),
+                              [&](const Step& step) { return playback->meet(step); }));
+    EXPECT_EQ(playback->seen, playback->expected);
+    if (playback->hangs()) {
+        // Every row behind it would take as long.
+        playback.reset();
+        std::cerr << "The installer hangs in the row " << row.name << ", which ends the suite.\n";
+        std::exit(1);
+    }
+    return playback->seen;
 }
 
 std::string readFile(const std::string& path) {
