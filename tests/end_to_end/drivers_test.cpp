@@ -16,7 +16,7 @@ TEST(Drivers, AreInstalledInTheirPlaceOfTheRun) {
            {extractionTool(), installed("a", "Tavlink Serial Analyzer", "x")}},
           {"1k: before a cancelled choice",
            {serial, ran(unpacked), choose("Live Product", "Cancel")},
-           {extractionTool()}},
+           {extractionTool(), file(media + "report.txt", "of an earlier run")}},
           {"1k: without an extraction tool",
            {choose("Demonstration"),
             setup("0g", "Halvick Tavlink Serial Demo 16.4.10002.0", "DEMO")}},

@@ -36,9 +36,10 @@ TEST(Failures, EndTheRunBeforeAnythingIsInstalled) {
           {notAdministrator},
           {release("Windows 95"),
            machine([](DescribedMachine& described) { described.administrator = false; })}},
-         {"1q: no administrator", {notAdministrator}, {machine([](DescribedMachine& described) {
-              described.administrator = false;
-          })}},
+         {"1q: no administrator, and no media",
+          {box("\n\nMissing directory argument.", "error")},
+          {machine([](DescribedMachine& described) { described.administrator = false; })},
+          "-installdir x -installdir y"},
          {"04: a release that does not tell",
           {box("Invalid operating system detected.", "error")},
           {reports(accessDenied)}},
@@ -53,6 +54,30 @@ TEST(Failures, EndTheRunBeforeAnythingIsInstalled) {
                "warning", "Yes | No", "No")},
           {release("win2k"), extractionTool()}},
          {"16: a family that ends the run in silence", {}, {extractionTool()}}});
+}
+
+TEST(ProductData, ThatComeLateAreReadAgain) {
+    // While the user looks at the first dialog.
+    const Given lateData = machine([](DescribedMachine& described) {
+        described.user = [&described](const ShownDialog&) {
+            described.files[scratch + "ProductData.ini"].content =
+                "[Version Number]\r\nVersion Number=1.2.3.4\r\n";
+            return std::vector<std::string>();
+        };
+    });
+    const auto chosen = [](const std::string& build) {
+        return Step{"Tavlink Classic Analyzer " + build +
+                        " Installation | Please select the type of product to install.\nOnly the "
+                        "live product works with capture hardware. | Live Product | File Viewer | "
+                        "Demonstration | Install | Cancel | Help",
+                    {"Install"}};
+    };
+    const Step started =
+        setup("04", "Halvick Tavlink Classic Analyzer 1.2.3.4", "LIVE", "x86", "1.2.3.4");
+    play({{"04: with the choice", {chosen(defaultBuild), started}, {lateData}},
+          {"04: with the question about the release",
+           {{"* | Yes | No", {"Yes"}}, chosen("1.2.3.4"), started},
+           {release("win2k"), lateData}}});
 }
 
 TEST(Failures, OfOtherProgramsArePassedOverWithAWord) {

@@ -15,9 +15,13 @@ TEST(InstallationIndex, HoldsBothTreesOnce) {
     std::vector<std::size_t> matches;
     EXPECT_FALSE(index.load(true));
     setRecord(machine, older + "B");
+    setText(machine, older + "B", "Installation Helper", "C:\\Old");
+    EXPECT_FALSE(index.find("", installation_selector::programFolder, matches));
+    EXPECT_TRUE(index.records.empty()) << "nothing is read for an empty value";
     EXPECT_TRUE(index.find("halvick ANALYZER", installation_selector::programFolder, matches))
         << "an empty index is read first";
     EXPECT_EQ(matches, std::vector<std::size_t>{0});
+    EXPECT_EQ(index.helperLocation, "") << "the older tree's";
     setRecord(machine, maker + "A");
     setText(machine, maker + "A", "Version", "not trusted");
     setText(machine, maker + "Common", "Installation Helper", "C:\\Helper");

@@ -45,7 +45,6 @@ TEST(InstalledProduct, IsReportedWhenItsEntryIsWhole) {
         {"DisplayVersion", text, "11.0.0.0\0"s, EntryState::Reported},
         {"DisplayVersion", text, "10.9.1.0\0"s, EntryState::TooOld},
         {"DisplayVersion", text, "11.0\0"s, EntryState::NoVersion},
-        {"DisplayVersion", text, "v11.0.0.0\0"s, EntryState::NoVersion},
         {"DisplayVersion", binary, "11.0.0.0\0"s, EntryState::NoVersion},
         {"UninstallString", binary, "x\0"s, EntryState::NoUninstaller},
         {"UninstallString", text, longest + '\0', EntryState::Reported},

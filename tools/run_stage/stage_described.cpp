@@ -201,7 +201,11 @@ std::string play(const Case& row) {
 
     std::string expected, seen;
     auto next = row.steps.begin();
-    described.user = [&](const ShownDialog& dialog) -> std::vector<std::string> {
+    described.user =
+        [&, meanwhile = described.user](const ShownDialog& dialog) -> std::vector<std::string> {
+        if (meanwhile) {
+            std::ignore = meanwhile(dialog);
+        }
         const std::string shown = ::described(dialog);
         while (next != row.steps.end() &&
                (next->kind == Step::Kind::Program || next->kind == Step::Kind::Unseen ||
