@@ -3,16 +3,17 @@
 #include "tests/rows.h"
 
 TEST(InstallLogFacts, AllowOnlyThePlainFileInThePlainFolder) {
+    constexpr std::uint32_t directory = 0x10, archive = 0x20, link = 0x400;
     const std::string folder = "\\\\?\\C:\\documents\\ours", file = folder + "\\installlog.TXT";
     expectRows<InstallLogFacts, bool>(
-        {{{0x10, 0x20, 1, folder, file}, true},
-         {{0x10, 0x20, 1, "", ""}, true},
-         {{0x10, 0x20, 1, "C:\\", "C:\\InstallLog.txt"}, true},
-         {{0x410, 0x20, 1, folder, file}, false},
-         {{0x10, 0x420, 1, folder, file}, false},
-         {{0x10, 0x20, 2, folder, file}, false},
-         {{0x10, 0x20, 1, folder, "\\\\?\\C:\\Windows\\InstallLog.txt"}, false},
-         {{0x10, 0x20, 1, folder, ""}, false}},
+        {{{directory, archive, 1, folder, file}, true},
+         {{directory, archive, 1, "", ""}, true},
+         {{directory, archive, 1, "C:\\", "C:\\InstallLog.txt"}, true},
+         {{directory | link, archive, 1, folder, file}, false},
+         {{directory, archive | link, 1, folder, file}, false},
+         {{directory, archive, 2, folder, file}, false},
+         {{directory, archive, 1, folder, "\\\\?\\C:\\Windows\\InstallLog.txt"}, false},
+         {{directory, archive, 1, folder, ""}, false}},
         mayAppendToLog);
 }
 

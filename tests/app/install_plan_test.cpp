@@ -1,6 +1,6 @@
 #include "app/install_plan.h"
 
-#include "tests/rows.h"
+#include <gtest/gtest.h>
 
 namespace {
 
@@ -16,31 +16,38 @@ std::string inWords(const InstallPlan& plan) {
            (plan.offersFileViewer ? " viewer" : "") + (plan.offersDemonstration ? " demo" : "");
 }
 
-// Install kind 0: no device family.
+constexpr std::uint32_t noFamily = 0;
+
 TEST(InstallPlan, FollowsTheDeviceFamilyAndTheProduct) {
-    expectRows<std::tuple<std::string, std::uint32_t, std::size_t>, std::string>(
-        {{{"1Q", 0, 0}, "direct"},
-         {{"1q", 16, 1}, "direct"},
-         {{"04", 0, 0}, "ordinary, removes own, asks viewer demo"},
-         {{"04", 16, 1}, "hardware, drivers first, asks viewer demo"},
-         {{"04", 16, 0}, "hardware, asks viewer demo"},
-         {{"04", 8, 1}, "ordinary, removes own, drivers instead"},
-         {{"04", 8, 0}, "ordinary, removes own, asks viewer demo"},
-         {{"04", 2, 1}, "end silently"},
-         {{"04", 1, 1}, "end silently"},
-         {{"1w", 8, 1}, "ordinary, removes maker's, drivers instead"},
-         {{"0q", 0, 0}, "ordinary, removes own, asks"},
-         {{"1D", 16, 1}, "hardware, drivers first, asks"},  // editions go by the exact code
-         {{"", 0, 0}, "ordinary, removes own, asks"}},
-        [](const std::string& code, std::uint32_t installKind, std::size_t packages) {
-            DriverPackageTable drivers;
-            if (installKind != 0) {
-                DeviceFamily& family = drivers[code == "1D" ? "1d" : code];
-                family.installKind = installKind;
-                family.packages.resize(packages);
-            }
-            return inWords(planInstallation(code, catalogue, drivers));
-        });
+    namespace kind = install_kind;
+    const struct {
+        std::string code;
+        std::uint32_t installKind;
+        std::size_t packages;
+        std::string plan;
+    } rows[] = {{"1Q", noFamily, 0, "direct"},
+                {"1q", kind::beforeProductType, 1, "direct"},
+                {"04", noFamily, 0, "ordinary, removes own, asks viewer demo"},
+                {"04", kind::beforeProductType, 1, "hardware, drivers first, asks viewer demo"},
+                {"04", kind::beforeProductType, 0, "hardware, asks viewer demo"},
+                {"04", kind::liveOnly, 1, "ordinary, removes own, drivers instead"},
+                {"04", kind::liveOnly, 0, "ordinary, removes own, asks viewer demo"},
+                {"04", kind::endSilently, 1, "end silently"},
+                {"04", 1, 1, "end silently"},
+                {"1w", kind::liveOnly, 1, "ordinary, removes maker's, drivers instead"},
+                {"0q", noFamily, 0, "ordinary, removes own, asks"},
+                // Editions go by the exact code.
+                {"1D", kind::beforeProductType, 1, "hardware, drivers first, asks"},
+                {"", noFamily, 0, "ordinary, removes own, asks"}};
+    for (const auto& row : rows) {
+        DriverPackageTable drivers;
+        if (row.installKind != noFamily) {
+            DeviceFamily& family = drivers[row.code == "1D" ? "1d" : row.code];
+            family.installKind = row.installKind;
+            family.packages.resize(row.packages);
+        }
+        EXPECT_EQ(inWords(planInstallation(row.code, catalogue, drivers)), row.plan) << row.code;
+    }
     EXPECT_EQ(planInstallation("1W", catalogue, {}).productNumber, 60);
     EXPECT_EQ(planInstallation("", catalogue, {}).productNumber, -1);
 }

@@ -14,23 +14,24 @@ TEST(HelpControl, IsLoadedFromAFullPathOnly) {
     const auto variable = [](const std::string& name) {
         return std::string(name == "root" ? "C:\\Windows" : "");
     };
+    constexpr unsigned long text = 1, expandable = 2, binary = 3;
     const struct {
         unsigned long type;
         const char *text, *path;
-    } table[] = {{1, "D:\\help.ocx", "D:\\help.ocx"},
-                 {1, "\\\\server\\share\\help.ocx", "\\\\server\\share\\help.ocx"},
-                 {1, "%root%\\help.ocx", ""},
-                 {1, "help.ocx", ""},
-                 {1, "folder\\help.ocx", ""},
-                 {1, "\\help.ocx", ""},
-                 {1, "C:help.ocx", ""},
-                 {1, "C:", ""},
-                 {1, "", ""},
-                 {2, "%root%\\help.ocx", "C:\\Windows\\help.ocx"},
-                 {2, "C:\\%user%root%root%\\%", "C:\\%userC:\\Windowsroot%\\%"},
-                 {2, "%user%\\help.ocx", ""},
-                 {2, "D:\\100%.ocx", "D:\\100%.ocx"},
-                 {3, "D:\\help.ocx", ""}};
+    } table[] = {{text, "D:\\help.ocx", "D:\\help.ocx"},
+                 {text, "\\\\server\\share\\help.ocx", "\\\\server\\share\\help.ocx"},
+                 {text, "%root%\\help.ocx", ""},
+                 {text, "help.ocx", ""},
+                 {text, "folder\\help.ocx", ""},
+                 {text, "\\help.ocx", ""},
+                 {text, "C:help.ocx", ""},
+                 {text, "C:", ""},
+                 {text, "", ""},
+                 {expandable, "%root%\\help.ocx", "C:\\Windows\\help.ocx"},
+                 {expandable, "C:\\%user%root%root%\\%", "C:\\%userC:\\Windowsroot%\\%"},
+                 {expandable, "%user%\\help.ocx", ""},
+                 {expandable, "D:\\100%.ocx", "D:\\100%.ocx"},
+                 {binary, "D:\\help.ocx", ""}};
     for (const auto& row : table) {
         EXPECT_EQ(registeredControlPath(row.type, row.text, variable), row.path)
             << row.type << ' ' << row.text;
