@@ -57,11 +57,11 @@ TEST(Failures, EndTheRunBeforeAnythingIsInstalled) {
 }
 
 TEST(ProductData, ThatComeLateAreReadAgain) {
-    // While the user looks at the first dialog.
-    const Given lateData = machine([](DescribedMachine& described) {
+    static const DescribedFile lateData{.content =
+                                            "[Version Number]\r\nVersion Number=1.2.3.4\r\n"};
+    const Given withTheFirstDialog = machine([](DescribedMachine& described) {
         described.user = [&described](const ShownDialog&) {
-            described.files[scratch + "ProductData.ini"].content =
-                "[Version Number]\r\nVersion Number=1.2.3.4\r\n";
+            described.files[scratch + "ProductData.ini"] = lateData;
             return std::vector<std::string>();
         };
     });
@@ -74,10 +74,16 @@ TEST(ProductData, ThatComeLateAreReadAgain) {
     };
     const Step started =
         setup("04", "Halvick Tavlink Classic Analyzer 1.2.3.4", "LIVE", "x86", "1.2.3.4");
-    play({{"04: with the choice", {chosen(defaultBuild), started}, {lateData}},
+    play({{"04: with the choice", {chosen(defaultBuild), started}, {withTheFirstDialog}},
           {"04: with the question about the release",
            {{"* | Yes | No", {"Yes"}}, chosen("1.2.3.4"), started},
-           {release("win2k"), lateData}}});
+           {release("win2k"), withTheFirstDialog}},
+          {"1q: from an older viewer's uninstaller",
+           inOrder({replaced("a"), {viewerSetup("1.2.3.4")}}),
+           {newUninstaller, old("a", viewer), machine([](DescribedMachine& described) {
+                described.programs[location("a") + "\\UninstallQmx.exe"].writes = {
+                    {scratch + "ProductData.ini", lateData}};
+            })}}});
 }
 
 TEST(Failures, OfOtherProgramsArePassedOverWithAWord) {

@@ -31,10 +31,11 @@ TEST(InstallationIndex, HoldsBothTreesOnce) {
     EXPECT_EQ(index.records.size(), 1u);
     EXPECT_TRUE(index.load(true));
     std::vector<InstallationRecord> records(3);
-    FieldMap extras;
+    FieldMap extras{{"of an earlier", "tree"}};
     EXPECT_TRUE(
         index.readTree("SOFTWARE\\HVQ\\Tressle Analyzer\\", records, extras, MergeMode::Current));
     EXPECT_EQ(records.size(), 1u);
+    EXPECT_EQ(extras, FieldMap());
     ASSERT_EQ(index.records.size(), 2u) << "in whatever letters a key is written";
     EXPECT_STREQ(walkError(), "") << "of the empty machine";
     EXPECT_FALSE(index.records[0].legacy);

@@ -2,16 +2,6 @@
 
 #include "tests/rows.h"
 
-TEST(AskUninstallDialog, SpeaksOfOneVersionOrOfSeveral) {
-    for (const std::size_t count : {0u, 1u, 2u}) {
-        EXPECT_EQ(uninstallPromptTexts(count).question,
-                  std::string("Would you like to uninstall ") + (count == 1 ? "it?" : "them?"));
-        EXPECT_EQ(
-            std::string(uninstallPromptTexts(count).found).find("versions ") == std::string::npos,
-            count == 1);
-    }
-}
-
 TEST(AskUninstallDialog, HasColumnsThatGrowWithTheDisplay) {
     expectRows<int, std::string>(
         {{96, "20, 400"}, {120, "25, 500"}, {144, "30, 600"}, {192, "40, 800"}, {0, "20, 400"}},
