@@ -40,14 +40,17 @@ if [ -n "${CERTIFICATE-}" ]; then
             fail "the certificate \"$CERTIFICATE\" cannot be read"
         cat /etc/ssl/certs/ca-certificates.crt >>"$CA_FILE" 2>/dev/null || true
     fi
-    export CA_FILE
     # shellcheck disable=SC2016 # for the shell that signs
     signing=(
+        --ca-file "$CA_FILE" --require-signature
         --sign-command 'osslsigncode sign -pkcs12 "$CERTIFICATE" -readpass "$PASSWORD_FILE" \
-            -h sha256 -n {name} ${TIMESTAMP_URL:+-ts "$TIMESTAMP_URL"} -in {in} -out {out}'
-        --verify-command 'osslsigncode verify -CAfile "$CA_FILE" -in {in}'
+            -h sha256 -n {name} -in {in} -out {out}'
     )
-    [ -z "${TIMESTAMP_URL-}" ] || export TIMESTAMP_URL
+    if [ -n "${TIMESTAMP_URL-}" ]; then
+        export TIMESTAMP_URL
+        # shellcheck disable=SC2016
+        signing+=(--timestamp-command 'osslsigncode add -ts "$TIMESTAMP_URL" -in {in} -out {out}')
+    fi
 else
     echo "release: CERTIFICATE is not set: the installers stay unsigned" >&2
 fi
