@@ -1,12 +1,9 @@
 #include "ui/html_help.h"
 
 #include "platform/ansi_text.h"
+#include "platform/files.h"
 
 namespace {
-
-bool isFullPath(const std::string& path) {
-    return path.starts_with("\\\\") || (path.size() > 2 && path[1] == ':' && path[2] == '\\');
-}
 
 std::string expanded(const std::string& text, std::string (*variable)(const std::string& name)) {
     std::string result;

