@@ -57,8 +57,10 @@ void __throw_out_of_range(const char*) {
 void __throw_out_of_range_fmt(const char*, ...) {
     endProcess(statusAssertionFailure);
 }
-// Called by the library's assertions where they are switched on.
-[[noreturn]] void __glibcxx_assert_fail(const char*, int, const char*, const char*) noexcept {
+// Called by the library's assertions where they are switched on. With the attribute in the form in
+// which the library declares it: clang takes no other.
+__attribute__((__noreturn__)) void __glibcxx_assert_fail(const char*, int, const char*,
+                                                         const char*) noexcept {
     endProcess(statusAssertionFailure);
 }
 

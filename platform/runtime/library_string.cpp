@@ -4,5 +4,6 @@
 #include <string>
 
 #if defined(_GLIBCXX_RELEASE) && _GLIBCXX_RELEASE >= 13
-template void std::string::_M_replace_cold(char*, size_type, const char*, size_type, size_type);
+template void std::basic_string<char>::_M_replace_cold(char*, size_type, const char*, size_type,
+                                                       size_type);
 #endif
