@@ -66,9 +66,7 @@ class Playback {
 
     /// False: the run is not what it should be, and is not to be followed any further.
     bool meet(const Step& step) {
-        if (!passedQuestion.empty()) {
-            lookOut();  // the question comes ahead of everything
-        }
+        passQuestion();
         if (step.kind == Step::Kind::WaitForFile) {
             return waitsFor(step.seen);
         }
@@ -99,6 +97,7 @@ class Playback {
 
     void end(bool met) {
         if (met) {
+            passQuestion();
             lookOut();
         }
         if (met && !dialog && shown.empty()) {
@@ -123,13 +122,20 @@ class Playback {
             const auto [next, error] = run.nextDialog();
             dialog = next;
             shown = dialog ? dialog->description() : error;
-            if (dialog && shown == passedQuestion) {
-                shown = dialog->act("Yes");
-                passedQuestion.clear();
-                dialog.reset();
-                lookOut();
-            }
         }
+    }
+
+    /// It comes ahead of everything. What comes behind it is not looked for: that may take long.
+    void passQuestion() {
+        if (passedQuestion.empty()) {
+            return;
+        }
+        lookOut();
+        if (dialog && shown == passedQuestion) {
+            shown = dialog->act("Yes");
+            dialog.reset();
+        }
+        passedQuestion.clear();
     }
 
     void takeRecords() {
