@@ -75,7 +75,7 @@ Texts literalsOf(const std::string& source) {
 
 /// Every sentence in the code that a user may meet, wherever it is.
 Texts programTexts() {
-    const std::filesystem::path project = PROJECT_FOLDER;
+    const std::filesystem::path project = PROJECT_FOLDER "/";
     Texts texts = literalsOf(contentOf(project / "platform/shell_runner.cpp"));
     for (const char* folder : {"app", "drivers", "ui"}) {
         for (const auto& entry : std::filesystem::directory_iterator(project / folder)) {
