@@ -11,7 +11,7 @@
 /// In the source directory.
 inline constexpr const char* setupUtilityFile = "Setup.Exe";
 
-/// What a run has decided when it comes to the hand-over.
+/// What a run has decided when it comes to the launch.
 struct SetupRequest {
     std::string productCode = {};
     int productNumber = 0;

@@ -11,13 +11,9 @@ namespace code = operating_system_code;
 
 namespace {
 
-// Mirror winnt.h and winbase.h.
+// Mirror winbase.h.
 constexpr std::uint32_t platformWin32s = 0;
 constexpr std::uint32_t platformWindows = 1;
-constexpr std::uint32_t platformNt = 2;
-constexpr std::uint8_t productTypeWorkstation = 1;
-constexpr std::uint16_t suiteHomeServer = 0x8000;
-constexpr std::uint16_t architectureAmd64 = 9;
 
 /// A release before the service pack is appended to its name.
 struct Release {

@@ -41,6 +41,13 @@ inline constexpr int nameTooLong = -2;    ///< for the caller's buffer
 inline constexpr int noBuffer = -3;
 }  // namespace operating_system_code
 
+// Mirror VER_PLATFORM_WIN32_NT, VER_NT_WORKSTATION, VER_SUITE_WH_SERVER and
+// PROCESSOR_ARCHITECTURE_AMD64 of winnt.h.
+inline constexpr std::uint32_t platformNt = 2;
+inline constexpr std::uint8_t productTypeWorkstation = 1;
+inline constexpr std::uint16_t suiteHomeServer = 0x8000;
+inline constexpr std::uint16_t architectureAmd64 = 9;
+
 /// Everything the identification looks at. The first group mirrors OSVERSIONINFOA, the second
 /// OSVERSIONINFOEXA, GetNativeSystemInfo and GetSystemMetrics(SM_SERVERR2).
 struct OperatingSystemFacts {
@@ -53,9 +60,9 @@ struct OperatingSystemFacts {
     std::optional<std::uint32_t> extendedQueryError;
     std::uint32_t extendedMajorVersion = 0;
     std::uint32_t extendedMinorVersion = 0;
-    std::uint8_t productType = 0;          ///< 1 is VER_NT_WORKSTATION
-    std::uint16_t suiteMask = 0;           ///< 0x8000 is VER_SUITE_WH_SERVER
-    std::uint16_t nativeArchitecture = 0;  ///< 9 is PROCESSOR_ARCHITECTURE_AMD64
+    std::uint8_t productType = 0;
+    std::uint16_t suiteMask = 0;
+    std::uint16_t nativeArchitecture = 0;
     int serverR2Metric = 0;
 };
 

@@ -16,12 +16,8 @@
 
 namespace {
 
-// Mirror winnt.h and the documentation of GetVersionEx.
-constexpr std::uint16_t windowsNt = 2;
-constexpr std::uint8_t workstation = 1;
-constexpr std::uint8_t domainServer = 3;
-constexpr std::uint16_t homeServerSuite = 0x8000;
-constexpr std::uint16_t amd64 = 9;
+// VER_NT_SERVER of winnt.h, and of the documentation of GetVersionEx.
+constexpr std::uint8_t productTypeServer = 3;
 constexpr std::size_t longestServicePack = 127;
 
 constexpr std::string_view softwareKey = "SOFTWARE";
@@ -51,17 +47,17 @@ std::string western(const Json& text) {
 
 void setRelease(const Json& release, MachineDescription& machine) {
     OperatingSystemFacts& facts = machine.facts;
-    facts.platformId = number(release, "platform", windowsNt);
+    facts.platformId = number(release, "platform", platformNt);
     facts.majorVersion = facts.extendedMajorVersion = number(release, "major", 0);
     facts.minorVersion = facts.extendedMinorVersion = number(release, "minor", 0);
-    facts.productType = release.value("server", false) ? domainServer : workstation;
-    facts.suiteMask = release.value("homeServer", false) ? homeServerSuite : 0;
+    facts.productType = release.value("server", false) ? productTypeServer : productTypeWorkstation;
+    facts.suiteMask = release.value("homeServer", false) ? suiteHomeServer : 0;
     facts.serverR2Metric = release.value("r2", false) ? 1 : 0;
 }
 
 void setBits(int bits, MachineDescription& machine) {
     machine.is64Bit = bits == 64;
-    machine.facts.nativeArchitecture = machine.is64Bit ? amd64 : 0;
+    machine.facts.nativeArchitecture = machine.is64Bit ? architectureAmd64 : 0;
     machine.programFiles = machine.is64Bit ? "C:\\Program Files (x86)" : "C:\\Program Files";
 }
 
