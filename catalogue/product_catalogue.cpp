@@ -129,40 +129,28 @@ constexpr TextRow relatedProducts[] = {
     {"1w", "Bluetooth;17;1q;1r;1t;1u;1v;1w"},
 };
 
-constexpr TextRow importFormatNames[] = {
-    {"-1", "None"},         {"0", "BTSnoop file"},
-    {"1", "Chief TXT"},     {"2", "DOS EtherTavlink file"},
-    {"3", "Merlin CSV"},    {"4", "DOS Tavlink file"},
-    {"5", "Sniffer file"},  {"6", "Snoop file"},
-    {"7", "ChipCon file"},  {"8", "Shomiti file"},
-    {"9", "Ultracore TXT"},
+/// Null: the format has no such text.
+struct ImportFormat {
+    const char* number;
+    const char* name;
+    const char* medium;  ///< the back-quote is part of it
+    const char* shortName;
+    const char* filter;
 };
-
-// The back-quote is part of the value.
-constexpr TextRow importFormatMedia[] = {
-    {"-1", "None"},       {"0", "Generic`Air"}, {"1", "Generic`Air"}, {"2", "Ethernet"},
-    {"3", "Generic`Air"}, {"4", "Async"},       {"5", "Ethernet"},    {"6", "Ethernet"},
-    {"7", "Generic`Air"}, {"8", "Ethernet"},
-};
-
-constexpr TextRow importFormatShortNames[] = {
-    {"0", "BTSnoop"},       {"1", "Chief TXT"},   {"2", "DOS EtherTavlink"},
-    {"3", "Merlin CSV"},    {"4", "DOS Tavlink"}, {"5", "Sniffer"},
-    {"6", "Snoop"},         {"7", "ChipCon"},     {"8", "Shomiti"},
-    {"9", "Ultracore TXT"},
-};
-
-constexpr TextRow importFormatFilters[] = {
-    {"0", "BTSnoop Files (*.log)|*.log|"},
-    {"1", "Chief Files (*.txt)|*.txt|"},
-    {"2", "DOS EtherTavlink Files (*.cap)|*.cap|"},
-    {"3", "Merlin Files (*.csv)|*.csv|"},
-    {"4", "DOS Tavlink Files (*.byt)|*.byt|"},
-    {"5", "Sniffer Files (*.enc)|*.enc|"},
-    {"6", "Snoop Files (*.cap)|*.cap|"},
-    {"7", "ChipCon Files"},  // kept without a pattern: the analyser supplies it
-    {"8", "Shomiti Files (*.cap)|*.cap|"},
-    {"9", "Ultracore Files (*.txt)|*.txt|"},
+constexpr ImportFormat importFormats[] = {
+    {"-1", "None", "None", nullptr, nullptr},
+    {"0", "BTSnoop file", "Generic`Air", "BTSnoop", "BTSnoop Files (*.log)|*.log|"},
+    {"1", "Chief TXT", "Generic`Air", "Chief TXT", "Chief Files (*.txt)|*.txt|"},
+    {"2", "DOS EtherTavlink file", "Ethernet", "DOS EtherTavlink",
+     "DOS EtherTavlink Files (*.cap)|*.cap|"},
+    {"3", "Merlin CSV", "Generic`Air", "Merlin CSV", "Merlin Files (*.csv)|*.csv|"},
+    {"4", "DOS Tavlink file", "Async", "DOS Tavlink", "DOS Tavlink Files (*.byt)|*.byt|"},
+    {"5", "Sniffer file", "Ethernet", "Sniffer", "Sniffer Files (*.enc)|*.enc|"},
+    {"6", "Snoop file", "Ethernet", "Snoop", "Snoop Files (*.cap)|*.cap|"},
+    // Kept without a pattern: the analyser supplies it.
+    {"7", "ChipCon file", "Generic`Air", "ChipCon", "ChipCon Files"},
+    {"8", "Shomiti file", "Ethernet", "Shomiti", "Shomiti Files (*.cap)|*.cap|"},
+    {"9", "Ultracore TXT", nullptr, "Ultracore TXT", "Ultracore Files (*.txt)|*.txt|"},
 };
 
 // "0_vr" is format 0 with a qualifier, for the reader of the list to take apart.
@@ -229,6 +217,12 @@ void assignAll(std::span<const char* const> keys, const char* value, CProductDat
     }
 }
 
+void addText(CProductData::TextMap& map, const char* key, const char* value) {
+    if (value != nullptr) {
+        map.emplace(key, value);
+    }
+}
+
 CProductData::TextMap inverse(std::span<const TextRow> rows) {
     CProductData::TextMap map;
     for (const TextRow& row : rows) {
@@ -248,16 +242,18 @@ CProductData::CProductData()
       FullProductOf(inverse(demoOf)),
       ProductGroups(textMap(productGroups)),
       RelatedProducts(textMap(relatedProducts)),
-      ImportFormatNames(textMap(importFormatNames)),
-      ImportFormatMedia(textMap(importFormatMedia)),
-      ImportFormatShortNames(textMap(importFormatShortNames)),
-      ImportFormatFilters(textMap(importFormatFilters)),
       ProductImportFormats(textMap(productImportFormats)),
       FieldbusTypes(textMap(fieldbusTypes)),
       ProductDecoders(textMap(productDecoders)),
       ProductConfigurations(textMap(productConfigurations)) {
     for (const TextRow& row : demoOf) {
         DemoProducts.emplace(row.value);
+    }
+    for (const ImportFormat& format : importFormats) {
+        addText(ImportFormatNames, format.number, format.name);
+        addText(ImportFormatMedia, format.number, format.medium);
+        addText(ImportFormatShortNames, format.number, format.shortName);
+        addText(ImportFormatFilters, format.number, format.filter);
     }
     assignAll(industrialDecoders, "Vostrel", DecoderCategories);
     assignAll(wirelessDecoders, "Wireless", DecoderCategories);

@@ -19,10 +19,10 @@ std::size_t characterLength(std::string_view text, std::size_t offset) {
 
 CodePage describedCodePage(unsigned longestCharacter, const unsigned char* leadRanges,
                            unsigned char (*lower)(unsigned char byte)) {
-    if (longestCharacter > 2) {
-        return asciiCodePage;
+    CodePage page = asciiCodePage;
+    if (longestCharacter == 0 || longestCharacter > 2) {
+        return page;
     }
-    CodePage page;
     for (const unsigned char* range = leadRanges; range[0] != 0; range += 2) {
         for (unsigned byte = range[0]; byte <= range[1]; ++byte) {
             page.lead[byte] = true;

@@ -27,8 +27,9 @@ inline constexpr CodePage asciiCodePage = [] {
 
 /// The code page as the system describes it: the bytes of its longest character, the first and last
 /// byte of each range of lead bytes, ended by two zeros, and the fold of a single byte. The ASCII
-/// page, where characters can be longer than two bytes (UTF-8): half of the bytes are then parts of
-/// characters, which cannot be folded one by one, and no other character has an ASCII byte in it.
+/// page, where the longest is not known (0) or longer than two bytes (UTF-8): half of the bytes are
+/// then parts of characters, which cannot be folded one by one, and no other character has an ASCII
+/// byte in it.
 [[nodiscard]] CodePage describedCodePage(unsigned longestCharacter, const unsigned char* leadRanges,
                                          unsigned char (*lower)(unsigned char byte));
 

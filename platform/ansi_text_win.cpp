@@ -3,10 +3,8 @@
 #include <windows.h>
 
 CodePage systemCodePage() {
-    CPINFO info{};
-    if (!GetCPInfo(CP_ACP, &info)) {
-        return asciiCodePage;
-    }
+    CPINFO info{};  // where Windows cannot say, no character has a length
+    GetCPInfo(CP_ACP, &info);
     return describedCodePage(info.MaxCharSize, info.LeadByte, [](unsigned char byte) {
         char character = static_cast<char>(byte);
         CharLowerBuffA(&character, 1);
