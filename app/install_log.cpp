@@ -3,10 +3,10 @@
 #include "catalogue/build_number.h"
 #include "platform/ansi_text.h"
 #include "platform/format_text.h"
+#include "platform/windows_constants.h"
 
 bool isReparsePoint(std::uint32_t attributes) {
-    constexpr std::uint32_t reparsePoint = 0x400;  // FILE_ATTRIBUTE_REPARSE_POINT
-    return (attributes & reparsePoint) != 0;
+    return (attributes & fileAttributeReparsePoint) != 0;
 }
 
 bool mayAppendToLog(const InstallLogFacts& facts) {

@@ -11,10 +11,6 @@ namespace code = operating_system_code;
 
 namespace {
 
-// Mirror winbase.h.
-constexpr std::uint32_t platformWin32s = 0;
-constexpr std::uint32_t platformWindows = 1;
-
 /// A release before the service pack is appended to its name.
 struct Release {
     int code = code::notRecognised;

@@ -6,6 +6,8 @@
 #include <optional>
 #include <string>
 
+#include "platform/windows_constants.h"
+
 class Computer;
 
 /// What a run knows the running release by. Later releases than those that the manifest declares
@@ -40,13 +42,6 @@ inline constexpr int notRecognised = -1;  ///< the query failed, or its answer n
 inline constexpr int nameTooLong = -2;    ///< for the caller's buffer
 inline constexpr int noBuffer = -3;
 }  // namespace operating_system_code
-
-// Mirror VER_PLATFORM_WIN32_NT, VER_NT_WORKSTATION, VER_SUITE_WH_SERVER and
-// PROCESSOR_ARCHITECTURE_AMD64 of winnt.h.
-inline constexpr std::uint32_t platformNt = 2;
-inline constexpr std::uint8_t productTypeWorkstation = 1;
-inline constexpr std::uint16_t suiteHomeServer = 0x8000;
-inline constexpr std::uint16_t architectureAmd64 = 9;
 
 /// Everything the identification looks at. The first group mirrors OSVERSIONINFOA, the second
 /// OSVERSIONINFOEXA, GetNativeSystemInfo and GetSystemMetrics(SM_SERVERR2).

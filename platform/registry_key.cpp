@@ -1,9 +1,7 @@
 #include "platform/registry_key.h"
 
 bool isStringType(std::uint32_t type) {
-    constexpr std::uint32_t string = 1;
-    constexpr std::uint32_t expandableString = 2;
-    return type == string || type == expandableString;
+    return type == stringType || type == expandableStringType;
 }
 
 std::string_view textOfData(const char* data, std::size_t size) {

@@ -8,10 +8,7 @@
 #include <string>
 #include <string_view>
 
-// Error codes that the readers tell apart; mirror winerror.h.
-inline constexpr std::uint32_t errorSuccess = 0;
-inline constexpr std::uint32_t errorInvalidData = 13;
-inline constexpr std::uint32_t errorNoMoreItems = 259;
+#include "platform/windows_constants.h"
 
 /// An open key, closed with the object. Its operations mirror those of winreg.h and return Windows'
 /// error codes; what a failing one should have filled is not to be relied on.
@@ -51,7 +48,7 @@ class KeyReader {
 [[nodiscard]] std::uint32_t readStringValue(const KeyReader& key, const char* name, char* buffer,
                                             std::uint32_t& size, std::uint32_t* type = nullptr);
 
-/// Whether `type` is one of the two string types (REG_SZ and REG_EXPAND_SZ of winnt.h).
+/// Whether `type` is one of the two string types.
 [[nodiscard]] bool isStringType(std::uint32_t type);
 
 /// The data up to its first zero byte, or all of it. Points into `data`.

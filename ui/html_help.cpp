@@ -2,6 +2,7 @@
 
 #include "platform/ansi_text.h"
 #include "platform/files.h"
+#include "platform/windows_constants.h"
 
 namespace {
 
@@ -38,10 +39,8 @@ std::string helpFilePath(const std::string& programPath) {
 
 std::string registeredControlPath(unsigned long type, const std::string& text,
                                   std::string (*variable)(const std::string& name)) {
-    constexpr unsigned long plain = 1;
-    constexpr unsigned long expandable = 2;
-    const std::string path = type == plain        ? text
-                             : type == expandable ? expanded(text, variable)
-                                                  : std::string();
+    const std::string path = type == stringType             ? text
+                             : type == expandableStringType ? expanded(text, variable)
+                                                            : std::string();
     return isFullPath(path) ? path : std::string();
 }
