@@ -30,7 +30,7 @@ bool copyUninstaller(Machine& machine, const ViewerRemoval& removal) {
 /// while that is at work.
 void awaitMarkerGone(Machine& machine, const InstalledProduct& product) {
     constexpr int longestWait = 180;  // seconds
-    const std::string marker = formatCut("%s\\liveimport.ini", product.installLocation.c_str());
+    const std::string marker = composeCut({product.installLocation, "\\liveimport.ini"});
     for (int waited = 0; waited < longestWait && machine.pathKind(marker) != PathKind::Inaccessible;
          ++waited) {
         machine.pause(1000);
@@ -66,7 +66,7 @@ ViewerRemoval planViewerRemoval(const std::string& uninstallCommand,
     return {.program = program,
             .arguments = uninstallCommand.substr(argumentsStart),
             .runsSetup = true,
-            .copyFrom = formatCut("%s%s", sourceDirectory.c_str(), replacementUninstallerFile),
+            .copyFrom = composeCut({sourceDirectory, replacementUninstallerFile}),
             .copyTo = replaceAll(target, "\"", "", false)};
 }
 
@@ -86,8 +86,7 @@ std::vector<InstalledProduct> installedViewers(const KeyReader& localMachine) {
 
 void CInstallApp::InstallDirectly() {
     for (const InstalledProduct& product : installedViewers(*machine.localMachine())) {
-        const std::string path =
-            formatCut("%s\\%s", product.installLocation.c_str(), analyser::path);
+        const std::string path = composeCut({product.installLocation, "\\", analyser::path});
         const std::uint32_t code = machine.stopRunning(analyser::program, path);
         if (code != 0) {
             machine.showMessage(couldNotStopMessage(product, code));

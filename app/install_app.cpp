@@ -183,7 +183,7 @@ void CInstallApp::LaunchSetup() {
 }
 
 bool CInstallApp::LocateSetupUtility(std::string& path) {
-    path = formatCut("%s%s", sourceDirectory.c_str(), setupUtilityFile);
+    path = composeCut({sourceDirectory, setupUtilityFile});
     if (machine.pathKind(path) != PathKind::Inaccessible) {
         return true;
     }

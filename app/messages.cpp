@@ -4,7 +4,7 @@
 #include "platform/format_text.h"
 
 std::string installTitle(const std::string& productName, const std::string& buildVersion) {
-    return formatCut("%s %s Installation", productName.c_str(), buildVersion.c_str());
+    return composeCut({productName, " ", buildVersion, " Installation"});
 }
 
 Message driversFailedMessage(const std::string& productName, const std::string& error) {

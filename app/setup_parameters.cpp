@@ -112,7 +112,7 @@ std::string uniqueProgramFolder(const std::string& folderName, int productNumber
     std::vector<std::size_t> matches;
     for (int number = 2; index.find(candidate, installation_selector::programFolder, matches);
          ++number) {
-        std::string next = formatCut("%s%s %d", maker, folderName.c_str(), number);
+        std::string next = composeCut({maker, folderName, formatText(" %d", number)});
         if (next == candidate) {
             break;
         }

@@ -42,8 +42,8 @@ std::string extractionFolder(const std::string& targetFolder, const std::string&
 ExtractionCommand extractionCommand(const std::string& sourceDirectory, const std::string& archive,
                                     const char* dataKey, const std::string& folder) {
     ExtractionCommand command;
-    command.tool = formatCut("%s%s", sourceDirectory.c_str(), extractionToolFile);
-    command.report = formatCut("%sreport.txt", sourceDirectory.c_str());
+    command.tool = composeCut({sourceDirectory, extractionToolFile});
+    command.report = composeCut({sourceDirectory, "report.txt"});
     command.arguments =
         formatText("-fzx \"%s%s\" -fzxkey %.16s -rep \"%s\" -exdir \"%s\"", sourceDirectory.c_str(),
                    archive.c_str(), dataKey, command.report.c_str(), folder.c_str());
@@ -66,7 +66,7 @@ std::optional<std::string> reportedInstaller(std::string_view report, const std:
         return std::nullopt;
     }
     const std::string relative(report.substr(quote + 1, found + name.size() - quote - 1));
-    return formatCut("%s\\%s", folder.c_str(), relative.c_str());
+    return composeCut({folder, "\\", relative});
 }
 
 bool installDrivers(Computer& computer, const std::string& sourceDirectory,

@@ -21,7 +21,7 @@ constexpr std::string_view requiredFields[] = {
 };
 
 std::string pathBelow(std::string_view folder, const char* relativePath) {
-    return formatCut("%s%s", withTrailingBackslash(folder).c_str(), relativePath);
+    return composeCut({withTrailingBackslash(folder), relativePath});
 }
 
 }  // namespace

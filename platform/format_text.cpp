@@ -4,42 +4,31 @@
 #include <stdio.h>
 #undef __USE_MINGW_ANSI_STDIO
 
+#include <algorithm>
 #include <cstdarg>
 
 #include "platform/format_text.h"
+#include "platform/windows_constants.h"
 
-namespace {
-
-std::string formatArguments(const char* format, va_list arguments) {
-    va_list measured;
+std::string formatText(const char* format, ...) {
+    va_list arguments, measured;
+    va_start(arguments, format);
     va_copy(measured, arguments);
     const int length = vsnprintf(nullptr, 0, format, measured);
     va_end(measured);
-    if (length < 0) {
-        return {};
+    std::string text(static_cast<std::size_t>(std::max(length, 0)), '\0');
+    if (length > 0) {
+        vsnprintf(text.data(), text.size() + 1, format, arguments);
     }
-    std::string text(static_cast<std::size_t>(length), '\0');
-    vsnprintf(text.data(), text.size() + 1, format, arguments);
-    return text;
-}
-
-}  // namespace
-
-std::string formatText(const char* format, ...) {
-    va_list arguments;
-    va_start(arguments, format);
-    std::string text = formatArguments(format, arguments);
     va_end(arguments);
     return text;
 }
 
-std::string formatCut(const char* format, ...) {
-    va_list arguments;
-    va_start(arguments, format);
-    std::string text = formatArguments(format, arguments);
-    va_end(arguments);
-    if (text.size() > maximumPathLength) {
-        text.resize(maximumPathLength);
+std::string composeCut(std::initializer_list<std::string_view> parts) {
+    std::string text;
+    for (const std::string_view part : parts) {
+        text.append(part);
     }
+    text.resize(std::min(text.size(), maximumPathLength));
     return text;
 }
