@@ -35,7 +35,7 @@ struct SystemTime {
 };
 
 /// Readable: "2026-01-02 03:04:05"; else `lead` (which the readable form leaves out) and the
-/// digits alone. `text` is cut to 32 characters.
+/// digits alone, for the product line. `text` is cut to 32 characters.
 void FormatTimestamp(const SystemTime& time, std::string& text, bool readable, char lead);
 
 /// The install log's line, without a line end, about an uninstaller that could not be copied.

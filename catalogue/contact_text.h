@@ -3,7 +3,7 @@
 #include <string>
 #include <string_view>
 
-/// How the maker's contact block is laid out.
+/// How the maker's contact block is laid out; in columns for the product line.
 enum class ContactLayout { Columns, Lines };
 
 /// Whom to ask about the product; empty when the code is empty or not a valid one.

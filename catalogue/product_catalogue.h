@@ -45,8 +45,8 @@ class CProductData {
     [[nodiscard]] bool displayName(std::string_view code, std::string_view edition,
                                    std::string& name);
 
-    // Part of the catalogue for the products' own programs; the installer's steps need
-    // ProductNames, DemoOf, ViewerProducts, DisplayNameTemplates and ProductDataValues alone.
+    // For the product line, but for ProductNames, DemoOf, ViewerProducts, DisplayNameTemplates and
+    // ProductDataValues.
     TextMap DecoderDescriptions;
     TextMap ProductNames;
     TextMap ProductIds;

@@ -14,7 +14,8 @@
 inline constexpr char makerTree[] = "Software\\Halvick Test Equipment\\";
 inline constexpr char olderMakerTree[] = "Software\\HVQ\\Tressle Analyzer\\";
 
-/// Which field a search compares. Any other number compares none.
+/// Which field a search compares. Any other number compares none. All but programFolder are for the
+/// product line.
 namespace installation_selector {
 inline constexpr int path = 0;  ///< backslashes at both ends do not count
 inline constexpr int productId = 1;
@@ -44,7 +45,8 @@ class InstallationIndex {
                   FieldMap& extras, MergeMode mode);
 
     /// The field (letter case ignored) of the installation at `position`; empty when there is no
-    /// such installation or field. Loads an empty index first, legacy tree included.
+    /// such installation or field. Loads an empty index first, legacy tree included. For the
+    /// product line.
     [[nodiscard]] std::string field(std::size_t position, std::string_view name);
 
     /// The positions of the installations whose field equals `value` (letter case ignored), last
@@ -59,6 +61,7 @@ class InstallationIndex {
                                              std::string& version) const;
 
     std::vector<InstallationRecord> records;
+    // For the product line.
     std::string helperLocation;  ///< where the installation helper is
     std::string commonPath;
 

@@ -19,8 +19,8 @@
                                std::vector<InstallationRecord>& records, FieldMap& extras);
 
 /// What the last failing step of a walk was, for the whole process: at most 2048 characters, empty
-/// when nothing failed since clearWalkError. Valid until the next walk. No step
-/// of the program reads it: the index reports nothing.
+/// when nothing failed since clearWalkError. Valid until the next walk. For the product line: the
+/// index reports nothing.
 [[nodiscard]] const char* walkError();
 
 void clearWalkError();

@@ -5,7 +5,7 @@
 #include "platform/handle_win.h"
 #include "platform/registry_key.h"
 
-/// A registry transaction that keys are opened in. The installer uses none.
+/// A registry transaction that keys are opened in. For the product line.
 struct RegistryTransaction {
     HANDLE handle = nullptr;  ///< of the transaction manager; not owned
     /// While `handle` is null: zero makes opens fail, any other value makes them ordinary ones.
