@@ -14,7 +14,7 @@ Message driversFailedMessage(const std::string& productName, const std::string& 
 
 Message invalidInstallerMessage(std::string_view productCode) {
     return {"This installer is invalid. Please contact Technical Support.\n\n" +
-            contactText(productCode, ContactLayout::Lines)};
+            contactText(productCode, contact_layout::lines)};
 }
 
 Message setupMissingMessage(const std::string& setupPath) {

@@ -3,8 +3,26 @@
 #include <string>
 #include <string_view>
 
-/// How the maker's contact block is laid out; in columns for the product line.
-enum class ContactLayout { Columns, Lines };
+/// The maker's contact block, in its layouts.
+namespace contact_layout {
+inline constexpr char lines[] =
+    "Halvick Test Equipment\n"
+    "Technical Support\n"
+    "100 Instrument Way\n"
+    "Halvick, VA 22999\n"
+    "USA\n"
+    "Web: https://www.halvick.example/\n"
+    "E-mail: support@halvick.example\n"
+    "Telephone: +1 434 555 0100\n"
+    "Fax: +1 434 555 0101\n";
+/// For the product line.
+inline constexpr char columns[] =
+    "Halvick Test Equipment\tTelephone: +1 434 555 0100\n"
+    "100 Instrument Way\tFax: +1 434 555 0101\n"
+    "Halvick, VA 22999\tE-mail: support@halvick.example\n"
+    "USA\tWeb: https://www.halvick.example/\n";
+}  // namespace contact_layout
 
-/// Whom to ask about the product; empty when the code is empty or not a valid one.
-[[nodiscard]] std::string contactText(std::string_view code, ContactLayout layout);
+/// Whom to ask about the product, the maker in this `layout`; empty when the code is empty or not a
+/// valid one.
+[[nodiscard]] std::string contactText(std::string_view code, const char* layout);

@@ -10,6 +10,7 @@ namespace {
 
 constexpr char allowedCharacters[] = ".0123456789";
 constexpr std::size_t fieldCount = 4;
+constexpr char rule[] = " - version must contain 4 non-empty fields delimted by '.'";
 
 /// Too many digits wrap, as atoi of the platform's C library does.
 int decimalNumber(std::string_view digits) {
@@ -33,17 +34,11 @@ std::string splitError(std::string_view version, std::vector<std::string>& field
     }
     splitFields(version, fields, '.');
     if (fields.size() != fieldCount) {
-        return formatText(
-            "Encountered %d version fields - version must contain 4 non-empty fields "
-            "delimted by '.'",
-            static_cast<int>(fields.size()));
+        return formatText("Encountered %d version fields%s", static_cast<int>(fields.size()), rule);
     }
     for (std::size_t field = 0; field < fieldCount; ++field) {
         if (fields[field].empty()) {
-            return formatText(
-                "Version field %d is empty - version must contain 4 non-empty fields "
-                "delimted by '.'",
-                static_cast<int>(field));
+            return formatText("Version field %d is empty%s", static_cast<int>(field), rule);
         }
     }
     return {};
