@@ -1,10 +1,13 @@
 #include "app/administrator_win.h"
 
+#include <lm.h>
+
 #include <algorithm>
 #include <vector>
 
 #include "platform/handle_win.h"
 #include "tests/rows.h"
+#include "tools/run_stage/systems_win.h"
 
 namespace {
 
@@ -68,6 +71,28 @@ TEST(Administrator, IsToldByTheTokenOfTheThreadElseOfTheProcess) {
     // A thread's token that nobody may look into: not the process's is taken instead.
     EXPECT_EQ(answerUnder(process.get(), SecurityAnonymous),
               "no " + std::to_string(ERROR_CANT_OPEN_ANONYMOUS));
+}
+
+// Of an account that is there for the test alone.
+TEST(Administrator, IsNoOtherUser) {
+    if (onWine()) {
+        GTEST_SKIP() << "Wine knows one user";
+    }
+    wchar_t name[] = L"installer tests", password[] = L"7x-Qm!kz 4Tw";
+    USER_INFO_1 account{};
+    account.usri1_name = name;
+    account.usri1_password = password;
+    account.usri1_priv = USER_PRIV_USER;
+    account.usri1_flags = UF_SCRIPT;
+    ASSERT_EQ(NetUserAdd(nullptr, 1, reinterpret_cast<BYTE*>(&account), nullptr),
+              DWORD{NERR_Success});
+    KernelHandle token;
+    const BOOL loggedOn = LogonUserW(name, L".", password, LOGON32_LOGON_NETWORK,
+                                     LOGON32_PROVIDER_DEFAULT, token.receive());
+    const DWORD error = GetLastError();
+    NetUserDel(nullptr, name);
+    ASSERT_TRUE(loggedOn) << error;
+    EXPECT_EQ(answerUnder(token.get(), SecurityImpersonation), "no 0");
 }
 
 }  // namespace

@@ -24,8 +24,9 @@
 
 namespace {
 
-const std::string installer = scratch + "Install.exe", recordFile = scratch + "records.txt";
+const std::string ownInstaller = scratch + "Install.exe", recordFile = scratch + "records.txt";
 const std::string installerRuns = scratch + "the installer runs";  ///< a file
+std::string installer;  ///< which one the present row runs
 const std::string uninstallList = "SOFTWARE\\Microsoft\\Windows\\CurrentVersion\\Uninstall\\";
 
 std::string upTo(const std::string& path, char last) {
@@ -195,7 +196,8 @@ void putInstaller(const std::string& code) {
                         code == "1q" ? "1Q" : code);
         content.replace(block + offsetof(StampedIdentity, productName), name.size(), name);
     }
-    file(installer, content)();
+    file(ownInstaller, content)();
+    installer = ownInstaller;
 }
 
 /// After the last run.
@@ -278,6 +280,10 @@ Given running(const std::string& path, std::vector<HANDLE>& processes) {
                WaitForSingleObject(process.hProcess, 10) == WAIT_TIMEOUT) {
         }
     };
+}
+
+Given installerAt(const std::string& path) {
+    return [=] { installer = path; };
 }
 
 Given registeredBelow(HKEY root, const std::string& key, const std::string& name,

@@ -12,6 +12,8 @@
 [[nodiscard]] Given copied(const std::string& name, const std::string& path);
 /// A stand-in that runs before and during the run; its handle goes to the end of `processes`.
 [[nodiscard]] Given running(const std::string& path, std::vector<HANDLE>& processes);
+/// Another installer than the one that every row puts beside the media.
+[[nodiscard]] Given installerAt(const std::string& path);
 [[nodiscard]] Given registeredBelow(HKEY root, const std::string& key, const std::string& name,
                                     const std::string& text, REGSAM view = 0);
 
