@@ -11,6 +11,8 @@
 // found, and a step that says false ends the run.
 #include "app/install_app.h"
 
+#include <algorithm>
+#include <iterator>
 #include <optional>
 #include <tuple>
 
@@ -143,17 +145,16 @@ bool CInstallApp::SelectProductType(const InstallPlan& plan) {
     // Kept: a cancelled choice ends without a word, so a reason set earlier goes.
     selectionError.clear();
     std::optional<unsigned> chosen = product_type::live;
-    if (plan.asksProductType) {
+    if (plan.offeredTypes != 0) {
         chosen = machine.askProductType({.productName = productName,
                                          .title = title,
                                          .prompt = prompt,
-                                         .offersFileViewer = plan.offersFileViewer,
-                                         .offersDemonstration = plan.offersDemonstration});
+                                         .offeredTypes = plan.offeredTypes});
     }
     machine.dispatchPendingMessage();
     productType = chosen.value_or(0);
-    return productType == product_type::live || productType == product_type::viewer ||
-           productType == product_type::demonstration;
+    return std::any_of(std::begin(productChoices), std::end(productChoices),
+                       [this](const ProductChoice& choice) { return choice.type == productType; });
 }
 
 bool CInstallApp::SwitchToDemonstration() {

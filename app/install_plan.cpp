@@ -43,10 +43,11 @@ InstallPlan planInstallation(std::string_view productCode, const CProductData& c
                                  ? OlderVersions::OfMaker
                                  : OlderVersions::OfProduct;
     }
-    plan.asksProductType = plan.driverStep != DriverStep::InPlaceOfChoice;
-    if (plan.asksProductType) {
-        plan.offersFileViewer = catalogue.hasFileViewerEdition(productCode);
-        plan.offersDemonstration = catalogue.hasDemonstrationEdition(productCode);
+    if (plan.driverStep != DriverStep::InPlaceOfChoice) {
+        plan.offeredTypes =
+            product_type::live |
+            (catalogue.hasFileViewerEdition(productCode) ? product_type::viewer : 0) |
+            (catalogue.hasDemonstrationEdition(productCode) ? product_type::demonstration : 0);
     }
     return plan;
 }

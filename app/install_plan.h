@@ -6,6 +6,7 @@
 
 #include "catalogue/product_catalogue.h"
 #include "drivers/driver_package_table.h"
+#include "ui/product_type.h"
 
 /// The way through the install sequence.
 enum class Route {
@@ -31,11 +32,9 @@ struct InstallPlan {
     DriverStep driverStep = DriverStep::None;
     /// The drivers' family, within the table that the plan was made from; null for none.
     const DeviceFamily* deviceFamily = nullptr;
-    /// False: the live product is taken without a question.
-    bool asksProductType = false;
-    // What the question offers beside the live product.
-    bool offersFileViewer = false;
-    bool offersDemonstration = false;
+    /// What the user may choose from, bits of product_type; none: the live product is taken
+    /// without a question.
+    unsigned offeredTypes = 0;
 };
 
 /// `productCode` as stamped. The plan refers to `drivers`.

@@ -1,6 +1,7 @@
 #include "app/setup_parameters.h"
 
 #include <initializer_list>
+#include <iterator>
 #include <tuple>
 #include <utility>
 
@@ -29,28 +30,22 @@ std::string compose(std::initializer_list<Field> fields) {
     return parameters;
 }
 
-/// What the setup utility is to install, and the edition word in the program folder's name.
-struct TypeWords {
-    const char* type;
-    const char* edition;
-};
-
-TypeWords typeWords(unsigned productType) {
-    if ((productType & product_type::demonstration) != 0) {
-        return {"DEMO", "Demo"};
+/// Of several bits the last choice's counts, of none the live product's.
+const ProductChoice& choiceOf(unsigned productType) {
+    for (std::size_t index = std::size(productChoices); index-- > 0;) {
+        if ((productType & productChoices[index].type) != 0) {
+            return productChoices[index];
+        }
     }
-    if ((productType & product_type::viewer) != 0) {
-        return {"VIEW", "Viewer"};
-    }
-    return {"LIVE", ""};
+    return productChoices[0];
 }
 
 /// The whole "-type" field.
 std::string typeField(const SetupRequest& request, const char* bitness) {
     const ProductTraits& traits = traitsOf(request.productNumber);
-    const TypeWords words = typeWords(request.productType);
-    const bool live = *words.edition == '\0';
-    std::string field = words.type;
+    const ProductChoice& choice = choiceOf(request.productType);
+    const bool live = choice.type == product_type::live;
+    std::string field = choice.typeWord;
     if (live && !request.typeSuffix.empty()) {
         field += ' ' + request.typeSuffix;
     }
@@ -101,7 +96,7 @@ std::string directSetupParameters(const CProductData& catalogue, const std::stri
 std::string programFolderName(CProductData& catalogue, const SetupRequest& request) {
     std::string name;  // stays empty for a product without a name
     std::ignore =
-        catalogue.displayName(request.productCode, typeWords(request.productType).edition, name);
+        catalogue.displayName(request.productCode, choiceOf(request.productType).editionWord, name);
     return name;
 }
 

@@ -129,8 +129,7 @@ std::optional<unsigned> WindowsMachine::askProductType(const ProductTypeQuestion
     CInstallDlg dialog(question.productName);
     dialog.SetCaption(question.title);
     dialog.SetPrompt(question.prompt);
-    dialog.SetOfferDemonstration(question.offersDemonstration);
-    dialog.SetOfferFileViewer(question.offersFileViewer);
+    dialog.SetOfferedTypes(question.offeredTypes);
     AfxGetApp()->m_pMainWnd = &dialog;
     const INT_PTR result = dialog.DoModal();
     AfxGetApp()->m_pMainWnd = nullptr;

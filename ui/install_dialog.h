@@ -7,13 +7,13 @@
 #include <string_view>
 #include <vector>
 
+#include "ui/product_type.h"
+
 struct ProductTypeQuestion {
     std::string productName;  ///< kept by the dialog, not shown
     std::string title;
-    std::string prompt;  ///< of any length and number of lines
-    // Beside the live product, which always is.
-    bool offersFileViewer = false;
-    bool offersDemonstration = false;
+    std::string prompt;                          ///< of any length and number of lines
+    unsigned offeredTypes = product_type::live;  ///< bits of product_type
 };
 
 /// In pixels.

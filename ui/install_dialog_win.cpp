@@ -75,12 +75,8 @@ void CInstallDlg::SetPrompt(const std::string& text) {
     }
 }
 
-void CInstallDlg::SetOfferDemonstration(bool offer) {
-    offerDemonstration = offer;
-}
-
-void CInstallDlg::SetOfferFileViewer(bool offer) {
-    offerFileViewer = offer;
+void CInstallDlg::SetOfferedTypes(unsigned types) {
+    offeredTypes = types;
 }
 
 MessageMap CInstallDlg::GetMessageMap() const {
@@ -89,42 +85,32 @@ MessageMap CInstallDlg::GetMessageMap() const {
         onMessage<&CInstallDlg::OnQueryDragIcon>(WM_QUERYDRAGICON),
         onMessage<&CInstallDlg::OnHelpInfo>(WM_HELP),
     };
-    static constexpr CommandEntry commands[] = {
-        onClicked<&CInstallDlg::OnHelp>(IDC_HELP_BUTTON),
-        onClicked<&CInstallDlg::OnChoice<0>>(IDC_LIVE_PRODUCT),
-        onClicked<&CInstallDlg::OnChoice<1>>(IDC_FILE_VIEWER),
-        onClicked<&CInstallDlg::OnChoice<2>>(IDC_DEMONSTRATION),
-    };
+    static constexpr auto commands =
+        Commands(std::make_index_sequence<std::size(productChoices)>());
     return {messages, commands};
 }
 
 bool CInstallDlg::OnInitDialog() {
     BindControl(promptText, IDC_INSTALL_PROMPT);
-    BindControl(liveProduct, IDC_LIVE_PRODUCT);
-    BindControl(fileViewer, IDC_FILE_VIEWER);
-    BindControl(demonstration, IDC_DEMONSTRATION);
     BindControl(installButton, IDOK);
     BindControl(helpButton, IDC_HELP_BUTTON);
+    for (std::size_t index = 0; index < std::size(choices); ++index) {
+        BindControl(choices[index], productChoices[index].control);
+        if ((offeredTypes & productChoices[index].type) == 0) {
+            choices[index].ShowWindow(SW_HIDE);  // and keeps its place
+        }
+    }
 
     SendMessageA(m_hWnd, WM_SETICON, ICON_BIG, reinterpret_cast<LPARAM>(icon));
     SendMessageA(m_hWnd, WM_SETICON, ICON_SMALL, reinterpret_cast<LPARAM>(icon));
     SetCaption(caption);
     SetPrompt(prompt);
-    liveProduct.SetCheck(BST_CHECKED);
-    // Hidden choices keep their places.
-    if (!offerDemonstration) {
-        demonstration.ShowWindow(SW_HIDE);
-    }
-    if (!offerFileViewer) {
-        fileViewer.ShowWindow(SW_HIDE);
-    }
+    choices[0].SetCheck(BST_CHECKED);
     return false;
 }
 
 void CInstallDlg::OnOK() {
-    constexpr unsigned types[] = {product_type::live, product_type::viewer,
-                                  product_type::demonstration};
-    productType = types[choice];
+    productType = productChoices[choice].type;
     CDialog::OnOK();
 }
 
@@ -174,9 +160,11 @@ void CInstallDlg::LayOutPrompt() {
     }
     makeTaller(m_hWnd, growth);
     makeTaller(promptText.m_hWnd, growth);
-    for (const HWND control :
-         {GetDlgItem(m_hWnd, IDCANCEL), helpButton.m_hWnd, installButton.m_hWnd, liveProduct.m_hWnd,
-          fileViewer.m_hWnd, demonstration.m_hWnd}) {
-        moveDown(control, growth);
+    for (const HWND button :
+         {GetDlgItem(m_hWnd, IDCANCEL), helpButton.m_hWnd, installButton.m_hWnd}) {
+        moveDown(button, growth);
+    }
+    for (const CButton& button : choices) {
+        moveDown(button.m_hWnd, growth);
     }
 }

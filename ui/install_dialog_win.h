@@ -1,6 +1,8 @@
 #pragma once
 
+#include <array>
 #include <string>
+#include <utility>
 
 #include "framework/controls_win.h"
 #include "framework/dialog_win.h"
@@ -16,9 +18,8 @@ class CInstallDlg : public CDialog {
     void SetCaption(const std::string& text);
     /// Of any length and number of lines; the dialog grows to fit it, and never shrinks.
     void SetPrompt(const std::string& text);
-    /// Before DoModal. Neither is offered otherwise; the live product always is.
-    void SetOfferDemonstration(bool offer);
-    void SetOfferFileViewer(bool offer);
+    /// Bits of product_type. Before DoModal; otherwise the live product alone is offered.
+    void SetOfferedTypes(unsigned types);
 
     /// The result; to be read after DoModal returned IDOK.
     unsigned productType = product_type::live;
@@ -33,27 +34,30 @@ class CInstallDlg : public CDialog {
     LRESULT OnQueryDragIcon(WPARAM, LPARAM);
     LRESULT OnHelpInfo(WPARAM, LPARAM);
     void OnHelp();
-    template <unsigned index>
+    template <std::size_t index>
     void OnChoice() {
         choice = index;
+    }
+    template <std::size_t... index>
+    static consteval auto Commands(std::index_sequence<index...>) {
+        return std::array{
+            onClicked<&CInstallDlg::OnHelp>(IDC_HELP_BUTTON),
+            onClicked<&CInstallDlg::OnChoice<index>>(productChoices[index].control)...};
     }
 
     /// Makes room for the prompt, from the sizes that the windows have now.
     void LayOutPrompt();
 
     CWnd promptText;
-    CButton liveProduct;
-    CButton fileViewer;
-    CButton demonstration;
+    CButton choices[std::size(productChoices)];
     CButton installButton;
     CButton helpButton;
 
     std::string productText;
     std::string caption;
     std::string prompt;
-    unsigned choice = 0;  ///< 0 live product, 1 file viewer, 2 demonstration
-    bool offerDemonstration = false;
-    bool offerFileViewer = false;
+    unsigned choice = 0;  ///< index within productChoices
+    unsigned offeredTypes = product_type::live;
     HICON icon;  ///< shared, never destroyed
     HtmlHelpControl help;
 };

@@ -5,7 +5,7 @@
 
 #include "platform/ansi_text.h"
 #include "ui/ask_uninstall_dialog.h"
-#include "ui/dialog_texts.h"
+#include "ui/resource.h"
 #include "ui/product_type.h"
 
 namespace {
@@ -161,23 +161,21 @@ void DescribedMachine::offerRemoval(
 }
 
 std::optional<unsigned> DescribedMachine::askProductType(const ProductTypeQuestion& question) {
-    ShownDialog dialog{question.title,      std::nullopt,
-                       {question.prompt},   {},
-                       {TEXT_LIVE_PRODUCT}, {TEXT_INSTALL, TEXT_CANCEL, TEXT_HELP}};
-    if (question.offersFileViewer) {
-        dialog.choices.emplace_back(TEXT_FILE_VIEWER);
-    }
-    if (question.offersDemonstration) {
-        dialog.choices.emplace_back(TEXT_DEMONSTRATION);
+    ShownDialog dialog{question.title,
+                       std::nullopt,
+                       {question.prompt},
+                       {},
+                       {},
+                       {TEXT_INSTALL, TEXT_CANCEL, TEXT_HELP}};
+    for (const ProductChoice& choice : productChoices) {
+        if ((question.offeredTypes & choice.type) != 0) {
+            dialog.choices.emplace_back(choice.label);
+        }
     }
     unsigned type = product_type::live;
     for (const std::string& action : show(std::move(dialog))) {
-        if (action == TEXT_LIVE_PRODUCT) {
-            type = product_type::live;
-        } else if (action == TEXT_FILE_VIEWER) {
-            type = product_type::viewer;
-        } else if (action == TEXT_DEMONSTRATION) {
-            type = product_type::demonstration;
+        for (const ProductChoice& choice : productChoices) {
+            type = action == choice.label ? choice.type : type;
         }
     }
     return steps.back().answer == TEXT_INSTALL ? std::optional(type) : std::nullopt;

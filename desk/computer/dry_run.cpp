@@ -15,7 +15,7 @@
 #include "installed/installed_product.h"
 #include "platform/ansi_text.h"
 #include "platform/operating_system.h"
-#include "ui/dialog_texts.h"
+#include "ui/resource.h"
 
 namespace {
 

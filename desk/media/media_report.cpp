@@ -20,7 +20,7 @@
 #include "desk/whole_file.h"
 #include "drivers/driver_installation.h"
 #include "drivers/driver_package_table.h"
-#include "ui/dialog_texts.h"
+#include "ui/resource.h"
 
 namespace fs = std::filesystem;
 
@@ -290,7 +290,7 @@ std::string routeInWords(const InstallPlan& plan) {
         case Route::Ordinary:
             break;
     }
-    return plan.asksProductType
+    return plan.offeredTypes != 0
                ? "older versions, then \"Install Product\""
                : "older versions, then drivers, then the live product without a question";
 }

@@ -5,7 +5,7 @@
 #include "desk/executables/stamp_image.h"
 #include "desk/media/media_report.h"
 #include "drivers/driver_package_table.h"
-#include "ui/dialog_texts.h"
+#include "ui/product_type.h"
 
 namespace {
 
@@ -38,14 +38,10 @@ ProductFacts productFacts(CProductData& catalogue, const std::string& code) {
     const InstallPlan plan = planInstallation(facts.code, catalogue, drivers);
     facts.route = routeInWords(plan);
     facts.endsSilently = plan.route == Route::EndSilently;
-    if (plan.asksProductType) {
-        facts.choices.emplace_back(TEXT_LIVE_PRODUCT);
-    }
-    if (plan.offersFileViewer) {
-        facts.choices.emplace_back(TEXT_FILE_VIEWER);
-    }
-    if (plan.offersDemonstration) {
-        facts.choices.emplace_back(TEXT_DEMONSTRATION);
+    for (const ProductChoice& choice : productChoices) {
+        if ((plan.offeredTypes & choice.type) != 0) {
+            facts.choices.emplace_back(choice.label);
+        }
     }
     for (const NeededFile& file : neededFiles(plan)) {
         facts.files.push_back(file.name);

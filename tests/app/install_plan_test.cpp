@@ -12,8 +12,9 @@ std::string inWords(const InstallPlan& plan) {
     constexpr const char* drivers[] = {"", ", drivers first", ", drivers instead"};
     return std::string(routes[static_cast<int>(plan.route)]) +
            older[static_cast<int>(plan.olderVersions)] +
-           drivers[static_cast<int>(plan.driverStep)] + (plan.asksProductType ? ", asks" : "") +
-           (plan.offersFileViewer ? " viewer" : "") + (plan.offersDemonstration ? " demo" : "");
+           drivers[static_cast<int>(plan.driverStep)] + (plan.offeredTypes != 0 ? ", asks" : "") +
+           ((plan.offeredTypes & product_type::viewer) != 0 ? " viewer" : "") +
+           ((plan.offeredTypes & product_type::demonstration) != 0 ? " demo" : "");
 }
 
 constexpr std::uint32_t noFamily = 0;

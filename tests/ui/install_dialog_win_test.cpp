@@ -61,7 +61,7 @@ TEST(InstallDialog, WorksByKeyboard) {
     for (const auto& row : table) {
         SCOPED_TRACE(testing::PrintToString(row.keys));
         CInstallDlg dialog("Sample");
-        dialog.SetOfferDemonstration(true);
+        dialog.SetOfferedTypes(product_type::live | product_type::demonstration);
         EXPECT_EQ(driveModal([&] { return dialog.DoModal(); },
                              [&](HWND window) {
                                  for (const WPARAM key : row.keys) {
@@ -80,7 +80,7 @@ TEST(InstallDialog, TakesKeysTypedAhead) {
         GTEST_SKIP() << "Wine has no keyboard without a display";
     }
     CInstallDlg dialog("Sample");
-    dialog.SetOfferDemonstration(true);
+    dialog.SetOfferedTypes(product_type::live | product_type::demonstration);
     const INT_PTR result =
         driveModal([&] { return dialog.DoModal(); },
                    [](HWND window) {
