@@ -88,13 +88,13 @@ def measure(program, *arguments):
 
 
 def lay_out_media():
-    """The installers that are measured, and the same dialog and hand-over made with NSIS."""
+    """The installers that are measured, and the same dialog and launch made with NSIS."""
     shutil.rmtree(MEDIA, ignore_errors=True)
     MEDIA.mkdir(parents=True)
-    for rival in ("same_dialog", "same_hand_over"):
+    for rival in ("same_dialog", "same_launch"):
         subprocess.run(["makensis", "-V1", "-NOCD", f"-XOutFile {MEDIA / rival}.exe",
                         ROOT / "tools" / "benchmarks" / f"{rival}.nsi"], check=True)
-    shutil.copy(PROGRAMS / "hand_over.exe", MEDIA / "Setup.Exe")
+    shutil.copy(PROGRAMS / "launched.exe", MEDIA / "Setup.Exe")
     (MEDIA / "ProductData.ini").write_bytes(b"[Version Number]\r\nVersion Number=16.4.12000.0\r\n")
     for code in ("04", "1q"):
         subprocess.run([ROOT / "build" / "tools" / "stamp", BUILD / "installer.exe", code,
@@ -118,9 +118,9 @@ def measure_all(rounds):
         ("an empty dialog", PROGRAMS / "empty_dialog.exe", 1.05),
         ("NSIS, same dialog", MEDIA / "same_dialog.exe", 1)])
     setup = str(MEDIA / "Setup.Exe").replace("/", "\\")
-    rows += starts("hand-over", rounds, "1q", "Start to hand-over, unattended", [
+    rows += starts("launch", rounds, "1q", "Start to launch, unattended", [
         ("the one call of the shell", f'"{PROGRAMS / "bare_launch.exe"}" Z:{setup}', 1.05),
-        ("NSIS, starts it silently", MEDIA / "same_hand_over.exe", 1)])
+        ("NSIS, starts it silently", MEDIA / "same_launch.exe", 1)])
     discovery, index, (of_few, held, of_many) = measure("registry_benchmark")
     for what, wanted, (ours, bare, ratio) in (("Discovery, 10,000 entries", 1.2, discovery),
                                               ("Index, 5,000 records", 1.3, index)):

@@ -1,4 +1,4 @@
-// The baseline for the time to the hand-over: the one call of the shell, without the installer.
+// The baseline for the time to the launch: the one call of the shell, without the installer.
 // Starts the program whose path is the command line.
 #include <windows.h>
 

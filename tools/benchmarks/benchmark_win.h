@@ -6,7 +6,7 @@
 #include <vector>
 
 /// The event that the stand-in for the setup utility sets when it has been started.
-inline constexpr const char* handOverEvent = "Installer benchmark hand-over";
+inline constexpr const char* launchEvent = "Installer benchmark launch";
 
 /// Runs from its construction on.
 class Stopwatch {

@@ -1,6 +1,6 @@
-// Times programs from their start to their first dialog, or to their hand-over to another program.
+// Times programs from their start to their first dialog, or to their launch of another program.
 //
-//   start_benchmark dialog|hand-over ROUNDS COMMAND...
+//   start_benchmark dialog|launch ROUNDS COMMAND...
 //
 // Every round runs each command once, so that what else the machine does falls on all of them.
 // Prints a line for each command: the median in milliseconds, and the median of the ratios, round
@@ -76,12 +76,12 @@ double timeToDialog(const std::string& command) {
     return time;
 }
 
-double timeToHandOver(const std::string& command) {
-    static const HANDLE handedOver = CreateEventA(nullptr, FALSE, FALSE, handOverEvent);
+double timeToLaunch(const std::string& command) {
+    static const HANDLE launched = CreateEventA(nullptr, FALSE, FALSE, launchEvent);
     const Stopwatch stopwatch;
     const Process process(command);
-    if (WaitForSingleObject(handedOver, deadline) != WAIT_OBJECT_0) {
-        fail("no hand-over");
+    if (WaitForSingleObject(launched, deadline) != WAIT_OBJECT_0) {
+        fail("no launch");
     }
     const double time = stopwatch.milliseconds();
     process.awaitEnd();
@@ -94,7 +94,7 @@ int main(int count, char** arguments) {
     if (count < 4) {
         fail("too few arguments");
     }
-    const auto measure = std::string_view(arguments[1]) == "dialog" ? timeToDialog : timeToHandOver;
+    const auto measure = std::string_view(arguments[1]) == "dialog" ? timeToDialog : timeToLaunch;
     const int rounds = std::atoi(arguments[2]);
     const std::vector<std::string> commands(arguments + 3, arguments + count);
     std::vector<std::vector<double>> times(commands.size());

@@ -2,7 +2,7 @@
 #include "tools/benchmarks/benchmark_win.h"
 
 int WINAPI WinMain(HINSTANCE, HINSTANCE, LPSTR, int) {
-    const HANDLE event = OpenEventA(EVENT_MODIFY_STATE, FALSE, handOverEvent);
+    const HANDLE event = OpenEventA(EVENT_MODIFY_STATE, FALSE, launchEvent);
     SetEvent(event);
     CloseHandle(event);
     return 0;
