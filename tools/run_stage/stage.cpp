@@ -8,6 +8,22 @@ Step box(const std::string& text, const std::string& icon, const std::string& bu
     return {"Tavlink Installation | " + icon + " | " + text + " | " + buttons, {reply}};
 }
 
+bool fits(const Step& step, const std::string& shown) {
+    return step.seen.starts_with('*') ? shown.ends_with(step.seen.substr(1)) : shown == step.seen;
+}
+
+Step stopped(const std::string& path) {
+    return {"stops " + path + '\n', {}, Step::Kind::Unseen};
+}
+
+Step copiedOver(const std::string& from, const std::string& to) {
+    return {"copies " + from + " to " + to + '\n', {}, Step::Kind::Unseen};
+}
+
+Step logged(const std::string& line) {
+    return {"logs " + line + '\n', {}, Step::Kind::Unseen};
+}
+
 Step choose(const std::string& choice, const std::string& button) {
     return {"* | Install | Cancel | Help", {choice, button}};
 }

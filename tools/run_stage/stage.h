@@ -39,6 +39,8 @@ struct Step {
     std::vector<std::string> actions = {};  ///< on a dialog, as DialogWindow::act takes them
     Kind kind = Kind::Dialog;
 };
+/// Whether this dialog is the one that `step` expects.
+[[nodiscard]] bool fits(const Step& step, const std::string& shown);
 /// A message box of the installer's.
 [[nodiscard]] Step box(const std::string& text, const std::string& icon,
                        const std::string& buttons = "OK", const std::string& reply = "OK");

@@ -35,10 +35,6 @@ std::string described(const ShownDialog& dialog) {
            joined(dialog.choices) + joined(dialog.buttons);
 }
 
-bool fits(const Step& step, const std::string& shown) {
-    return step.seen.starts_with('*') ? shown.ends_with(step.seen.substr(1)) : shown == step.seen;
-}
-
 std::string wordsOf(const RunStep& step) {
     std::string program = step.program;
     if (program.starts_with('"')) {  // the shell takes a quoted name without its quotes
@@ -126,18 +122,6 @@ System stageSystem() {
 bool on64BitWindows() {
     const char* const bits = std::getenv("BITS");
     return bits == nullptr || std::string(bits) != "32";
-}
-
-Step stopped(const std::string& path) {
-    return {"stops " + path + '\n', {}, Step::Kind::Unseen};
-}
-
-Step copiedOver(const std::string& from, const std::string& to) {
-    return {"copies " + from + " to " + to + '\n', {}, Step::Kind::Unseen};
-}
-
-Step logged(const std::string& line) {
-    return {"logs " + line + '\n', {}, Step::Kind::Unseen};
 }
 
 Given machine(const std::function<void(DescribedMachine& machine)>& change) {

@@ -43,10 +43,6 @@ bool awaitRecords(const std::string& expected) {
     return readFile(recordFile) == expected;
 }
 
-bool fits(const Step& step, const std::string& shown) {
-    return step.seen.starts_with('*') ? shown.ends_with(step.seen.substr(1)) : shown == step.seen;
-}
-
 /// What the installer asks on this release, whatever a row is about; empty where it asks nothing.
 std::string questionAboutRelease() {
     const OperatingSystemIdentity identity = identifyOperatingSystem(queryOperatingSystem());
@@ -212,18 +208,6 @@ System stageSystem() {
 bool on64BitWindows() {
     BOOL answer = FALSE;
     return IsWow64Process(GetCurrentProcess(), &answer) && answer;
-}
-
-Step stopped(const std::string&) {
-    return {"", {}, Step::Kind::Unseen};
-}
-
-Step copiedOver(const std::string&, const std::string&) {
-    return {"", {}, Step::Kind::Unseen};
-}
-
-Step logged(const std::string&) {
-    return {"", {}, Step::Kind::Unseen};
 }
 
 Given file(const std::string& path, const std::string& content) {
