@@ -18,19 +18,15 @@ TEST(InstallLogFacts, AllowOnlyThePlainFileInThePlainFolder) {
 }
 
 TEST(InstallLog, TellsTheTimeInBothForms) {
-    const struct {
-        SystemTime time;
-        bool readable;
-        std::string text;
-    } rows[] = {
-        {{2026, 11, 24, 0, 59, 9}, true, "2026-11-24 00:59:09"},
-        {{2026, 11, 24, 0, 59, 9}, false, "#20261124005909"},
-        {{7, 1, 1, 1, 1, 1}, true, "   7-01-01 01:01:01"},
-        {{65535, 65535, 65535, 65535, 65535, 65535}, true, "65535-65535-65535 65535:65535:65"},
-    };
-    for (const auto& row : rows) {
+    const auto timestamp = [](const SystemTime& time, bool readable) {
         std::string text = "old";
-        FormatTimestamp(row.time, text, row.readable, '#');
-        EXPECT_EQ(text, row.text);
-    }
+        FormatTimestamp(time, text, readable, '#');
+        return text;
+    };
+    const SystemTime night{2026, 11, 24, 0, 59, 9};
+    EXPECT_EQ(timestamp(night, true), "2026-11-24 00:59:09");
+    EXPECT_EQ(timestamp(night, false), "#20261124005909");
+    EXPECT_EQ(timestamp({7, 1, 1, 1, 1, 1}, true), "   7-01-01 01:01:01");
+    EXPECT_EQ(timestamp({65535, 65535, 65535, 65535, 65535, 65535}, true),
+              "65535-65535-65535 65535:65535:65");
 }

@@ -35,20 +35,8 @@ TEST(SetupParameters, HoldEveryDecision) {
     EXPECT_EQ(setupParameters(catalogue, {}, longest + 'f').size(), 2048u);
 }
 
-TEST(SetupParameters, ADemonstrationTakesThePlaceOfItsProduct) {
-    CProductData catalogue;
-    std::string code = "07", name;
-    int number = 7;
-    EXPECT_TRUE(switchToDemonstration(catalogue, code, name, number));
-    EXPECT_EQ(code + ' ' + name, "0u " + catalogue.ProductNames.at("0u"));
-    EXPECT_EQ(number, 26);
-    EXPECT_FALSE(switchToDemonstration(catalogue, code, name, number));
-    EXPECT_EQ(programFolderName(catalogue, {code, number, demonstration, "", "", false}),
-              name + " 16.4.10002.0");
-}
-
-TEST(SetupParameters, TheProgramFolderIsNumberedFromTwo) {
-    constexpr int classic = 4, lowEnergy = 55, nearField = 56;
+TEST(SetupParameters, TheProgramFolderIsNumberedAsFarAsItFits) {
+    constexpr int classic = 4, lowEnergy = 55;
     const std::string longName(300, 'n'), longFolder = "Halvick " + longName;
     const struct {
         int product;
@@ -56,11 +44,9 @@ TEST(SetupParameters, TheProgramFolderIsNumberedFromTwo) {
         std::vector<std::string> taken;
         std::string folder;
     } rows[] = {
-        {classic, "X", {}, "Halvick X"},
         {classic, "X", {"halvick x", "Halvick X 2"}, "Halvick X 3"},
         {classic, "X", {"Halvick X 2"}, "Halvick X"},
         {lowEnergy, "X", {"X", "Halvick X"}, "X 2"},
-        {nearField, "X", {}, "X"},
         {classic, longName, {}, longFolder},
         // The number no longer fits: the search ends all the same.
         {classic, longName, {longFolder, longFolder.substr(0, 260)}, longFolder.substr(0, 260)}};

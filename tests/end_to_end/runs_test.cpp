@@ -1,4 +1,4 @@
-// The command line, the release of Windows, the choice and the hand-over.
+// The command line, the release of Windows, the choice and the launch of the setup utility.
 #include <gtest/gtest.h>
 
 #include "catalogue/cipher.h"
@@ -10,30 +10,34 @@ TEST(CommandLine, EveryFailureIsShownAndEndsTheRun) {
     const std::string setupUtility = media + "Setup.Exe", missing = "C:\\" + std::string(397, 'x');
     const struct {
         std::string arguments, text, icon = "error";
-    } table[] = {
-        {"", "Invalid command line.", "warning"},
-        {"-DIR C:\\ -b\xE4h x", "\n\nInvalid argument: -b\xE4h\n"},
-        {"-dir C:\\absent -dirs x", "\n\nError accessing \"C:\\absent\"."},
-        {"-dir \\\\absent\\share", "\n\nError accessing \"\\\\absent\\share\"."},
-        {"-dir " + missing, "\n\nError accessing \"" + missing + "\"."},
-        // The folders that it would match are there.
-        {"-dir \"" + scratch + "med*\"", "\n\nError accessing \"" + scratch + "med*\"."},
-        {"-dir ..\\med?a", "\n\nError accessing \"..\\med?a\"."},
-        {"-dir \"" + setupUtility + '"', "\n\n\"" + setupUtility + "\" is not a directory."},
-        {"-installdir X -INSTALLDIR Z", "\n\nMissing directory argument."}};
+    } table[] = {{"", "Invalid command line.", "warning"},
+                 {"-dir", "Invalid command line.", "warning"},
+                 {"-DIR C:\\ -b\xE4h x", "\n\nInvalid argument: -b\xE4h\n"},
+                 {"-dir C:\\ -dirs", "\n\nInvalid argument: -dirs\n"},
+                 {"-dir C:\\ -installdir", "\n\nInvalid argument: Directory missing.\n"},
+                 {"-installdir C:\\ -dir", "\n\nInvalid argument: Directory missing.\n"},
+                 {"-dir C:\\absent -dirs x", "\n\nError accessing \"C:\\absent\"."},
+                 {"-dir -dir", "\n\nError accessing \"-dir\"."},
+                 {"-dir \\\\absent\\share", "\n\nError accessing \"\\\\absent\\share\"."},
+                 {"-dir " + missing, "\n\nError accessing \"" + missing + "\"."},
+                 // The folders that it would match are there.
+                 {"-dir \"" + scratch + "med*\"", "\n\nError accessing \"" + scratch + "med*\"."},
+                 {"-dir \"" + setupUtility + "\" -dir C:\\absent",
+                  "\n\n\"" + setupUtility + "\" is not a directory."},
+                 {"-installdir X -INSTALLDIR Z", "\n\nMissing directory argument."}};
     for (const auto& row : table) {
         play({"04: " + row.arguments, {box(row.text, row.icon)}, {}, row.arguments});
     }
 }
 
-TEST(CommandLine, SourceDirectoriesAreHandedOverAsTheyAre) {
+TEST(CommandLine, SourceDirectoriesArePassedOnAsTheyAre) {
     // With it the setup utility's path is as long as the shell takes, 259 characters; 258 on
     // ReactOS.
     const std::size_t length = stageSystem() == System::ReactOs ? 248 : 249;
     const std::string longest = scratch + std::string(length - scratch.size(), 'm') + '\\';
     const std::string umlauts = scratch + "\xC4hnlich \xDF`\\";
     const struct {
-        std::string folder, arguments, handedOver;
+        std::string folder, arguments, passedOn;
         Where where = Where::Everywhere;
     } table[] = {{media, "-installdir X -dir C:\\ -DIR \"" + media + "\\\"", media},
                  {umlauts, "-dir \"" + umlauts + "\\\"", umlauts},
@@ -43,10 +47,10 @@ TEST(CommandLine, SourceDirectoriesAreHandedOverAsTheyAre) {
                  {media, "-dir \"\\\\?\\" + media + "\\\"", "\\\\?\\" + media, Where::OnWindows}};
     for (const auto& row : table) {
         Step started = setup("0q", "Halvick Tavlink Universal Analyzer", "LIVE", "x86",
-                             defaultBuild, row.handedOver);
+                             defaultBuild, row.passedOn);
         // A program knows its own path in full; Wine leaves a long path's prefix out.
-        if (!row.handedOver.starts_with("\\\\?\\") || stageSystem() == System::Wine) {
-            started.seen.replace(1, row.handedOver.size(), row.folder);
+        if (!row.passedOn.starts_with("\\\\?\\") || stageSystem() == System::Wine) {
+            started.seen.replace(1, row.passedOn.size(), row.folder);
         }
         play({"0q: " + row.arguments,
               {chooseLive, started},
@@ -86,7 +90,7 @@ Step dialogOf(const std::string& product, const std::string& choices,
             actions};
 }
 
-TEST(HandOver, FollowsTheChoice) {
+TEST(SetupLaunch, FollowsTheChoice) {
     const std::string classic = "Halvick Tavlink Classic ", setupUtility = media + "Setup.Exe";
     const std::string enter = "key 13", escape = "key 27", help = "key 112";
     play({{"04: live at once",
@@ -113,7 +117,7 @@ TEST(HandOver, FollowsTheChoice) {
 }
 
 // As a script of the field might.
-TEST(HandOver, ForbidsADemonstrationThatThereIsNot) {
+TEST(SetupLaunch, ForbidsADemonstrationThatThereIsNot) {
     if (stageSystem() == System::ReactOs) {
         GTEST_SKIP() << "a click on a hidden choice never ends there: the button looks for itself "
                         "among the visible ones";
@@ -130,24 +134,24 @@ TEST(HandOver, ForbidsADemonstrationThatThereIsNot) {
               {"0q: a choice that is not offered", {choose("Demonstration"), refusal}})});
 }
 
-TEST(HandOver, TakesTheBuildFromTheProductDataBesideTheProgram) {
+TEST(SetupLaunch, TakesTheBuildFromTheProductDataBesideTheProgram) {
     const std::string text = "[Version Number]\r\nVersion Number=16.4.12000.0\r\n";
     std::string damaged = encipher(text);
     damaged[damaged.size() / 2] ^= 1;
     const std::string plain = scratch + "ProductData.ini", enciphered = scratch + "ProductData.inx";
-    const auto handsOver = [](const std::string& build) {
+    const auto launches = [](const std::string& build) {
         return std::vector<Step>{
             dialogOf("Tavlink Classic Analyzer", all, {"Install"}, build),
             setup("04", "Halvick Tavlink Classic Analyzer " + build, "LIVE", "x86", build)};
     };
     play({{"04: plain",
-           handsOver("16.4.12000.0"),
+           launches("16.4.12000.0"),
            {file(plain, std::string(1'000'000, '\n') + text)}},
           {"04: enciphered before plain",
-           handsOver("16.4.12000.0"),
+           launches("16.4.12000.0"),
            {file(plain), file(enciphered, encipher(text))}},
           {"04: damaged before plain",
-           handsOver(defaultBuild),
+           launches(defaultBuild),
            {file(plain, text), file(enciphered, damaged)}}});
 }
 
