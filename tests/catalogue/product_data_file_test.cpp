@@ -22,11 +22,9 @@ TEST(ProductDataFile, IsPlainOrEncipheredAndHasCommentLines) {
          {{" ;a\n;\n\nb", false}, " ;a\n\nb"},
          {{";a", false}, ""},
          {{"a\n;b", false}, "a"},
-         {{"\n", false}, ""},
          {{"", false}, ""},
          {{encipher(";c\r\na=1\r\n"), true}, "a=1\r"},
          {{"a=1", true}, "Cannot load product data - The text is not enciphered."},
-         {{std::nullopt, true}, "Cannot load product data - The file cannot be read."},
          {{std::nullopt, false}, "Cannot load product data - The file cannot be read."}},
         [](const std::optional<std::string>& content, bool enciphered) {
             std::string text, error;
@@ -45,9 +43,7 @@ TEST(ProductDataFile, HasItsVersionSectionRead) {
           "16.4.1\nOther=2|Version Number=16.4.1\nOther=2|"},
          {"[Version Number]\r\na=1\r\nb= 2\nc=3\n", " 2\nc=3|a=1|b= 2\nc=3|"},
          {"[Version Number]\r\na=1\r\na=2\r\nA=3", "A=3|a=1|"},
-         {"[Version Number]\r\na=1[2\r\nb=3", "a=1|"},
          {"[Version Number]\r\na=1\r\n[Other]\r\nb=2\r\n[Version Number]\r\nc=3", "a=1|"},
-         {"[Version Number]\r\na=\r\nb", "a=|"},
          {"[Version Number]=", "=|"},
          {"[Version Number]a=1\rb=2\rc=", "a=1|b=2|c=|"},
          {"[Version Number]\r\nno value", ""},

@@ -7,19 +7,15 @@
 using namespace std::string_literals;
 
 TEST(DriverInstallation, TakesWholePackagesForTheSystem) {
-    namespace code = operating_system_code;
-    constexpr int xp = code::windowsXp, unknown = code::unknownNewer, none = code::notRecognised;
-    expectRows<std::tuple<DriverPackage, int>, bool>(
-        {{{{true, {xp, 23}, "a", "t"}, xp}, true},
-         {{{false, {xp, 23}, "a", "t"}, 23}, true},
-         {{{true, {0, xp}, "a", "t"}, 0}, true},
-         {{{true, {xp, 23}, "a", "t"}, 10}, false},
-         {{{true, {}, "a", "t"}, xp}, false},
-         {{{true, {xp}, "", "t"}, xp}, false},
-         {{{true, {xp}, "a", ""}, xp}, false},
-         {{{true, {unknown}, "a", "t"}, unknown}, false},
-         {{{true, {none}, "a", "t"}, none}, false}},
-        appliesTo);
+    using namespace operating_system_code;
+    const DriverPackage whole{true, {windowsXp, unknownNewer, notRecognised}, "archive", "folder"};
+    EXPECT_TRUE(appliesTo(whole, windowsXp));
+    for (const int release : {windowsXpX64, unknownNewer, notRecognised}) {
+        EXPECT_FALSE(appliesTo(whole, release)) << release;
+    }
+    DriverPackage withoutArchive = whole, withoutFolder = whole;
+    withoutArchive.archive = withoutFolder.targetFolder = "";
+    EXPECT_FALSE(appliesTo(withoutArchive, windowsXp) || appliesTo(withoutFolder, windowsXp));
 }
 
 TEST(DriverInstallation, UnpacksIntoTheFolderWithTheKey) {
