@@ -17,19 +17,18 @@ struct Id {
         EXPECT_TRUE(CreateWellKnownSid(type, nullptr, bytes, &size));
     }
     BYTE bytes[SECURITY_MAX_SID_SIZE];
-} administrators(WinBuiltinAdministratorsSid), users(WinBuiltinUsersSid), everyone(WinWorldSid),
-    powerUsers(WinBuiltinPowerUsersSid), guests(WinBuiltinGuestsSid);
+} administrators(WinBuiltinAdministratorsSid), users(WinBuiltinUsersSid),
+    powerUsers(WinBuiltinPowerUsersSid);
 
 // As administrator counts who is in the group in any way: enabled, not enabled, for denial only.
 TEST(Administrator, IsWhoseGroupsHoldTheGroup) {
     using Groups = std::vector<SID_AND_ATTRIBUTES>;
     expectRows<Groups, bool>(
         {{{}, false},
-         {{{users.bytes, SE_GROUP_ENABLED}, {everyone.bytes, SE_GROUP_ENABLED}}, false},
-         {{{powerUsers.bytes, SE_GROUP_ENABLED}, {guests.bytes, SE_GROUP_ENABLED}}, false},
+         {{{users.bytes, SE_GROUP_ENABLED}, {powerUsers.bytes, SE_GROUP_ENABLED}}, false},
          {{{users.bytes, 0}, {administrators.bytes, SE_GROUP_ENABLED}}, true},
          {{{administrators.bytes, 0}, {users.bytes, SE_GROUP_ENABLED}}, true},
-         {{{everyone.bytes, 0}, {administrators.bytes, SE_GROUP_USE_FOR_DENY_ONLY}}, true}},
+         {{{users.bytes, 0}, {administrators.bytes, SE_GROUP_USE_FOR_DENY_ONLY}}, true}},
         [](const Groups& groups) {
             // Behind the end stands the administrators' group.
             std::vector<char> list(sizeof(TOKEN_GROUPS) +

@@ -1,3 +1,5 @@
+#include <windows.h>
+
 #include <cstdint>
 #include <map>
 #include <string>
@@ -20,6 +22,12 @@ const std::map<std::string, std::vector<int>> table = {{"one", {1}}, {"two", {1,
     }
 }
 
+/// Tells by the exit code that an exception came first.
+LONG WINAPI endOtherwise(EXCEPTION_POINTERS* raised) {
+    TerminateProcess(GetCurrentProcess(), raised->ExceptionRecord->ExceptionCode + 1);
+    return EXCEPTION_CONTINUE_SEARCH;
+}
+
 const std::string& builtOnce() {
     static const std::string text = "two";
     return text;
@@ -30,13 +38,16 @@ const std::string& builtOnce() {
 /// Exit code 0 when the guard's value has been drawn and never changed, 1 otherwise.
 int main(int count, char** arguments) {
     const std::string way = count > 1 ? arguments[1] : "";
+    if (way == "raise") {
+        SetUnhandledExceptionFilter(endOtherwise);
+    }
     if (way == "overflow") {
         overflow(64);
     } else if (way == "range") {
         return table.at("three").at(0);
     } else if (way == "length") {
         return std::string(SIZE_MAX / 2 + static_cast<std::size_t>(count), 'x').find('y') != 0;
-    } else if (way == "memory") {
+    } else if (way == "memory" || way == "raise") {
         // Nothing is written to it: an address space is exhausted, not a machine.
         for (;;) {
             [[maybe_unused]] volatile char* volatile room = new char[SIZE_MAX >> 6];

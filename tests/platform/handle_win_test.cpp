@@ -7,11 +7,7 @@ namespace {
 int closed = 0;
 
 struct CountClose {
-    BOOL operator()(HANDLE) const {
-        ++closed;
-        SetLastError(ERROR_INVALID_HANDLE);
-        return TRUE;
-    }
+    BOOL operator()(HANDLE) const { return SetLastError(static_cast<DWORD>(++closed)), TRUE; }
 };
 using CountedHandle = UniqueHandle<HANDLE, CountClose>;
 

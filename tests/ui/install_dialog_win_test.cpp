@@ -2,6 +2,7 @@
 
 #include <gtest/gtest.h>
 
+#include <map>
 #include <vector>
 
 #include "tests/framework/modal_driver_win.h"
@@ -99,49 +100,38 @@ TEST(InstallDialog, TakesKeysTypedAhead) {
 }
 
 // For a prompt that needs the room the dialog and the prompt grow, the other controls move down.
-TEST(InstallDialog, HasItsPlacesAndGrowsForItsPrompt) {
-    const struct {
-        int id;
-        RECT place;  // left, top, width, height in dialog units
-    } controls[] = {{IDC_LIVE_PRODUCT, {88, 25, 59, 10}},
-                    {IDC_FILE_VIEWER, {88, 41, 59, 10}},
-                    {IDC_DEMONSTRATION, {88, 57, 59, 10}},
-                    {IDOK, {34, 73, 50, 14}},
-                    {IDCANCEL, {93, 73, 50, 14}},
-                    {57670, {152, 73, 50, 14}},
-                    {4001, {6, 5, 223, 14}}};
+TEST(InstallDialog, GrowsForItsPrompt) {
     CInstallDlg dialog("Sample");
     dialog.SetPrompt("Short");
     driveModal([&] { return dialog.DoModal(); },
                [&](HWND window) {
                    const HWND prompt = GetDlgItem(window, IDC_INSTALL_PROMPT);
-                   RECT units{0, 14, 236, 94};
-                   MapDialogRect(window, &units);
+                   std::map<HWND, RECT> places = {{window, area(window)}};
+                   for (HWND child = GetWindow(window, GW_CHILD); child != nullptr;
+                        child = GetWindow(child, GW_HWNDNEXT)) {
+                       places[child] = area(child);
+                   }
                    const auto expectGrown = [&](int growth) {
-                       for (const auto& [id, place] : controls) {
-                           RECT expected = place;
-                           MapDialogRect(window, &expected);
-                           (id == 4001 ? expected.bottom : expected.top) += growth;
-                           const RECT actual = area(GetDlgItem(window, id));
-                           EXPECT_TRUE(EqualRect(&actual, &expected)) << id << " by " << growth;
+                       for (auto [each, expected] : places) {
+                           const bool grows = each == window || each == prompt;
+                           (grows ? expected.bottom : expected.top) += growth;
+                           const RECT actual = area(each);
+                           EXPECT_TRUE(EqualRect(&actual, &expected))
+                               << GetDlgCtrlID(each) << " by " << growth;
                        }
-                       RECT client;
-                       GetClientRect(window, &client);
-                       EXPECT_EQ(client.right, units.right);
-                       EXPECT_EQ(client.bottom, units.bottom + growth);
                    };
-                   expectGrown(0);
                    EXPECT_EQ(SendMessageA(GetDlgItem(window, IDC_LIVE_PRODUCT), BM_GETCHECK, 0, 0),
                              BST_CHECKED);
+                   const int height = area(prompt).bottom;
                    // Wider than the prompt's control, and by how many widths.
                    const std::string wide(120, 'W');
                    const SIZE line = extent(prompt, wide);
                    dialog.SetPrompt(wide);
                    const int lines = 1 + line.cx / area(prompt).right;
                    EXPECT_GT(lines, 2);
-                   expectGrown(lines * line.cy - units.top + 4);
+                   expectGrown(lines * line.cy - height + 4);
                    dialog.SetPrompt(wide + "\r\n2\r\n3\r\n4\r\n5\r\n6\r\n7\r\n8");
-                   const int grown = (lines + 7) * line.cy - units.top + 4;
+                   const int grown = (lines + 7) * line.cy - height + 4;
                    expectGrown(grown);
                    dialog.SetPrompt("Short");
                    expectGrown(grown);
