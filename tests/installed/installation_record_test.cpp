@@ -1,27 +1,21 @@
 #include "installed/installation_record.h"
 
-#include "tests/installed/sample_record.h"
+#include "tests/installed/described_tree.h"
 #include "tests/rows.h"
 
 TEST(InstallationRecord, IsValidWithTheRequiredFieldsAndOnePlace) {
     EXPECT_TRUE(isValid(sampleRecord()));
-    expectRows<std::tuple<std::string, std::string>, bool>(
-        {{{"Product Id", ""}, false},
-         {{"Product Name", ""}, false},
-         {{"Program Folder", ""}, false},
-         {{"Seinda", ""}, false},
-         {{"Temp Reference", ""}, false},
-         {{"Installation Path", ""}, false},
-         {{"Path", "C:\\Old"}, false},
-         {{"Version", ""}, true}},
-        [](const std::string& field, const std::string& text) {
-            InstallationRecord record = sampleRecord();
-            record.fields[field] = text;
-            return isValid(record);
-        });
-    InstallationRecord old = sampleRecord();
-    old.fields["Path"].swap(old.fields["Installation Path"]);
-    EXPECT_TRUE(isValid(old));
+    for (const char* required : {"Product Id", "Product Name", "Program Folder", "Seinda",
+                                 "Temp Reference", "Installation Path"}) {
+        InstallationRecord record = sampleRecord();
+        record.fields[required] = "";
+        EXPECT_FALSE(isValid(record)) << "without " << required;
+    }
+    InstallationRecord record = sampleRecord();
+    record.fields["Path"] = "C:\\Old";
+    EXPECT_FALSE(isValid(record)) << "with two places";
+    record.fields["Installation Path"] = "";
+    EXPECT_TRUE(isValid(record)) << "with the old place";
 }
 
 TEST(InstallationRecord, KeepsValuesThatAreNoFieldsApart) {
