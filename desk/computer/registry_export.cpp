@@ -2,8 +2,6 @@
 
 #include <algorithm>
 #include <charconv>
-#include <optional>
-#include <utility>
 
 #include "desk/western_text.h"
 #include "platform/ansi_text.h"
@@ -29,210 +27,184 @@ std::string decoded(std::string_view content) {
     return std::string(content);
 }
 
+std::string_view trimmed(std::string_view text) {
+    const std::size_t start = std::min(text.find_first_not_of(" \t"), text.size());
+    return text.substr(start, text.find_last_not_of(" \t") + 1 - start);
+}
+
+/// False when the text is anything else than a number that fits.
+template <class Number>
+bool readHexadecimal(std::string_view text, Number& number) {
+    const char* const end = text.data() + text.size();
+    const auto [stop, error] = std::from_chars(text.data(), end, number, 16);
+    return error == std::errc() && stop == end;
+}
+
+/// Bytes with commas between them, of which one may stand at the end.
+bool readBytes(std::string_view list, std::string& bytes) {
+    list = trimmed(list);
+    while (!list.empty()) {
+        const std::size_t comma = std::min(list.find(','), list.size());
+        std::uint8_t byte = 0;
+        if (!readHexadecimal(trimmed(list.substr(0, comma)), byte)) {
+            return false;
+        }
+        bytes += static_cast<char>(byte);
+        list.remove_prefix(std::min(comma + 1, list.size()));
+    }
+    return true;
+}
+
+/// Reads keys and values, each from the beginning of its line into the last line that belongs to
+/// it.
 class Reader {
   public:
-    Reader(std::string_view text, bool wide, RegistryKeys& keys, std::vector<std::string>& problems)
-        : rest(text), wideData(wide), keys(keys), problems(problems) {}
+    Reader(std::string_view text, RegistryKeys& keys, std::vector<std::string>& problems)
+        : text(text), rest(text), keys(keys), problems(problems) {}
 
     void readAll() {
         takeLine();  // the header
-        while (!rest.empty()) {
-            readLine();
+        for (; !rest.empty(); takeLine()) {
+            const auto start = text.end() - static_cast<std::ptrdiff_t>(rest.size());
+            const bool isValue = rest.front() == '"' || rest.front() == '@';
+            if (!(isValue ? readValue() : readKey()) && problems.size() < mostProblems) {
+                const auto number = std::count(text.begin(), start, '\n') + 1;
+                problems.push_back("line " + std::to_string(number) + " is not understood");
+            }
         }
     }
 
   private:
-    std::string_view takeLine() {
-        ++lineNumber;
-        const std::size_t end = rest.find('\n');
-        std::string_view line = rest.substr(0, end);
-        rest = end == std::string_view::npos ? std::string_view() : rest.substr(end + 1);
-        if (line.ends_with('\r')) {
-            line.remove_suffix(1);
-        }
-        return line;
+    /// The rest of the line, without its end.
+    [[nodiscard]] std::string_view line() const {
+        const std::string_view line = rest.substr(0, rest.find('\n'));
+        return line.substr(0, line.size() - (line.ends_with('\r') ? 1 : 0));
     }
 
-    void readLine() {
-        const std::size_t number = lineNumber + 1;
-        const bool understood =
-            rest.front() == '"' || rest.front() == '@' ? readValue() : readKey();
-        if (!understood && problems.size() < mostProblems) {
-            problems.push_back("line " + std::to_string(number) + " is not understood");
-        }
-    }
+    void takeLine() { rest.remove_prefix(std::min(rest.find('\n'), rest.size() - 1) + 1); }
 
-    /// A key's line; blank lines and comments too.
+    /// Blank lines and comments too.
     bool readKey() {
-        std::string_view line = takeLine();
-        while (line.ends_with(' ') || line.ends_with('\t')) {
-            line.remove_suffix(1);
-        }
-        if (line.empty() || line.front() == ';') {
+        std::string_view path = line().substr(0, line().find_last_not_of(" \t") + 1);
+        if (path.empty() || path.front() == ';') {
             return true;
         }
         values = nullptr;
-        if (!line.starts_with('[') || !line.ends_with(']') || line.size() > longestPath) {
+        if (!path.starts_with('[') || !path.ends_with(']') || path.size() > longestPath) {
             return false;
         }
-        line = line.substr(1, line.size() - 2);
-        const bool removes = line.starts_with('-');
-        line.remove_prefix(removes ? 1 : 0);
-        if (line.size() <= localMachine.size() ||
-            !equalIgnoringCase(line.substr(0, localMachine.size()), localMachine)) {
+        path = path.substr(1, path.size() - 2);
+        const bool removes = path.starts_with('-');
+        path.remove_prefix(removes ? 1 : 0);
+        if (path.size() <= localMachine.size() ||
+            !equalIgnoringCase(path.substr(0, localMachine.size()), localMachine)) {
             return true;  // a key of another root
         }
-        const std::string path(line.substr(localMachine.size()));
-        if (removes) {
-            const auto first = keys.lower_bound(path);
-            auto last = first;
-            while (last != keys.end() &&
-                   (equalIgnoringCase(last->first, path) || isBelow(last->first, path))) {
-                ++last;
-            }
-            keys.erase(first, last);
-        } else {
-            values = &keys[path];
+        path.remove_prefix(localMachine.size());
+        if (!removes) {
+            values = &keys[std::string(path)];
+            return true;
         }
+        const auto first = keys.lower_bound(path);
+        keys.erase(first, std::find_if(first, keys.end(), [path](const auto& key) {
+                       return !equalIgnoringCase(key.first, path) && !isBelow(key.first, path);
+                   }));
         return true;
     }
 
-    /// A value's lines. Texts in quotes and lists of bytes go over several.
+    /// Texts in quotes and lists of bytes go over several lines.
     bool readValue() {
-        std::string name;
+        RegistryValue value;
         if (rest.front() == '@') {
             rest.remove_prefix(1);
-        } else if (!takeQuoted(name)) {
+        } else if (!takeQuoted(value.name)) {
             return false;
         }
         if (!rest.starts_with('=')) {
-            takeLine();
             return false;
         }
         rest.remove_prefix(1);
         if (rest.starts_with('"')) {
-            std::string text;
-            const bool whole = takeQuoted(text);
-            takeLine();
-            if (whole) {
-                keep(registryText(name, text));
+            std::string content;
+            if (!takeQuoted(content)) {
+                return false;
             }
-            return whole;
-        }
-        std::string data(takeLine());
-        while (data.ends_with('\\') && !rest.empty()) {
-            data.pop_back();
-            data += takeLine();
-        }
-        if (data == "-") {
-            if (values != nullptr) {
-                values->remove(name);
+            value = registryText(value.name, content);
+        } else {
+            std::string data(line());
+            while (data.ends_with('\\') && rest.find('\n') < rest.size() - 1) {
+                takeLine();
+                data.pop_back();
+                data += line();
             }
-            return true;
+            if (data == "-") {
+                if (values != nullptr) {
+                    values->remove(value.name);
+                }
+                return true;
+            }
+            if (!readData(data, value)) {
+                return false;
+            }
         }
-        std::optional<RegistryValue> value = valueOf(std::move(name), data);
-        if (value) {
-            keep(std::move(*value));
-        }
-        return value.has_value();
-    }
-
-    void keep(RegistryValue value) {
         if (values != nullptr) {
             values->set(std::move(value));
         }
+        return true;
     }
 
-    /// A text in quotes at the front of the rest, and what it stands for. False, with the line
+    /// A text in quotes at the front of the rest, and what it stands for. False, with nothing
     /// taken, when it does not end.
-    bool takeQuoted(std::string& text) {
+    bool takeQuoted(std::string& content) {
         for (std::size_t index = 1; index < rest.size(); ++index) {
             if (rest[index] == '"') {
-                lineNumber += static_cast<std::size_t>(std::count(
-                    rest.begin(), rest.begin() + static_cast<std::ptrdiff_t>(index), '\n'));
                 rest.remove_prefix(index + 1);
                 return true;
             }
             if (rest[index] == '\\' && index + 1 < rest.size()) {
                 ++index;
             }
-            text += rest[index];
+            content += rest[index];
         }
-        text.clear();
-        takeLine();
         return false;
     }
 
-    [[nodiscard]] std::optional<RegistryValue> valueOf(std::string name,
-                                                       std::string_view data) const {
-        RegistryValue value{std::move(name), registryTypeBinary, ""};
-        if (data.starts_with("dword:")) {
+    /// "dword:", "hex:" or "hex(type):" and what follows.
+    bool readData(std::string_view data, RegistryValue& value) const {
+        const std::size_t colon = std::min(data.find(':'), data.size());
+        const std::string_view type = data.substr(0, colon);
+        if (colon == data.size()) {
+            return false;
+        }
+        data.remove_prefix(colon + 1);
+        if (type == "dword") {
             std::uint32_t number = 0;
-            const char* const end = data.data() + data.size();
-            const auto [stop, error] = std::from_chars(data.data() + 6, end, number, 16);
-            if (error != std::errc() || stop != end) {
-                return std::nullopt;
-            }
             value.type = registryTypeNumber;
+            const bool isRead = readHexadecimal(data, number);
             for (int shift = 0; shift < 32; shift += 8) {
                 value.data += static_cast<char>(number >> shift);
             }
-            return value;
+            return isRead;
         }
-        const std::size_t colon = data.find(':');
-        if (!data.starts_with("hex") || colon == std::string_view::npos) {
-            return std::nullopt;
+        value.type = registryTypeBinary;
+        const bool isTyped = type.starts_with("hex(") && type.ends_with(')');
+        if (isTyped ? !readHexadecimal(type.substr(4, type.size() - 5), value.type)
+                    : type != "hex") {
+            return false;
         }
-        if (colon != 3) {
-            const std::string_view type = data.substr(3, colon - 3);
-            const char* const end = type.data() + type.size() - 1;
-            if (type.size() < 3 || type.front() != '(' || type.back() != ')') {
-                return std::nullopt;
-            }
-            const auto [stop, error] = std::from_chars(type.data() + 1, end, value.type, 16);
-            if (error != std::errc() || stop != end) {
-                return std::nullopt;
-            }
-        }
-        if (!readBytes(data.substr(colon + 1), value.data)) {
-            return std::nullopt;
-        }
-        if (wideData && (isStringType(value.type) || value.type == registryTypeTexts)) {
+        const bool isRead = readBytes(data, value.data);
+        const bool isText = isStringType(value.type) || value.type == registryTypeTexts;
+        if (isText && !text.starts_with(olderHeader)) {
             value.data = fromUtf16(value.data);
         }
-        return value;
+        return isRead;
     }
 
-    static bool readBytes(std::string_view list, std::string& bytes) {
-        const char* position = list.data();
-        const char* const end = position + list.size();
-        const auto skipBlanks = [&] {
-            while (position != end && (*position == ' ' || *position == '\t')) {
-                ++position;
-            }
-        };
-        for (skipBlanks(); position != end; skipBlanks()) {
-            std::uint8_t byte = 0;
-            const auto [stop, error] = std::from_chars(position, end, byte, 16);
-            if (error != std::errc()) {
-                return false;
-            }
-            bytes += static_cast<char>(byte);
-            position = stop;
-            skipBlanks();
-            if (position != end && *position++ != ',') {
-                return false;
-            }
-        }
-        return true;
-    }
-
+    const std::string_view text;
     std::string_view rest;
-    const bool wideData;  ///< bytes of texts are UTF-16
     RegistryKeys& keys;
     std::vector<std::string>& problems;
     RegistryValues* values = nullptr;  ///< of the current key; null: passed over
-    std::size_t lineNumber = 0;        ///< of the line taken last
 };
 
 }  // namespace
@@ -244,6 +216,5 @@ bool isRegistryExport(std::string_view content) {
 
 void readRegistryExport(std::string_view content, RegistryKeys& keys,
                         std::vector<std::string>& problems) {
-    const std::string text = decoded(content);
-    Reader(text, !text.starts_with(olderHeader), keys, problems).readAll();
+    Reader(decoded(content), keys, problems).readAll();
 }
