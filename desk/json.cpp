@@ -1,16 +1,12 @@
 #include "desk/json.h"
 
-#include <algorithm>
-#include <nlohmann/json.hpp>
-
-#include "desk/refusal.h"
 #include "desk/whole_file.h"
 
 Json readJson(const std::string& file) {
     try {
         return Json::parse(readInput(file), nullptr, true, true);
     } catch (const Json::parse_error& error) {
-        throw Refusal("\"" + file + "\" is no JSON: " + reasonOf(error) + '.');
+        throw Refusal(inQuotes(file) + " is no JSON: " + reasonOf(error) + '.');
     }
 }
 
@@ -23,22 +19,4 @@ std::string reasonOf(const std::exception& error) {
         }
     }
     return reason;
-}
-
-const Json& member(const Json& object, std::string_view name) {
-    static const Json none;
-    const auto found = object.find(name);
-    return found == object.end() ? none : *found;
-}
-
-void requireMembers(const Json& value, const std::string& what,
-                    std::initializer_list<std::string_view> names) {
-    if (!value.is_object()) {
-        throw Refusal(what + " is no object");
-    }
-    for (const auto& [name, ignored] : value.items()) {
-        if (std::find(names.begin(), names.end(), name) == names.end()) {
-            throw Refusal("\"" + name + "\" is not known in " + what);
-        }
-    }
 }

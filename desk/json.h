@@ -1,11 +1,10 @@
-// The documents that the desk reads and prints; docs/formats.md describes them. Whoever makes or
-// takes one apart includes <nlohmann/json.hpp> as well, which takes the compiler seconds.
+// The documents that the desk reads and prints; docs/formats.md describes them.
 #pragma once
 
-#include <initializer_list>
-#include <nlohmann/json_fwd.hpp>
+#include <nlohmann/json.hpp>
 #include <string>
-#include <string_view>
+
+#include "desk/refusal.h"
 
 /// Members keep the order in which they were put in.
 using Json = nlohmann::ordered_json;
@@ -16,10 +15,3 @@ using Json = nlohmann::ordered_json;
 
 /// What an exception says, without the library's own prefix.
 [[nodiscard]] std::string reasonOf(const std::exception& error);
-
-/// The member of an object; null where there is none.
-[[nodiscard]] const Json& member(const Json& object, std::string_view name);
-
-/// Throws Refusal unless `value` is an object whose members all have one of these names.
-void requireMembers(const Json& value, const std::string& what,
-                    std::initializer_list<std::string_view> names);

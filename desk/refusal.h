@@ -1,10 +1,26 @@
-// How the release engineer's desk turns down what it was given.
+// How the release engineer's desk turns down what it was given, and names things in its messages.
 #pragma once
 
 #include <stdexcept>
+#include <string>
 
 /// Thrown when what a command was given is wrong: names the file, what is wrong and what to do.
 /// The program prints it and ends with exitWrong.
 class Refusal : public std::runtime_error {
     using std::runtime_error::runtime_error;
 };
+
+/// A text or path as messages name it.
+[[nodiscard]] inline std::string inQuotes(const std::string& text) {
+    return '"' + text + '"';
+}
+
+/// The texts with commas between them.
+template <class Texts>
+[[nodiscard]] std::string joined(const Texts& texts) {
+    std::string all;
+    for (const std::string& text : texts) {
+        all += (all.empty() ? "" : ", ") + text;
+    }
+    return all;
+}

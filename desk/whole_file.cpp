@@ -1,25 +1,45 @@
 #include "desk/whole_file.h"
 
+#include <openssl/evp.h>
+
 #include <cerrno>
-#include <filesystem>
 #include <fstream>
+#include <memory>
 #include <random>
 #include <system_error>
 
-#include "desk/refusal.h"
-
 namespace {
-
-namespace fs = std::filesystem;
 
 [[noreturn]] void refuse(const std::string& path, const std::string& what,
                          const std::string& reason) {
-    throw Refusal("\"" + path + "\" cannot be " + what + ": " + reason + '.');
+    throw Refusal(inQuotes(path) + " cannot be " + what + ": " + reason + '.');
 }
 
 std::string lastReason() {
     return std::generic_category().message(errno);
 }
+
+class Digest {
+  public:
+    Digest() { EVP_DigestInit_ex(context.get(), EVP_sha256(), nullptr); }
+    void add(std::string_view bytes) {
+        EVP_DigestUpdate(context.get(), bytes.data(), bytes.size());
+    }
+    std::string hexadecimal() {
+        unsigned char digest[32];
+        EVP_DigestFinal_ex(context.get(), digest, nullptr);
+        std::string text;
+        for (const unsigned char byte : digest) {
+            text += "0123456789abcdef"[byte >> 4];
+            text += "0123456789abcdef"[byte & 0xF];
+        }
+        return text;
+    }
+
+  private:
+    std::unique_ptr<EVP_MD_CTX, decltype(&EVP_MD_CTX_free)> context{EVP_MD_CTX_new(),
+                                                                    EVP_MD_CTX_free};
+};
 
 /// Throws Refusal when something else than an ordinary file is there: a pipe would be waited for,
 /// and renaming would take a device away.
@@ -68,6 +88,36 @@ std::optional<std::string> readWholeFile(const std::string& path) {
     }
 }
 
+FileSummary summarize(const std::string& file) {
+    FileSummary summary;
+    Digest digest;
+    readInPieces(file, [&](std::string_view piece) {
+        if (summary.size == 0) {
+            summary.head = piece;
+        }
+        summary.size += piece.size();
+        summary.wordSum += sumOfWords(piece);  // pieces are of even size
+        digest.add(piece);
+    });
+    summary.digest = digest.hexadecimal();
+    return summary;
+}
+
+std::string sha256(std::string_view bytes) {
+    Digest digest;
+    digest.add(bytes);
+    return digest.hexadecimal();
+}
+
+std::uint64_t sumOfWords(std::string_view bytes) {
+    std::uint64_t sum = 0;
+    for (std::size_t index = 0; index < bytes.size(); ++index) {
+        sum += static_cast<std::uint64_t>(static_cast<unsigned char>(bytes[index]))
+               << (index % 2 * 8);
+    }
+    return sum;
+}
+
 void writeOutput(const std::string& path, std::string_view content) {
     std::error_code failure;
     const fs::file_status existing = fs::status(path, failure);
@@ -77,7 +127,7 @@ void writeOutput(const std::string& path, std::string_view content) {
     }
     const fs::path target = fs::exists(existing) ? fs::canonical(path, failure) : fs::path(path);
     if (target.has_parent_path()) {
-        makeFolder(target.parent_path().string());
+        makeFolder(target.parent_path());
     }
     // A name of its own, so that two runs at once do not share it.
     const std::string temporary =
@@ -99,8 +149,8 @@ void writeOutput(const std::string& path, std::string_view content) {
 void refuseSameFile(const std::string& input, const std::string& output) {
     std::error_code failure;
     if (fs::equivalent(input, output, failure)) {
-        throw Refusal("\"" + output +
-                      "\" is the input, which is not overwritten; name another output.");
+        throw Refusal(inQuotes(output) +
+                      " is the input, which is not overwritten; name another output.");
     }
 }
 

@@ -1,10 +1,16 @@
 // Files, read and written as a whole.
 #pragma once
 
+#include <cstdint>
+#include <filesystem>
 #include <functional>
 #include <optional>
 #include <string>
 #include <string_view>
+
+#include "desk/refusal.h"
+
+namespace fs = std::filesystem;
 
 /// Hands on the bytes of a file in pieces of a mebibyte, the last of them smaller. Throws Refusal
 /// with the system's reason when the file cannot be read.
@@ -15,6 +21,23 @@ std::string readInput(const std::string& path);
 
 /// The same; nothing when it cannot be read.
 std::optional<std::string> readWholeFile(const std::string& path);
+
+/// What one reading of a file tells, however long it is.
+struct FileSummary {
+    std::string head;           ///< the first mebibyte
+    std::uint64_t size = 0;     ///< in bytes
+    std::uint64_t wordSum = 0;  ///< as sumOfWords
+    std::string digest;         ///< as sha256
+};
+
+/// Throws Refusal when the file cannot be read.
+[[nodiscard]] FileSummary summarize(const std::string& file);
+
+/// The SHA-256 digest of bytes, in lower-case hexadecimal.
+[[nodiscard]] std::string sha256(std::string_view bytes);
+
+/// The sum of the 16-bit words of bytes, little-endian, an odd last byte included.
+[[nodiscard]] std::uint64_t sumOfWords(std::string_view bytes);
 
 /// Replaces or makes the file with its folder, wholly or not at all: writes a temporary file beside
 /// it, then renames. A link to a file is followed. Throws Refusal with the system's reason, and

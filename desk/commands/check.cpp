@@ -1,8 +1,7 @@
 // Tells what installers will do with their media, and whether those are what was to be delivered.
 #include <CLI/CLI.hpp>
-#include <filesystem>
+#include <algorithm>
 #include <memory>
-#include <nlohmann/json.hpp>
 #include <set>
 
 #include "desk/commands/command.h"
@@ -10,18 +9,12 @@
 #include "desk/media/manifest.h"
 #include "desk/media/media_folder.h"
 #include "desk/media/media_report.h"
-#include "desk/media/media_set.h"
 #include "desk/media/product_facts.h"
 #include "desk/page/page.h"
-#include "desk/refusal.h"
-#include "desk/table.h"
 #include "desk/western_text.h"
-#include "desk/whole_file.h"
 #include "platform/ansi_text.h"
 
 namespace {
-
-namespace fs = std::filesystem;
 
 struct Choices {
     std::string installer;
@@ -51,7 +44,7 @@ std::vector<MachineDescription> describedMachines(const Choices& choices) {
 /// The runs of all products from media that hold everything.
 Json runsOfAll(const Choices& choices, const std::vector<MachineDescription>& machines) {
     Json media = Json::array();
-    for (const ProductFacts& product : allProductFacts()) {
+    for (const ProductFacts& product : productFacts()) {
         Json one = {{"productCode", product.code}, {"productName", product.name}};
         for (const MachineDescription& machine : machines) {
             one["runs"].push_back(dryRun({.identity = {product.code, product.name},
@@ -65,67 +58,73 @@ Json runsOfAll(const Choices& choices, const std::vector<MachineDescription>& ma
     return media;
 }
 
-/// What the set says otherwise of a folder in it.
-std::vector<std::string> differences(const fs::path& folder, const SetMember& member,
-                                     const Json& report) {
-    std::vector<std::string> all;
-    const std::string code = report["productCode"], build = report["build"];
-    if (!code.empty() && !equalIgnoringCase(code, folder.filename().string())) {
-        all.push_back("The installer is that of product " + code + '.');
+/// The report of a folder, with what the set says otherwise of it.
+Json reportOf(const fs::path& folder, const SetMember& member, const Choices& choices,
+              const std::vector<MachineDescription>& machines) {
+    Json report = emptyReport(folder);
+    try {
+        report = examineMedia(findInstaller(folder), folder, choices.media, machines);
+        const std::string code = report["productCode"], build = report["build"];
+        Json& problems = report["problems"];
+        if (!code.empty() && !equalIgnoringCase(code, folder.filename().string())) {
+            problems.push_back("The installer is that of product " + code + '.');
+        }
+        if (!member.build.empty() && build != member.build) {
+            problems.push_back("The build is " + build + ", and the set is made of " +
+                               member.build + '.');
+        }
+        const std::string manifest = readWholeFile(folder / manifestFile).value_or("");
+        if (!member.manifest.empty() && sha256(manifest) != member.manifest) {
+            problems.push_back(std::string(manifestFile) + " is missing or not that of the set.");
+        }
+    } catch (const Refusal& reason) {
+        report["problems"].push_back(reason.what());
     }
-    if (!member.build.empty() && build != member.build) {
-        all.push_back("The build is " + build + ", and the set is made of " + member.build + '.');
-    }
-    const std::string manifest = readWholeFile((folder / manifestFile).string()).value_or("");
-    if (!member.manifest.empty() && sha256(manifest) != member.manifest) {
-        all.push_back(std::string(manifestFile) + " is missing or not that of the set.");
-    }
-    return all;
+    report["complete"] = faultsOf(report).empty();
+    return report;
 }
 
-/// The reports of a whole set, and what is wrong with it beyond them.
-Json checkSet(const Choices& choices, const std::vector<MachineDescription>& machines) {
-    Json document = {{"media", Json::array()}, {"problems", Json::array()}};
-    MediaSet missing =
-        choices.codes.empty() ? readMediaSet(choices.release) : mediaSetOf(choices.codes);
+/// What layout listed, unless products are named, else the media of all products.
+MediaSet expectedSet(const Choices& choices) {
+    if (choices.codes.empty() && fs::exists(fs::path(choices.release) / mediaSetFile)) {
+        return readMediaSet(choices.release);
+    }
+    MediaSet set;
+    for (const ProductFacts& facts : productFacts(choices.codes)) {
+        set[folderOf(facts.code)] = {};
+    }
+    return set;
+}
+
+/// The reports of a whole set. What is wrong with it beyond them goes to `problems`.
+Json checkSet(const Choices& choices, const std::vector<MachineDescription>& machines,
+              Json& problems) {
+    Json media = Json::array();
+    MediaSet missing = expectedSet(choices);
     std::set<std::string> builds;  // of members that may be of any, if all are of the same
     for (const fs::path& folder : entriesIn(choices.release)) {
-        const std::string name = folder.filename().string();
+        const std::string name = folder.filename();
         if (name == mediaSetFile) {
             continue;
         }
         const auto member = missing.find(lowerCase(name));
         if (member == missing.end() || fs::is_symlink(folder) || !fs::is_directory(folder)) {
-            document["problems"].push_back('"' + name + "\" is no media folder of this set.");
+            problems.push_back(inQuotes(name) + " is no media folder of this set.");
             continue;
         }
-        Json report = emptyReport(folder.string());
-        try {
-            report = examineMedia(findInstaller(folder), folder, choices.media, machines);
-            if (member->second.build.empty()) {
-                builds.insert(report["build"].get<std::string>());
-            }
-            for (const std::string& difference : differences(folder, member->second, report)) {
-                report["problems"].push_back(difference);
-            }
-        } catch (const Refusal& reason) {
-            report["problems"].push_back(reason.what());
+        media.push_back(reportOf(folder, member->second, choices, machines));
+        if (member->second.build.empty() && media.back()["build"] != "") {
+            builds.insert(media.back()["build"].get<std::string>());
         }
-        concludeReport(report);
-        document["media"].push_back(std::move(report));
         missing.erase(member);
     }
     for (const auto& [code, member] : missing) {
-        document["problems"].push_back("The media of product " + code + " are missing.");
+        problems.push_back("The media of product " + code + " are missing.");
     }
     if (builds.size() > 1) {
-        document["problems"].push_back("The media are of different builds: " + joined(builds));
+        problems.push_back("The media are of different builds: " + joined(builds));
     }
-    return document;
-}
-
-bool isEach(const Json& media, bool (*holds)(const Json& report)) {
-    return std::all_of(media.begin(), media.end(), holds);
+    return media;
 }
 
 /// A line for each folder, and what is wrong with it below.
@@ -164,34 +163,32 @@ void check(const Choices& choices, Session& session) {
         throw CLI::ValidationError("check", "FOLDER, the media folder, is missing");
     }
     const std::vector<MachineDescription> machines = describedMachines(choices);
-    Json document = {{"problems", Json::array()}};
-    document["media"] = ofMedia ? Json::array({examineMedia(choices.installer, choices.folder,
-                                                            choices.media, machines)})
-                                : runsOfAll(choices, machines);
-    if (ofSet) {
-        document = checkSet(choices, machines);
-    }
-    document["complete"] =
-        document["problems"].empty() && isEach(document["media"], [](const Json& report) {
-            return report.value("complete", true);
-        });
-    document["computers"] = Json::array();
+    Json problems = Json::array(), computers = Json::array();
     for (const MachineDescription& machine : machines) {
-        document["computers"].push_back(
-            {{"name", machine.name}, {"administrator", machine.administrator}});
+        computers.push_back({{"name", machine.name}, {"administrator", machine.administrator}});
     }
+    const Json media = ofSet     ? checkSet(choices, machines, problems)
+                       : ofMedia ? Json::array({examineMedia(choices.installer, choices.folder,
+                                                             choices.media, machines)})
+                                 : runsOfAll(choices, machines);
+    const bool isComplete = problems.empty() && std::ranges::all_of(media, [](const Json& report) {
+                                return report.value("complete", true);
+                            });
+    const Json document = {{"media", media},
+                           {"problems", problems},
+                           {"complete", isComplete},
+                           {"computers", computers}};
     if (!choices.page.empty()) {
         writeOutput(choices.page, pageOf(document));
     }
     if (ofMedia) {
-        printResult(session, document["media"][0], mediaInWords(document["media"][0]));
+        printResult(session, media[0], mediaInWords(media[0]));
     } else {
         printResult(session, document, ofSet ? setInWords(document) : "");
     }
-    const bool isNoteworthy = session.strict && !isEach(document["media"], [](const Json& report) {
-                                  return report.value("warnings", Json::array()).empty();
-                              });
-    session.exitCode = document["complete"] == true && !isNoteworthy ? exitGood : exitWrong;
+    const bool isWarned = std::ranges::any_of(
+        media, [](const Json& report) { return !report.value("warnings", Json::array()).empty(); });
+    session.exitCode = isComplete && !(session.strict && isWarned) ? exitGood : exitWrong;
 }
 
 }  // namespace

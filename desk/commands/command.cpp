@@ -1,10 +1,8 @@
 #include "desk/commands/command.h"
 
 #include <CLI/CLI.hpp>
+#include <algorithm>
 #include <iostream>
-#include <nlohmann/json.hpp>
-
-#include "desk/refusal.h"
 
 CLI::App* addCommand(CLI::App& app, Session& session, const std::string& name,
                      const std::string& description) {
@@ -20,6 +18,32 @@ void addRepeated(CLI::App& command, const std::string& name, std::vector<std::st
         ->take_all()
         ->type_name(type)
         ->allow_extra_args(false);
+}
+
+std::string inColumns(const std::vector<std::vector<std::string>>& rows) {
+    std::vector<std::size_t> widths;
+    for (const auto& row : rows) {
+        widths.resize(std::max(widths.size(), row.size()));
+        for (std::size_t column = 0; row.size() > 1 && column < row.size(); ++column) {
+            widths[column] = std::max(widths[column], row[column].size());
+        }
+    }
+    std::string text;
+    for (const auto& row : rows) {
+        for (std::size_t column = 0; column < row.size(); ++column) {
+            text += row[column];
+            if (column + 1 < row.size()) {
+                text.append(widths[column] - row[column].size() + 2, ' ');
+            }
+        }
+        text.erase(text.find_last_not_of(' ') + 1);
+        text += '\n';
+    }
+    return text;
+}
+
+std::string silentMark(bool endsSilently) {
+    return endsSilently ? "(its run ends silently: nothing is installed)" : "";
 }
 
 void printResult(const Session& session, const Json& document, const std::string& words) {

@@ -30,6 +30,13 @@ CLI::App* addCommand(CLI::App& app, Session& session, const std::string& name,
 void addRepeated(CLI::App& command, const std::string& name, std::vector<std::string>& values,
                  const std::string& type, const std::string& description);
 
+/// The rows, one a line, in columns that are as wide as their widest cell (in ASCII); a row of one
+/// cell is a line of its own.
+[[nodiscard]] std::string inColumns(const std::vector<std::vector<std::string>>& rows);
+
+/// What a table says of a product whose run installs nothing; empty for the others.
+[[nodiscard]] std::string silentMark(bool endsSilently);
+
 /// Prints what a command found: the document, indented and in ASCII alone, or the same in words.
 void printResult(const Session& session, const Json& document, const std::string& words);
 

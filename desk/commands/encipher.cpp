@@ -1,13 +1,11 @@
 // Enciphers and deciphers the product-data file.
 #include <CLI/CLI.hpp>
 #include <memory>
-#include <nlohmann/json.hpp>
 
 #include "catalogue/cipher.h"
 #include "catalogue/product_data_file.h"
 #include "desk/commands/command.h"
 #include "desk/media/product_data.h"
-#include "desk/refusal.h"
 #include "desk/western_text.h"
 #include "desk/whole_file.h"
 
@@ -30,8 +28,8 @@ void encipherFile(const Files& files, const Session& session) {
     refuseSameFile(files.input, files.output);
     std::string text = readInput(files.input);
     if (text.starts_with(cipher::magic)) {
-        throw Refusal("\"" + files.input +
-                      "\" is enciphered already; \"installer-tool decipher\" makes it readable.");
+        throw Refusal(inQuotes(files.input) +
+                      " is enciphered already; \"installer-tool decipher\" makes it readable.");
     }
     if (!files.keepsLineEnds && endLinesAsWindowsDoes(text)) {
         printNote(session, files.input,
@@ -40,7 +38,7 @@ void encipherFile(const Files& files, const Session& session) {
     }
     const std::string build = buildIn(text, files.input);
     if (const std::string fault = buildFault(build); !fault.empty()) {
-        throw Refusal("\"" + files.input + "\": " + fault);
+        throw Refusal(inQuotes(files.input) + ": " + fault);
     }
     writeOutput(files.output, encipher(text));
     printResult(session, {{"output", files.output}, {"build", toUtf8(build)}}, "");
@@ -50,7 +48,7 @@ void decipherFile(const Files& files, const Session& session) {
     refuseSameFile(files.input, files.output);
     std::string text, error;
     if (!decipher(readInput(files.input), text, error)) {
-        throw Refusal("\"" + files.input + "\" cannot be deciphered: " + error +
+        throw Refusal(inQuotes(files.input) + " cannot be deciphered: " + error +
                       " Encipher the readable file anew.");
     }
     writeOutput(files.output, text);

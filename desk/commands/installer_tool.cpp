@@ -5,12 +5,10 @@
 #include <cerrno>
 #include <filesystem>
 #include <iostream>
-#include <nlohmann/json.hpp>
 #include <system_error>
 
 #include "catalogue/build_number.h"
 #include "desk/commands/command.h"
-#include "desk/refusal.h"
 #include "desk/western_text.h"
 #include "platform/ansi_text.h"
 

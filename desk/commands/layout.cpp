@@ -1,27 +1,17 @@
 // Makes the media folders of one or all products from a description.
 #include <CLI/CLI.hpp>
 #include <algorithm>
-#include <filesystem>
 #include <memory>
-#include <nlohmann/json.hpp>
 #include <thread>
 
 #include "desk/commands/command.h"
-#include "desk/executables/stamp_image.h"
 #include "desk/media/installer_maker.h"
+#include "desk/media/media_folder.h"
 #include "desk/media/media_plan.h"
 #include "desk/media/media_report.h"
-#include "desk/media/media_set.h"
 #include "desk/media/release_folder.h"
-#include "desk/refusal.h"
-#include "desk/table.h"
-#include "desk/western_text.h"
-#include "desk/whole_file.h"
-#include "platform/ansi_text.h"
 
 namespace {
-
-namespace fs = std::filesystem;
 
 struct Choices {
     std::string description;
@@ -49,21 +39,6 @@ LayoutDescription describe(const Choices& choices) {
     return description;
 }
 
-std::vector<ProductFacts> chosenProducts(const std::vector<std::string>& codes) {
-    std::vector<ProductFacts> all = allProductFacts();
-    const CProductData catalogue;
-    std::vector<std::string> chosen;
-    for (const std::string& code : codes) {
-        chosen.push_back(chooseStampedCode(catalogue, code).code);
-    }
-    if (!codes.empty()) {
-        std::erase_if(all, [&chosen](const ProductFacts& facts) {
-            return std::find(chosen.begin(), chosen.end(), facts.code) == chosen.end();
-        });
-    }
-    return all;
-}
-
 void refuseAll(const std::string& what, const std::vector<std::string>& problems) {
     if (!problems.empty()) {
         std::string all = what + "; nothing was changed:";
@@ -81,7 +56,7 @@ void takeInstallers(std::vector<MediaPlan>& all, const LayoutDescription& descri
     for (const FileProblem& problem : examineRelease(release, "", signature).problems) {
         problems.push_back(asLine(problem));
     }
-    refuseAll("The release \"" + release.string() + "\" is not as it should be", problems);
+    refuseAll("The release " + inQuotes(release) + " is not as it should be", problems);
     for (MediaPlan& media : all) {
         if (description.has(media.facts.code, "name") && media.stamp.name != media.facts.name) {
             problems.push_back("\"name\" of product " + media.facts.code +
@@ -101,7 +76,7 @@ void makeOwnInstallers(std::vector<MediaPlan>& all, const LayoutDescription& des
     for (const MediaPlan& media : all) {
         const std::string& code = media.facts.code;
         orders.push_back({folderOf(code) + '/' + media.installerName,
-                          description.path(code, "installer").string(), media.stamp});
+                          description.path(code, "installer"), media.stamp});
     }
     const fs::path made = makeInstallers(orders, choices.signing, choices.jobs, output);
     for (std::size_t index = 0; index < all.size(); ++index) {
@@ -135,15 +110,63 @@ void report(const std::vector<MediaPlan>& all, const std::vector<std::string>& m
                                      {"files", files},
                                      {"endsSilently", media.facts.endsSilently},
                                      {"changed", isMade}});
-        rows.push_back(
-            {folder, isMade ? "made" : "unchanged", std::to_string(files.size()) + " files",
-             media.build, media.facts.name,
-             media.facts.endsSilently ? "(its run ends silently: nothing is installed)" : ""});
+        rows.push_back({folder, isMade ? "made" : "unchanged",
+                        std::to_string(files.size()) + " files", media.build, media.facts.name,
+                        silentMark(media.facts.endsSilently)});
     }
     printResult(session, document,
                 inColumns(rows) + '\n' + std::to_string(all.size()) + " media folders in " +
                     choices.folder + ", all complete; " + std::to_string(made.size()) + " made, " +
                     std::to_string(all.size() - made.size()) + " unchanged\n");
+}
+
+/// What all media are to hold but for the installers; refuses, before anything is written, what
+/// cannot be made.
+std::vector<MediaPlan> planAll(const LayoutDescription& description, const Choices& choices,
+                               const Session& session) {
+    std::vector<MediaPlan> all;
+    std::vector<std::string> problems;
+    for (const ProductFacts& facts : productFacts(choices.codes)) {
+        all.push_back(planMedia(description, facts, problems));
+    }
+    refuseAll("The media cannot be made", problems);
+    for (const MediaPlan& media : all) {
+        for (const std::string& note : media.stamp.notes) {
+            printNote(session, media.facts.code, note);
+        }
+        requireReplaceable(fs::path(choices.folder) / folderOf(media.facts.code), manifestFile);
+    }
+    return all;
+}
+
+/// Makes the folders in which something changes, and the list of the set; tells which were made.
+std::vector<std::string> makeChanged(const std::vector<MediaPlan>& all, bool links,
+                                     OutputFolder& output) {
+    MediaSet set;
+    if (fs::exists(output.path() / mediaSetFile)) {
+        set = readMediaSet(output.path());
+    }
+    std::vector<std::string> made;
+    for (const MediaPlan& media : all) {
+        const std::string folder = folderOf(media.facts.code), manifest = manifestOf(media);
+        const fs::path existing = output.path() / folder, fresh = output.staging() / folder;
+        set[folder] = {media.build, sha256(manifest)};
+        if (readWholeFile(existing / manifestFile) != manifest) {
+            makeMedia(media, fresh, links);
+            if (!Executable(summarize(fresh / media.installerName)).isSigned()) {
+                requireUnsigned(existing / media.installerName);
+            }
+            check(media, fresh);
+            made.push_back(folder);
+        }
+    }
+    std::vector<std::string> changed = made;
+    if (readWholeFile(output.path() / mediaSetFile) != asText(set)) {
+        writeOutput(output.staging() / mediaSetFile, asText(set));
+        changed.emplace_back(mediaSetFile);
+    }
+    output.put(changed);
+    return made;
 }
 
 void layOut(const Choices& choices, const Session& session) {
@@ -162,18 +185,7 @@ void layOut(const Choices& choices, const Session& session) {
             "The installers of a release are not signed again: sign when it is made, or "
             "leave \"release\" out of the description.");
     }
-    std::vector<MediaPlan> all;
-    std::vector<std::string> problems;
-    for (const ProductFacts& facts : chosenProducts(choices.codes)) {
-        all.push_back(planMedia(description, facts, problems));
-    }
-    refuseAll("The media cannot be made", problems);
-    for (const MediaPlan& media : all) {
-        for (const std::string& note : media.stamp.notes) {
-            printNote(session, media.facts.code, note);
-        }
-        requireReplaceable(fs::path(choices.folder) / folderOf(media.facts.code), manifestFile);
-    }
+    std::vector<MediaPlan> all = planAll(description, choices, session);
     OutputFolder output(choices.folder);
     if (isReleased) {
         takeInstallers(all, description, description.path("", "release"),
@@ -181,31 +193,7 @@ void layOut(const Choices& choices, const Session& session) {
     } else {
         makeOwnInstallers(all, description, choices, output);
     }
-    MediaSet set;
-    if (fs::exists(output.path() / mediaSetFile)) {
-        set = readMediaSet(output.path());
-    }
-    std::vector<std::string> made;
-    for (const MediaPlan& media : all) {
-        const std::string folder = folderOf(media.facts.code), manifest = manifestOf(media);
-        const fs::path existing = output.path() / folder;
-        set[folder] = {media.build, sha256(manifest)};
-        if (readWholeFile((existing / manifestFile).string()) != manifest) {
-            makeMedia(media, output.staging() / folder, choices.links);
-            if (!Executable(summarize((output.staging() / folder / media.installerName).string()))
-                     .isSigned()) {
-                requireUnsigned(existing / media.installerName);
-            }
-            check(media, output.staging() / folder);
-            made.push_back(folder);
-        }
-    }
-    writeOutput((output.staging() / mediaSetFile).string(), asText(set));
-    std::vector<std::string> names = made;
-    names.emplace_back(mediaSetFile);
-    const bool isSame = readWholeFile((output.path() / mediaSetFile).string()) == asText(set);
-    output.put(isSame && made.empty() ? std::vector<std::string>() : names);
-    report(all, made, choices, session);
+    report(all, makeChanged(all, choices.links, output), choices, session);
 }
 
 }  // namespace

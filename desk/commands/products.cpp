@@ -1,10 +1,8 @@
 // Tells the products and what a run does for each.
 #include <CLI/CLI.hpp>
-#include <nlohmann/json.hpp>
 
 #include "desk/commands/command.h"
 #include "desk/media/product_facts.h"
-#include "desk/table.h"
 
 namespace {
 
@@ -15,7 +13,7 @@ void products(const Session& session) {
     const auto listed = [](const std::vector<std::string>& texts) {
         return texts.empty() ? "-" : joined(texts);
     };
-    for (const ProductFacts& facts : allProductFacts()) {
+    for (const ProductFacts& facts : productFacts()) {
         const bool isOf = !facts.demonstrationOf.empty();
         document.push_back({{"code", facts.code},
                             {"number", facts.number},

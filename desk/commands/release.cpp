@@ -2,22 +2,16 @@
 #include <CLI/CLI.hpp>
 #include <algorithm>
 #include <memory>
-#include <nlohmann/json.hpp>
 #include <thread>
 
 #include "desk/commands/command.h"
-#include "desk/executables/bill_of_materials.h"
-#include "desk/executables/version_stamp.h"
+#include "desk/executables/stamp_image.h"
 #include "desk/media/installer_maker.h"
 #include "desk/media/product_facts.h"
 #include "desk/media/release_folder.h"
-#include "desk/refusal.h"
-#include "desk/table.h"
-#include "desk/whole_file.h"
+#include "desk/western_text.h"
 
 namespace {
-
-namespace fs = std::filesystem;
 
 struct Choices {
     std::string folder;
@@ -27,33 +21,28 @@ struct Choices {
     unsigned jobs = std::max(1U, std::thread::hardware_concurrency());
 };
 
-ReleasedFile describe(const InstallerOrder& order, const fs::path& folder) {
-    const std::string image = readInput((folder / order.path).string());
-    return {order.path, order.stamp.code, order.stamp.name,
-            versionText(image, "ProductVersion").value_or("none"), sha256(image)};
+Json describe(const InstallerOrder& order, const ProductFacts& facts, const fs::path& folder) {
+    const std::string image = readInput(folder / order.path);
+    return {{"path", order.path},
+            {"code", order.stamp.code},
+            {"name", toUtf8(order.stamp.name)},
+            {"version", versionText(image, "ProductVersion").value_or("none")},
+            {"sha256", sha256(image)},
+            {"endsSilently", facts.endsSilently}};
 }
 
-void report(const std::vector<ProductFacts>& products, const std::vector<ReleasedFile>& files,
-            const ReleaseReport& made, const Choices& choices, const Session& session) {
+void report(const Json& files, const ReleaseReport& made, const Choices& choices,
+            const Session& session) {
     const bool isSigned = made.signatures != 0;
-    Json document = {{"folder", choices.folder},
-                     {"signed", isSigned},
-                     {"signatures", made.signers},
-                     {"files", Json::array()}};
     std::vector<std::vector<std::string>> rows;
-    for (std::size_t index = 0; index < files.size(); ++index) {
-        const ReleasedFile& file = files[index];
-        const bool endsSilently = products[index].endsSilently;
-        document["files"].push_back({{"path", file.path},
-                                     {"code", file.code},
-                                     {"name", file.name},
-                                     {"version", file.version},
-                                     {"sha256", file.digest},
-                                     {"endsSilently", endsSilently}});
-        rows.push_back({file.path, file.name,
-                        endsSilently ? "(its run ends silently: nothing is installed)" : ""});
+    for (const Json& file : files) {
+        rows.push_back({file["path"], file["name"], silentMark(file["endsSilently"])});
     }
-    printResult(session, document,
+    printResult(session,
+                {{"folder", choices.folder},
+                 {"signed", isSigned},
+                 {"signatures", made.signers},
+                 {"files", files}},
                 inColumns(rows) + '\n' + std::to_string(files.size()) + " installers, " +
                     (isSigned ? joined(made.signers)
                               : "UNSIGNED: no sign command was given, and Windows will warn of an "
@@ -63,8 +52,8 @@ void report(const std::vector<ProductFacts>& products, const std::vector<Release
 
 void release(const Choices& choices, const Session& session) {
     requireReplaceable(fs::weakly_canonical(choices.folder), checksumsFile);
-    const std::vector<ProductFacts> products = allProductFacts();
-    CProductData catalogue;
+    const std::vector<ProductFacts> products = productFacts();
+    const CProductData catalogue;
     std::vector<InstallerOrder> orders;
     for (const ProductFacts& facts : products) {
         if (choices.signing.command.empty()) {
@@ -75,23 +64,24 @@ void release(const Choices& choices, const Session& session) {
     }
     OutputFolder output(choices.folder);
     const fs::path made = makeInstallers(orders, choices.signing, choices.jobs, output);
-    std::vector<ReleasedFile> files;
+    Json files = Json::array();
     Digests digests;
     std::vector<std::string> names = {checksumsFile, billOfMaterialsFile, noticesFile};
-    const auto write = [&](const std::string& name, const std::string& content) {
-        writeOutput((output.staging() / name).string(), content);
-        digests[name] = sha256(content);
-    };
-    for (const InstallerOrder& order : orders) {
-        files.push_back(describe(order, made));
-        digests[order.path] = files.back().digest;
+    for (std::size_t index = 0; index < orders.size(); ++index) {
+        const InstallerOrder& order = orders[index];
+        files.push_back(describe(order, products[index], made));
+        digests[order.path] = files.back()["sha256"];
         names.push_back(folderOf(order.stamp.code));
-        fs::create_directories(output.staging() / names.back());
+        makeFolder(output.staging() / names.back());
         fs::copy(made / order.path, output.staging() / order.path);
     }
-    write(billOfMaterialsFile, billOfMaterials(files).dump(2) + '\n');
-    write(noticesFile, thirdPartyNotices());
-    writeOutput((output.staging() / checksumsFile).string(), asList(digests));
+    for (const auto& [name, content] :
+         {std::pair(billOfMaterialsFile, billOfMaterials(files).dump(2) + '\n'),
+          std::pair(noticesFile, thirdPartyNotices())}) {
+        writeOutput(output.staging() / name, content);
+        digests[name] = sha256(content);
+    }
+    writeOutput(output.staging() / checksumsFile, asList(digests));
     const ReleaseReport examined =
         examineRelease(output.staging(), choices.build, choices.signing.verification);
     if (!examined.problems.empty()) {
@@ -99,9 +89,9 @@ void release(const Choices& choices, const Session& session) {
                       asLine(examined.problems.front()));
     }
     // The same release again stays where it is: somebody may be using it.
-    const bool isSame = readWholeFile((output.path() / checksumsFile).string()) == asList(digests);
+    const bool isSame = readWholeFile(output.path() / checksumsFile) == asList(digests);
     output.put(isSame ? std::vector<std::string>() : names);
-    report(products, files, examined, choices, session);
+    report(files, examined, choices, session);
 }
 
 }  // namespace

@@ -1,11 +1,9 @@
 // Makes a product's installer.
 #include <CLI/CLI.hpp>
 #include <memory>
-#include <nlohmann/json.hpp>
 
 #include "desk/commands/command.h"
 #include "desk/executables/stamp_image.h"
-#include "desk/refusal.h"
 #include "desk/western_text.h"
 #include "desk/whole_file.h"
 
@@ -44,7 +42,7 @@ void stamp(const Choices& choices, const Session& session) {
     for (const std::string& note : product.notes) {
         printNote(session, output, note);
     }
-    writeOutput(output, stampedInstaller(readInstaller(input), input, product));
+    writeOutput(output, stampedInstaller(input, product));
     printResult(session,
                 {{"output", output},
                  {"code", product.code},

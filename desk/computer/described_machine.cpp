@@ -5,8 +5,8 @@
 
 #include "platform/ansi_text.h"
 #include "ui/ask_uninstall_dialog.h"
-#include "ui/resource.h"
 #include "ui/product_type.h"
+#include "ui/resource.h"
 
 namespace {
 
@@ -16,6 +16,13 @@ std::string withoutQuotes(const std::string& path) {
     return path.size() > 1 && path.front() == '"' && path.back() == '"'
                ? path.substr(1, path.size() - 2)
                : path;
+}
+
+/// What stands under a path; null where nothing does.
+template <class Map>
+const typename Map::mapped_type* valueIn(const Map& map, const std::string& path) {
+    const auto found = map.find(path);
+    return found == map.end() ? nullptr : &found->second;
 }
 
 /// The names in the order of the prompt's list.
@@ -37,53 +44,37 @@ bool PathOrder::operator()(const std::string& left, const std::string& right) co
     return lowerCase(left) < lowerCase(right);
 }
 
-std::unique_ptr<KeyReader> DescribedMachine::localMachine() {
-    return describedLocalMachine(registry);
-}
-
-std::string DescribedMachine::programPath() {
-    return commandLine.empty() ? std::string() : commandLine.front();
-}
-
 PathKind DescribedMachine::pathKind(const std::string& path) {
     constexpr std::size_t longestPath = 259;  // MAX_PATH without the terminator
     if (path.size() > longestPath && !path.starts_with("\\\\?\\")) {
         return PathKind::Inaccessible;
     }
-    const auto file = files.find(path);
-    if (file != files.end()) {
-        return file->second.kind;
+    if (const DescribedFile* const file = valueIn(files, path)) {
+        return file->kind;
     }
     return otherPaths ? otherPaths(path) : PathKind::Inaccessible;
 }
 
-bool DescribedMachine::isListed(const std::string& path) {
-    return files.contains(path);
-}
-
 std::optional<std::string> DescribedMachine::fileContent(const std::string& path) {
-    const auto file = files.find(path);
-    const bool readable = file != files.end() && file->second.kind == PathKind::File &&
-                          file->second.content && file->second.content->size() <= maximumFileSize;
-    return readable ? file->second.content : std::nullopt;
+    const DescribedFile* const file = valueIn(files, path);
+    const bool readable = file != nullptr && file->kind == PathKind::File && file->content &&
+                          file->content->size() <= maximumFileSize;
+    return readable ? file->content : std::nullopt;
 }
 
 bool DescribedMachine::fileVersion(const std::string& path, std::string& text) {
-    const auto file = files.find(path);
-    const bool hasVersion = file != files.end() && file->second.version;
-    text = hasVersion ? *file->second.version : "";
+    const DescribedFile* const file = valueIn(files, path);
+    const bool hasVersion = file != nullptr && file->version;
+    text = hasVersion ? *file->version : "";
     return hasVersion;
 }
 
 std::uint32_t DescribedMachine::copyFile(const std::string& source, const std::string& target) {
-    const auto failing = copyErrors.find(target);
-    const auto file = files.find(source);
-    std::uint32_t error = failing != copyErrors.end() ? failing->second : 0;
-    if (error == 0 && file == files.end()) {
-        error = fileNotFound;
-    }
+    const std::uint32_t* const failure = valueIn(copyErrors, target);
+    const DescribedFile* const file = valueIn(files, source);
+    const std::uint32_t error = failure != nullptr ? *failure : file == nullptr ? fileNotFound : 0;
     if (error == 0) {
-        files[target] = DescribedFile(file->second);
+        files[target] = DescribedFile(*file);
     }
     keep({.kind = RunStep::Kind::Copy,
           .program = source,
@@ -92,17 +83,9 @@ std::uint32_t DescribedMachine::copyFile(const std::string& source, const std::s
     return error;
 }
 
-StartResult DescribedMachine::start(const std::string& file, const std::string& parameters) {
-    return startProgram(RunStep::Kind::Launch, file, parameters);
-}
-
-StartResult DescribedMachine::startAndWait(const std::string& file, const std::string& parameters) {
-    return startProgram(RunStep::Kind::Run, file, parameters);
-}
-
 std::uint32_t DescribedMachine::stopRunning(const std::string&, const std::string& path) {
-    const auto result = stopResults.find(path);
-    const std::uint32_t code = result == stopResults.end() ? 0 : result->second;
+    const std::uint32_t* const result = valueIn(stopResults, path);
+    const std::uint32_t code = result == nullptr ? 0 : *result;
     keep({.kind = RunStep::Kind::Stop, .program = path, .succeeded = code == 0});
     return code;
 }
@@ -181,26 +164,22 @@ std::optional<unsigned> DescribedMachine::askProductType(const ProductTypeQuesti
     return steps.back().answer == TEXT_INSTALL ? std::optional(type) : std::nullopt;
 }
 
-void DescribedMachine::appendToLog(const std::string& line) {
-    keep({.kind = RunStep::Kind::Log, .target = line});
-}
-
 StartResult DescribedMachine::startProgram(RunStep::Kind kind, const std::string& file,
                                            const std::string& parameters) {
     const std::string path = withoutQuotes(file);
-    const auto program = programs.find(path);
+    const DescribedProgram* const program = valueIn(programs, path);
     StartResult result{.started = true};
     if (pathKind(path) != PathKind::File) {
         result = {.started = false, .instance = fileNotFound, .lastError = fileNotFound};
-    } else if (program != programs.end() && program->second.failure) {
-        result = *program->second.failure;
+    } else if (program != nullptr && program->failure) {
+        result = *program->failure;
     }
     keep({.kind = kind, .program = file, .arguments = parameters, .succeeded = result.started});
-    if (result.started && program != programs.end()) {
-        for (const auto& [written, content] : program->second.writes) {
+    if (result.started && program != nullptr) {
+        for (const auto& [written, content] : program->writes) {
             files[written] = content;
         }
-        for (const std::string& removed : program->second.removes) {
+        for (const std::string& removed : program->removes) {
             files.erase(removed);
         }
     }

@@ -98,20 +98,28 @@ class DescribedMachine : public Machine {
     [[nodiscard]] OperatingSystemFacts operatingSystem() override { return facts; }
     [[nodiscard]] bool isWow64() override { return wow64; }
     [[nodiscard]] std::string programFilesFolder() override { return programFiles; }
-    [[nodiscard]] std::unique_ptr<KeyReader> localMachine() override;
+    [[nodiscard]] std::unique_ptr<KeyReader> localMachine() override {
+        return describedLocalMachine(registry);
+    }
 
-    [[nodiscard]] std::string programPath() override;
+    [[nodiscard]] std::string programPath() override {
+        return commandLine.empty() ? std::string() : commandLine.front();
+    }
     [[nodiscard]] PathKind pathKind(const std::string& path) override;
-    [[nodiscard]] bool isListed(const std::string& path) override;
+    [[nodiscard]] bool isListed(const std::string& path) override { return files.contains(path); }
     [[nodiscard]] std::optional<std::string> fileContent(const std::string& path) override;
     [[nodiscard]] bool fileVersion(const std::string& path, std::string& text) override;
     [[nodiscard]] std::uint32_t copyFile(const std::string& source,
                                          const std::string& target) override;
 
     [[nodiscard]] StartResult start(const std::string& file,
-                                    const std::string& parameters) override;
+                                    const std::string& parameters) override {
+        return startProgram(RunStep::Kind::Launch, file, parameters);
+    }
     [[nodiscard]] StartResult startAndWait(const std::string& file,
-                                           const std::string& parameters) override;
+                                           const std::string& parameters) override {
+        return startProgram(RunStep::Kind::Run, file, parameters);
+    }
     [[nodiscard]] std::uint32_t stopRunning(const std::string& fileName,
                                             const std::string& path) override;
     void pause(std::uint32_t milliseconds) override;
@@ -130,7 +138,9 @@ class DescribedMachine : public Machine {
         const ProductTypeQuestion& question) override;
     void dispatchPendingMessage() override {}
 
-    void appendToLog(const std::string& line) override;
+    void appendToLog(const std::string& line) override {
+        keep({.kind = RunStep::Kind::Log, .target = line});
+    }
 
   private:
     StartResult startProgram(RunStep::Kind kind, const std::string& file,

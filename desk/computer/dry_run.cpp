@@ -2,7 +2,7 @@
 
 #include <algorithm>
 #include <charconv>
-#include <nlohmann/json.hpp>
+#include <map>
 #include <sstream>
 #include <utility>
 
@@ -21,11 +21,6 @@ namespace {
 
 const std::string programFolder = "C:\\Installer\\";
 
-bool endsIn(const std::string& text, std::string_view end) {
-    return text.size() >= end.size() &&
-           equalIgnoringCase(text.substr(text.size() - end.size()), end);
-}
-
 /// A user who goes on wherever that is possible, with this choice of the product type.
 std::vector<std::string> goesOn(const ShownDialog& dialog, const std::string& choice) {
     return dialog.buttons.front() == TEXT_INSTALL ? std::vector{choice, dialog.buttons.front()}
@@ -43,10 +38,9 @@ struct Trial {
 
     /// The dialog that asks for the product type; null where nobody is asked.
     [[nodiscard]] const RunStep* question() const {
-        const auto asked =
-            std::find_if(machine->steps.begin(), machine->steps.end(), [](const RunStep& step) {
-                return !step.dialog.buttons.empty() && step.dialog.buttons.front() == TEXT_INSTALL;
-            });
+        const auto asked = std::ranges::find_if(machine->steps, [](const RunStep& step) {
+            return !step.dialog.buttons.empty() && step.dialog.buttons.front() == TEXT_INSTALL;
+        });
         return asked == machine->steps.end() ? nullptr : &*asked;
     }
 
@@ -69,16 +63,17 @@ int folderNumber(Trial& trial, const std::string& folder) {
     return number;
 }
 
-Json listed(const std::vector<std::string>& texts) {
-    Json list = Json::array();
-    for (const std::string& text : texts) {
-        list.push_back(toUtf8(text));
+/// Converts every text of a document.
+void convertToUtf8(Json& json) {
+    if (json.is_string()) {
+        json = toUtf8(json.get<std::string>());
+    } else if (json.is_structured()) {
+        std::for_each(json.begin(), json.end(), convertToUtf8);
     }
-    return list;
 }
 
 Json call(const std::string& program, const std::string& arguments) {
-    return {{"program", toUtf8(program)}, {"arguments", toUtf8(arguments)}};
+    return {{"program", program}, {"arguments", arguments}};
 }
 
 Json shown(const ShownDialog& dialog) {
@@ -86,15 +81,15 @@ Json shown(const ShownDialog& dialog) {
     if (dialog.icon) {
         icon = *dialog.icon == MessageIcon::Error ? "error" : "warning";
     }
-    return {{"title", toUtf8(dialog.title)},     {"icon", icon},
-            {"texts", listed(dialog.texts)},     {"rows", listed(dialog.rows)},
-            {"choices", listed(dialog.choices)}, {"buttons", listed(dialog.buttons)}};
+    return {{"title", dialog.title},     {"icon", icon},
+            {"texts", dialog.texts},     {"rows", dialog.rows},
+            {"choices", dialog.choices}, {"buttons", dialog.buttons}};
 }
 
 /// The fields of a parameter string by name, in their order.
 Json parameterFields(const std::string& parameters) {
     Json fields = Json::object();
-    std::istringstream rest(toUtf8(parameters));
+    std::istringstream rest(parameters);
     std::string field;
     if (std::getline(rest, field, ' ')) {
         fields[field] = "";
@@ -110,8 +105,8 @@ Json parameterFields(const std::string& parameters) {
 Json endingOf(Trial& trial, const std::string& choice) {
     const RunStep& last = trial.machine->steps.back();
     Json ending = {{"choice", choice},
-                   {"productCode", toUtf8(trial.app.productCode)},
-                   {"productName", toUtf8(trial.app.productName)}};
+                   {"productCode", trial.app.productCode},
+                   {"productName", trial.app.productName}};
     if (last.kind != RunStep::Kind::Launch) {
         ending["message"] = shown(last.dialog);
         return ending;
@@ -120,7 +115,7 @@ Json endingOf(Trial& trial, const std::string& choice) {
     const std::string folder = fields.value("-pf", "");
     const bool isNumbered = trial.question() != nullptr || trial.app.deviceFamily != nullptr;
     ending["programFolder"] = folder;
-    ending["programFolderNumber"] = isNumbered ? folderNumber(trial, fromUtf8(folder)) : 1;
+    ending["programFolderNumber"] = isNumbered ? folderNumber(trial, folder) : 1;
     ending["setup"] = call(last.program, last.arguments);
     ending["fields"] = std::move(fields);
     return ending;
@@ -149,41 +144,38 @@ Json answersOf(const ShownDialog& dialog) {
 
 /// A step, and what it is for.
 Json described(const RunStep& step) {
-    const auto document = [&step](const char* kind, const std::string& note) {
-        Json json = call(step.program, step.arguments);
-        json.update({{"kind", kind}, {"note", note}});
-        return json;
-    };
+    Json json = call(step.program, step.arguments);
     switch (step.kind) {
         case RunStep::Kind::Dialog:
             return {{"kind", "dialog"},
                     {"dialog", shown(step.dialog)},
                     {"answers", answersOf(step.dialog)}};
         case RunStep::Kind::Stop:
-            return document("stop",
-                            "running copies are ended; the run ends with a message when one cannot "
-                            "be");
+            json["kind"] = "stop";
+            json["note"] =
+                "running copies are ended; the run ends with a message when one cannot be";
+            return json;
         case RunStep::Kind::Copy:
             return {{"kind", "copy"},
-                    {"from", toUtf8(step.program)},
-                    {"to", toUtf8(step.target)},
+                    {"from", step.program},
+                    {"to", step.target},
                     {"note", step.succeeded ? "where that fails, the install log says so and the "
                                               "viewer's own command is run"
                                             : "fails, and the viewer's own command is run"}};
         case RunStep::Kind::Log:
-            return {
-                {"kind", "log"}, {"line", toUtf8(step.target)}, {"note", "into the install log"}};
+            return {{"kind", "log"}, {"line", step.target}, {"note", "into the install log"}};
         case RunStep::Kind::Wait:
             return {
                 {"kind", "wait"},
                 {"seconds", step.seconds},
                 {"note", "at most so long, while the uninstaller's \"liveimport.ini\" is there"}};
         case RunStep::Kind::Run:
-            return document("run", "unpacks drivers");
         case RunStep::Kind::Launch:
             break;
     }
-    return document("launch", "");
+    json["kind"] = "run";
+    json["note"] = "unpacks drivers";
+    return json;
 }
 
 /// The steps; what a prompt brought about goes to its first answer.
@@ -200,65 +192,53 @@ Json describedSteps(Trial& trial, const DryRunMedia& media, const std::vector<Ru
         }
         Json one = described(step);
         viewer += step.kind == RunStep::Kind::Stop ? 1 : 0;
-        if (step.kind == RunStep::Kind::Run && !endsIn(step.program, extractionToolFile)) {
+        if (step.kind == RunStep::Kind::Run &&
+            !lowerCase(step.program).ends_with(extractionToolFile)) {
             // Of a driver installer, only the end of its path is known.
             one["kind"] = viewer > 0 ? "run" : "runReported";
-            one["note"] = viewer > 0
-                              ? "removes " + toUtf8(viewers[viewer - 1].displayName)
-                              : "where " + toUtf8(media.sourceDirectory) + "report.txt names it";
+            one["note"] = viewer > 0 ? "removes " + viewers[viewer - 1].displayName
+                                     : "where " + media.sourceDirectory + "report.txt names it";
         }
         result.push_back(std::move(one));
     }
     return result;
 }
 
-std::string reasonOf(EntryState state) {
-    switch (state) {
-        case EntryState::NoVersion:
-            return "its \"DisplayVersion\" is missing or is not four numbers with dots between";
-        case EntryState::TooOld:
-            return "its version is not above 10";
-        case EntryState::NoUninstaller:
-            return "it gives no \"UninstallString\" of at most 259 characters";
-        case EntryState::NoInstallLocation:
-            return "it gives no \"InstallLocation\" of at most 259 characters";
-        case EntryState::Reported:
-        case EntryState::NoDisplayName:
-        case EntryState::OtherProduct:
-            break;
-    }
-    return "";
-}
+/// Why the run leaves out an entry that is of the product.
+const std::map<EntryState, std::string> reasons = {
+    {EntryState::NoVersion,
+     "its \"DisplayVersion\" is missing or is not four numbers with dots between"},
+    {EntryState::TooOld, "its version is not above 10"},
+    {EntryState::NoUninstaller, "it gives no \"UninstallString\" of at most 259 characters"},
+    {EntryState::NoInstallLocation, "it gives no \"InstallLocation\" of at most 259 characters"}};
 
-/// What support asks about first: entries of the product that the run leaves out, and uninstallers
-/// that it cannot start.
+/// What support asks about first: such entries, and uninstallers that the run cannot start.
 void noteEntries(Trial& trial, const InstallPlan& plan, std::vector<std::string>& notes) {
     std::string filter = makerFilter;
-    std::unique_ptr<KeyReader> list;
     if (plan.olderVersions == OlderVersions::Leave ||
         (plan.olderVersions == OlderVersions::OfProduct &&
-         !findDirectoryName(plan.productNumber, filter)) ||
-        trial.machine->localMachine()->openSubkey(uninstallListKey, list) != errorSuccess) {
+         !findDirectoryName(plan.productNumber, filter))) {
         return;
     }
-    char name[1024];
-    std::uint32_t size = sizeof name;
-    for (std::uint32_t index = 0;
-         list->enumerateSubkey(index, name, size = sizeof name) != errorNoMoreItems; ++index) {
+    const std::unique_ptr<KeyReader> root = trial.machine->localMachine();
+    for (const auto& [path, values] : trial.machine->registry.keys) {
         std::unique_ptr<KeyReader> entry;
         InstalledProduct product;
-        if (list->openSubkey(name, entry) != errorSuccess) {
+        const bool isEntry = isBelow(path, uninstallListKey) &&
+                             path.find('\\', sizeof uninstallListKey) == std::string::npos;
+        if (!isEntry || root->openSubkey(path.c_str(), entry) != errorSuccess) {
             continue;
         }
         const EntryState state = readEntry(*entry, filter, product);
-        if (const std::string reason = reasonOf(state); !reason.empty()) {
-            notes.push_back('"' + product.displayName + "\" is not found: " + reason + '.');
+        if (const auto reason = reasons.find(state); reason != reasons.end()) {
+            notes.push_back(inQuotes(product.displayName) + " is not found: " + reason->second +
+                            '.');
         }
         if (state == EntryState::Reported && isFullPath(product.uninstallString) &&
             trial.machine->pathKind(product.uninstallString) != PathKind::File) {
-            notes.push_back('"' + product.displayName + "\" is not removed: \"" +
-                            product.uninstallString +
-                            "\" as a whole is not the path of a program.");
+            notes.push_back(inQuotes(product.displayName) +
+                            " is not removed: " + inQuotes(product.uninstallString) +
+                            " as a whole is not the path of a program.");
         }
     }
 }
@@ -322,9 +302,9 @@ std::unique_ptr<DescribedMachine> machineWith(const DryRunMedia& media,
     // uninstaller that leaves a marker to be at work for ever.
     machine->otherPaths = [folder](const std::string& path) {
         const bool onMedia = equalIgnoringCase(path.substr(0, folder.size()), folder);
-        return !onMedia && (endsIn(path, ".exe") || endsIn(path, "\\liveimport.ini"))
-                   ? PathKind::File
-                   : PathKind::Inaccessible;
+        const std::string name = lowerCase(path);
+        const bool isTaken = name.ends_with(".exe") || name.ends_with("\\liveimport.ini");
+        return isTaken && !onMedia ? PathKind::File : PathKind::Inaccessible;
     };
     // Where the tool puts the driver installer, its archive alone knows.
     machine->programs[folder + extractionToolFile] = {
@@ -351,23 +331,32 @@ Json dryRun(const DryRunMedia& media, const MachineDescription& description) {
     char system[256] = "";
     const int systemCode = operatingSystemName(*trial.machine, system, sizeof system);
     noteDrivers(plan, systemCode, notes);
-    const bool removes = std::any_of(common.begin(), common.end(),
-                                     [](const RunStep& step) { return step.whilePrompted; });
-    const bool isNumbered = std::any_of(endings.begin(), endings.end(), [](const Json& ending) {
-        return ending.value("programFolderNumber", 1) > 1;
-    });
+    const bool removes =
+        std::ranges::any_of(common, [](const RunStep& step) { return step.whilePrompted; });
+    const bool isNumbered = std::ranges::any_of(
+        endings, [](const Json& ending) { return ending.value("programFolderNumber", 1) > 1; });
     if (removes && isNumbered) {
         notes.emplace_back(
             "Versions that are removed free their program folders: the numbers are those "
             "for \"" TEXT_UNINSTALL_NO "\".");
     }
-    return {{"system", toUtf8(system)},
-            {"systemCode", systemCode},
-            {"bits", description.is64Bit ? 64 : 32},
-            {"build", toUtf8(app.catalogue.buildVersion())},
-            {"title", toUtf8(app.title)},
-            {"notes", listed(notes)},
-            {"steps", describedSteps(trial, media, common)},
-            {"earlyEnd", earlyEnd.empty() ? Json() : Json(earlyEnd)},
-            {"endings", std::move(endings)}};
+    Json run = {{"system", system},
+                {"systemCode", systemCode},
+                {"bits", description.is64Bit ? 64 : 32},
+                {"build", app.catalogue.buildVersion()},
+                {"title", app.title},
+                {"notes", notes},
+                {"steps", describedSteps(trial, media, common)},
+                {"earlyEnd", earlyEnd.empty() ? Json() : Json(earlyEnd)},
+                {"endings", std::move(endings)}};
+    convertToUtf8(run);
+    return run;
+}
+
+void hideArchiveKeys(std::string& text) {
+    constexpr std::string_view option = "-fzxkey ";
+    for (std::size_t at = text.find(option); at != std::string::npos; at = text.find(option, at)) {
+        at += option.size();
+        text.replace(at, text.find_first_of(" \"", at) - at, "...");
+    }
 }

@@ -29,5 +29,8 @@ struct DryRunMedia {
 /// The run as a document ("run" in docs/formats.md), UTF-8.
 [[nodiscard]] Json dryRun(const DryRunMedia& media, const MachineDescription& description);
 
-/// The same in words.
+/// The same in words, without keys of archives.
 [[nodiscard]] std::string runInWords(const Json& run);
+
+/// The key that driver archives were packed with is not for whoever is sent a page or a text.
+void hideArchiveKeys(std::string& text);

@@ -1,5 +1,4 @@
 // A dry run in words.
-#include <nlohmann/json.hpp>
 
 #include "desk/computer/dry_run.h"
 
@@ -23,14 +22,8 @@ std::string lines(const std::string& text, const std::string& start) {
     return result + '\n';
 }
 
-/// Without the key that driver archives were packed with.
 std::string commandLine(const Json& call) {
-    std::string arguments = text(call, "arguments");
-    const std::string option = "-fzxkey ";
-    if (const std::size_t key = arguments.find(option); key != std::string::npos) {
-        const std::size_t start = key + option.size();
-        arguments.replace(start, arguments.find(' ', start) - start, "...");
-    }
+    const std::string arguments = text(call, "arguments");
     return text(call, "program") + (arguments.empty() ? "" : " ") + arguments;
 }
 
@@ -121,5 +114,6 @@ std::string runInWords(const Json& run) {
     for (const Json& ending : run["endings"]) {
         words += '\n' + endingInWords(ending);
     }
+    hideArchiveKeys(words);
     return words;
 }

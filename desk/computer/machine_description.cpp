@@ -1,13 +1,9 @@
 #include "desk/computer/machine_description.h"
 
 #include <algorithm>
-#include <cstdio>
-#include <filesystem>
-#include <nlohmann/json.hpp>
 #include <utility>
 
 #include "desk/json.h"
-#include "desk/refusal.h"
 #include "desk/western_text.h"
 #include "desk/whole_file.h"
 #include "installed/installation_index.h"
@@ -36,13 +32,22 @@ const Json& releases() {
 std::uint16_t number(const Json& object, const char* name, std::uint16_t otherwise) {
     const Json value = object.value(name, Json(otherwise));
     if (!value.is_number_unsigned() || value > 0xFFFF) {
-        throw Refusal(std::string("\"") + name + "\" is not a number from 0 to 65535");
+        throw Refusal(inQuotes(name) + " is not a number from 0 to 65535");
     }
     return value;
 }
 
-std::string western(const Json& text) {
-    return fromUtf8(text.get<std::string>());
+/// Throws Refusal unless `value` is an object whose members all have one of these names.
+void requireMembers(const Json& value, const std::string& what,
+                    std::initializer_list<std::string_view> names) {
+    if (!value.is_object()) {
+        throw Refusal(what + " is no object");
+    }
+    for (const auto& [name, ignored] : value.items()) {
+        if (std::ranges::find(names, name) == names.end()) {
+            throw Refusal(inQuotes(name) + " is not known in " + what);
+        }
+    }
 }
 
 void setRelease(const Json& release, MachineDescription& machine) {
@@ -61,11 +66,17 @@ void setBits(int bits, MachineDescription& machine) {
     machine.programFiles = machine.is64Bit ? "C:\\Program Files (x86)" : "C:\\Program Files";
 }
 
-/// Keeps what a 32-bit program sees of an export, which may hold both views.
-void takeProgramsView(const RegistryKeys& exported, MachineDescription& machine, bool bitsKnown) {
-    const bool bothViews = std::any_of(exported.begin(), exported.end(), [](const auto& key) {
-        return isBelow(key.first, redirectedKey);
-    });
+/// Reads what a 32-bit program sees of an export, which may hold both views.
+void readExport(std::string_view content, const std::string& name, bool bitsKnown,
+                MachineDescription& machine) {
+    RegistryKeys exported;
+    std::vector<std::string> problems;
+    readRegistryExport(content, exported, problems);
+    for (const std::string& problem : problems) {
+        machine.notes.push_back(name + ": " + problem);
+    }
+    const auto isRedirected = [](const auto& key) { return isBelow(key.first, redirectedKey); };
+    const bool bothViews = std::ranges::any_of(exported, isRedirected);
     if (bothViews && !bitsKnown) {
         setBits(64, machine);
     }
@@ -76,63 +87,50 @@ void takeProgramsView(const RegistryKeys& exported, MachineDescription& machine,
         machine.notes.emplace_back(
             "The export holds no \"Wow6432Node\" and is taken for the view of 32-bit programs.");
     }
-    for (const auto& [path, values] : exported) {
-        const bool isRedirected = bothViews && isBelow(path, redirectedKey);
-        if (bothViews && !isRedirected && isBelow(path, softwareKey)) {
+    for (const auto& key : exported) {
+        std::string path = key.first;
+        if (isRedirected(key)) {
+            path.replace(0, redirectedKey.size(), softwareKey);
+        } else if (bothViews && isBelow(path, softwareKey)) {
             continue;
         }
-        RegistryValues& kept = machine.registry[isRedirected ? std::string(softwareKey) +
-                                                                   path.substr(redirectedKey.size())
-                                                             : path];
-        for (const RegistryValue& value : values.all()) {
+        RegistryValues& kept = machine.registry[path];
+        for (const RegistryValue& value : key.second.all()) {
             kept.set(value);
         }
     }
 }
 
-void readExport(std::string_view content, const std::string& name, bool bitsKnown,
-                MachineDescription& machine) {
-    RegistryKeys keys;
-    std::vector<std::string> problems;
-    readRegistryExport(content, keys, problems);
-    for (const std::string& problem : problems) {
-        machine.notes.push_back(name + ": " + problem);
-    }
-    takeProgramsView(keys, machine, bitsKnown);
-}
-
 /// Adds a key for each object of a list, with a text for each member but those of the description.
 void addKeys(const Json& document, const char* list, RegistryKeys& keys,
              std::initializer_list<std::string_view> names) {
-    const Json& objects = member(document, list);
+    const Json objects = document.value(list, Json());
     if (!objects.is_null() && !objects.is_array()) {
-        throw Refusal(std::string("\"") + list + "\" is not a list");
+        throw Refusal(inQuotes(list) + " is not a list");
     }
     std::size_t index = 0;
     for (const Json& object : objects) {
-        requireMembers(object, std::string("\"") + list + "\"", names);
-        char numbered[32];  // a name for a key that has none, in the order of the list
-        std::snprintf(numbered, sizeof numbered, "entry %08zu", ++index);
+        requireMembers(object, inQuotes(list), names);
+        // A name for a key that has none, in the order of the list.
+        const std::string numbered = "entry " + std::to_string(100'000'000 + ++index).substr(1);
         const std::string parent = list == std::string_view("installed")
                                        ? std::string(uninstallListKey) + '\\'
                                    : object.value("older", false) ? olderMakerTree
                                                                   : makerTree;
-        RegistryValues& values =
-            keys[parent + fromUtf8(object.value("key", std::string(numbered)))];
+        RegistryValues& values = keys[parent + fromUtf8(object.value("key", numbered))];
         for (const auto& [name, value] : object.items()) {
             if (name != "key" && name != "older") {
-                values.set(registryText(name, western(value)));
+                values.set(registryText(name, fromUtf8(value.get<std::string>())));
             }
         }
     }
 }
 
-MachineDescription fromJson(const Json& document, const std::filesystem::path& folder,
-                            MachineChoices choices) {
+MachineDescription fromJson(const Json& document, const fs::path& folder, MachineChoices choices) {
     requireMembers(document, "the description",
                    {"windows", "servicePack", "bits", "administrator", "programFiles", "installed",
                     "installations", "registry"});
-    const Json& windows = member(document, "windows");
+    const Json windows = document.value("windows", Json());
     const bool isChosen = !choices.windows.empty() || windows.is_null();
     if (!isChosen && windows.is_string()) {
         choices.windows = windows;
@@ -159,9 +157,9 @@ MachineDescription fromJson(const Json& document, const std::filesystem::path& f
              "Temp Reference", "Lard", "User Data Key", "Old User Data Key", "Version",
              "Installation Path", "Product Character"});
     if (const std::string name = document.value("registry", ""); !name.empty()) {
-        const std::string content = readInput((folder / name).string());
+        const std::string content = readInput(folder / name);
         if (!isRegistryExport(content)) {
-            throw Refusal('"' + name + "\" is not what regedit exports");
+            throw Refusal(inQuotes(name) + " is not what regedit exports");
         }
         readExport(content, name, choices.bits != 0, machine);
     }
@@ -173,7 +171,7 @@ MachineDescription fromJson(const Json& document, const std::filesystem::path& f
 
 MachineDescription emptyMachine(const MachineChoices& choices) {
     const std::string wanted = choices.windows.empty() ? "Windows 7" : choices.windows;
-    std::string known;
+    std::vector<std::string> known;
     for (const Json& release : releases()) {
         const std::string name = release["name"];
         if (equalIgnoringCase(name, wanted)) {
@@ -183,9 +181,9 @@ MachineDescription emptyMachine(const MachineChoices& choices) {
             setBits(choices.bits != 0 ? choices.bits : release.value("bits", 64), machine);
             return machine;
         }
-        known += (known.empty() ? "\"" : ", \"") + name + '"';
+        known.push_back(inQuotes(name));
     }
-    throw Refusal('"' + wanted + "\" is no release that is known; there are " + known);
+    throw Refusal(inQuotes(wanted) + " is no release that is known; there are " + joined(known));
 }
 
 MachineDescription readMachine(const std::string& file, MachineChoices choices) {
@@ -200,13 +198,13 @@ MachineDescription readMachine(const std::string& file, MachineChoices choices) 
             }
             readExport(content, "the export", choices.bits != 0, machine);
         } else {
-            const std::filesystem::path path(file);
+            const fs::path path(file);
             machine = fromJson(Json::parse(content, nullptr, true, true), path.parent_path(),
                                std::move(choices));
         }
     } catch (const std::exception& error) {
-        throw Refusal("\"" + file + "\": " + reasonOf(error) + '.');
+        throw Refusal(inQuotes(file) + ": " + reasonOf(error) + '.');
     }
-    machine.name = std::filesystem::path(file).filename().string();
+    machine.name = fs::path(file).filename().string();
     return machine;
 }

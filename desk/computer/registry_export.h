@@ -5,7 +5,7 @@
 #include <string_view>
 #include <vector>
 
-#include "desk/computer/registry_content.h"
+#include "desk/computer/described_registry.h"
 
 /// Whether the bytes are the beginning of such an export, in any of its encodings.
 [[nodiscard]] bool isRegistryExport(std::string_view content);

@@ -30,26 +30,23 @@ Executable::Executable(std::string_view head, std::uint64_t size, std::uint64_t 
     : head(head),
       size(size),
       wordSum(wordSum),
-      signature(number(signatureField, 4).value_or(0)),
+      signature(number(signatureField, 4)),
       optional(signature + optionalHeader),
-      sections(optional + number(signature + optionalSizeField, 2).value_or(0)),
-      sectionCount(number(signature + sectionCountField, 2).value_or(0)) {}
+      sections(optional + number(signature + optionalSizeField, 2)),
+      sectionCount(number(signature + sectionCountField, 2)) {}
 
-std::optional<std::uint32_t> Executable::number(std::uint64_t offset, int bytes) const {
-    if (offset > head.size() || static_cast<std::uint64_t>(bytes) > head.size() - offset) {
-        return std::nullopt;
-    }
+std::uint32_t Executable::number(std::uint64_t offset, int bytes) const {
     std::uint32_t value = 0;
-    for (int index = bytes; index-- > 0;) {
+    for (std::uint64_t at = offset + static_cast<unsigned>(bytes); at-- > offset;) {
         value = value << 8 |
-                static_cast<unsigned char>(
-                    head[static_cast<std::size_t>(offset) + static_cast<std::size_t>(index)]);
+                (at < head.size() ? static_cast<unsigned char>(head[static_cast<std::size_t>(at)])
+                                  : 0U);
     }
     return value;
 }
 
-bool Executable::holds(std::uint64_t offset, std::uint64_t bytes) const {
-    return offset <= size && bytes <= size - offset;
+bool Executable::holds(std::uint64_t sizeField, std::uint64_t offsetField) const {
+    return std::uint64_t{number(offsetField, 4)} + number(sizeField, 4) <= size;
 }
 
 std::uint64_t Executable::directory(std::uint64_t index) const {
@@ -62,17 +59,14 @@ bool Executable::is32Bit() const {
 
 bool Executable::reachesItsEnd() const {
     const std::uint64_t entry = directory(signatureDirectory);
-    if (entry + 8 <= sections) {
-        const auto offset = number(entry, 4), bytes = number(entry + 4, 4);
-        if (!offset || !bytes || !holds(*offset, *bytes)) {
-            return false;
-        }
+    if (sections + sectionCount * sectionSize > head.size() ||
+        (entry + 8 <= sections && !holds(entry + 4, entry))) {
+        return false;
     }
     for (std::uint64_t index = 0; index < sectionCount; ++index) {
         const std::uint64_t section = sections + index * sectionSize;
-        const auto bytes = number(section + rawSizeField, 4);
-        const auto offset = number(section + rawOffsetField, 4);
-        if (!bytes || !offset || (*bytes != 0 && !holds(*offset, *bytes))) {
+        const bool isEmpty = number(section + rawSizeField, 4) == 0;
+        if (!isEmpty && !holds(section + rawSizeField, section + rawOffsetField)) {
             return false;
         }
     }
@@ -83,7 +77,7 @@ std::string Executable::headerDamage() const {
     if (!head.starts_with("MZ")) {
         return "it is no Windows executable";
     }
-    if (signature == 0 || !number(checksumField(), 4)) {
+    if (signature == 0 || checksumField() + 4 > head.size()) {
         return cutOff;
     }
     if (head.substr(static_cast<std::size_t>(signature), 4) != std::string_view("PE\0\0", 4) ||
@@ -97,7 +91,7 @@ std::string Executable::damage() const {
     if (const std::string damage = headerDamage(); !damage.empty()) {
         return damage;
     }
-    const std::uint32_t kept = *number(checksumField(), 4);
+    const std::uint32_t kept = number(checksumField(), 4);
     // The sum is taken in pairs of bytes, which a field at an odd offset does not keep to.
     return kept == 0 || checksumField() % 2 != 0 || kept == checksum()
                ? ""
@@ -106,7 +100,7 @@ std::string Executable::damage() const {
 
 std::uint32_t Executable::checksum() const {
     // The field itself counts as zero.
-    std::uint64_t sum = wordSum - *number(checksumField(), 2) - *number(checksumField() + 2, 2);
+    std::uint64_t sum = wordSum - number(checksumField(), 2) - number(checksumField() + 2, 2);
     while (sum > 0xFFFF) {
         sum = (sum & 0xFFFF) + (sum >> 16);
     }
@@ -115,7 +109,7 @@ std::uint32_t Executable::checksum() const {
 
 bool Executable::isSigned() const {
     const std::uint64_t entry = directory(signatureDirectory);
-    return number(entry, 4).value_or(0) != 0 && number(entry + 4, 4).value_or(0) != 0;
+    return number(entry, 4) != 0 && number(entry + 4, 4) != 0;
 }
 
 std::vector<std::string> Executable::missingProtections() const {
@@ -124,17 +118,16 @@ std::vector<std::string> Executable::missingProtections() const {
                             terminalServerAware = 0x8000, relocationsStripped = 1,
                             swapRuns = 0x400 | 0x800, runs = 0x20000000, isWritten = 0x80000000;
     constexpr std::uint32_t windowsXp = 5 | 1 << 16;
-    const std::uint32_t fileFlags = number(fileFlagsField(), 2).value_or(0);
-    const std::uint32_t protections = number(optional + protectionsField, 2).value_or(0);
+    const std::uint32_t fileFlags = number(fileFlagsField(), 2);
+    const std::uint32_t protections = number(optional + protectionsField, 2);
     bool isWrittenAndRun = false;
     for (std::uint64_t index = 0; index < sectionCount; ++index) {
-        const std::uint32_t flags =
-            number(sections + index * sectionSize + sectionFlagsField, 4).value_or(0);
+        const std::uint32_t flags = number(sections + index * sectionSize + sectionFlagsField, 4);
         isWrittenAndRun = isWrittenAndRun || ((flags & runs) != 0 && (flags & isWritten) != 0);
     }
     const std::pair<bool, const char*> lacks[] = {
         {(protections & dynamicBase) == 0 || (fileFlags & relocationsStripped) != 0 ||
-             number(directory(relocationDirectory) + 4, 4).value_or(0) == 0,
+             number(directory(relocationDirectory) + 4, 4) == 0,
          "it is not placed at random (ASLR)"},
         {(protections & dataIsNotRun) == 0, "its data can be run (no NX)"},
         {(protections & noHandlers) == 0,

@@ -2,12 +2,11 @@
 #pragma once
 
 #include <cstdint>
-#include <optional>
 #include <string>
 #include <string_view>
 #include <vector>
 
-#include "desk/executables/file_summary.h"
+#include "desk/whole_file.h"
 
 /// Answers from bytes that outlive it. What is asked beyond damage is asked of a whole executable.
 class Executable {
@@ -39,9 +38,10 @@ class Executable {
 
   private:
     Executable(std::string_view head, std::uint64_t size, std::uint64_t wordSum);
-    /// Little-endian; nothing behind the end.
-    [[nodiscard]] std::optional<std::uint32_t> number(std::uint64_t offset, int bytes) const;
-    [[nodiscard]] bool holds(std::uint64_t offset, std::uint64_t bytes) const;
+    /// Of the head; little-endian, 0 behind its end.
+    [[nodiscard]] std::uint32_t number(std::uint64_t offset, int bytes) const;
+    /// Whether the file reaches beyond the bytes that a header tells the size and the offset of.
+    [[nodiscard]] bool holds(std::uint64_t sizeField, std::uint64_t offsetField) const;
     /// Where the entry of a data directory lies.
     [[nodiscard]] std::uint64_t directory(std::uint64_t index) const;
     [[nodiscard]] bool reachesItsEnd() const;

@@ -1,12 +1,50 @@
 #include "desk/executables/signature.h"
 
-#include <CLI/CLI.hpp>
-#include <nlohmann/json.hpp>
+#include <sys/wait.h>
 
-#include "desk/executables/shell_command.h"
-#include "desk/refusal.h"
+#include <CLI/CLI.hpp>
+#include <chrono>
+#include <cstdio>
+#include <map>
+#include <thread>
+
+#include "desk/media/output_folder.h"
+#include "platform/ansi_text.h"
 
 namespace {
+
+struct CommandResult {
+    int exitCode = -1;   ///< -1: it was ended, or never started
+    std::string output;  ///< both of its outputs
+};
+
+/// Replaces each "{key}" of `command` by its value, quoted for the shell, and has that run it.
+CommandResult runCommand(std::string command, const std::map<std::string, std::string>& values) {
+    for (std::size_t start = 0; (start = command.find('{', start)) != std::string::npos;) {
+        const std::size_t size = command.substr(start).find('}');
+        const auto value = values.find(command.substr(start + 1, size - 1));
+        std::string text = "{";
+        if (size != std::string::npos && value != values.end()) {
+            text = '\'' + replaceAll(value->second, "'", "'\\''", false) + '\'';
+            command.erase(start, size);
+        }
+        command.replace(start, 1, text);
+        start += text.size();
+    }
+    CommandResult result;
+    std::FILE* const pipe = popen(("(" + command + "\n) 2>&1").c_str(), "r");
+    if (pipe == nullptr) {
+        result.output = "the shell cannot be started";
+        return result;
+    }
+    char buffer[4096];
+    while (const std::size_t count = std::fread(buffer, 1, sizeof buffer, pipe)) {
+        result.output.append(buffer, count);
+    }
+    const int status = pclose(pipe);
+    result.exitCode = WIFEXITED(status) ? WEXITSTATUS(status) : -1;
+    return result;
+}
 
 /// The rest of the line behind `prefix`; empty when the text does not hold that.
 std::string behind(const std::string& text, const std::string& prefix) {
@@ -16,6 +54,28 @@ std::string behind(const std::string& text, const std::string& prefix) {
     }
     const std::size_t start = found + prefix.size();
     return text.substr(start, text.find_first_of("\r\n", start) - start);
+}
+
+/// Runs a command that signs `file` in place or, where it says "{out}", into a file of its own. The
+/// error text; empty when it went well.
+std::string runOn(const fs::path& file, const std::string& command, const std::string& name) {
+    const std::string output = file.string() + ".signed";
+    std::error_code failure;
+    fs::remove(output, failure);
+    const CommandResult result =
+        runCommand(command, {{"in", file}, {"out", output}, {"name", name}});
+    stopWhenAsked();  // Control-C ended the command too
+    if (result.exitCode != 0) {
+        return result.output.empty() ? "it failed without a word" : result.output;
+    }
+    if (command.find("{out}") != std::string::npos) {
+        fs::rename(output, file, failure);
+    }
+    return failure ? "no output was made. " + result.output : "";
+}
+
+[[noreturn]] void refuse(const fs::path& file, const std::string& what, const std::string& reason) {
+    throw Refusal(inQuotes(file) + ' ' + what + ":\n" + reason);
 }
 
 }  // namespace
@@ -29,17 +89,17 @@ void addSignatureOptions(CLI::App& command, SignatureChoices& choices) {
                      "Count an installer as wrong whose signature is not good");
 }
 
-Json signatureOf(const std::filesystem::path& file, const Executable& executable,
+Json signatureOf(const fs::path& file, const Executable& executable,
                  const SignatureChoices& choices) {
     Json signature = noSignature();
     if (!executable.isSigned()) {
         return signature;
     }
-    const CommandResult result = runCommand(
-        std::string(
-            "timeout 60 osslsigncode verify -in {in}") +  // a damaged one can hold it for ever
-            (choices.authorities.empty() ? "" : " -CAfile {ca}"),
-        {{"in", file.string()}, {"ca", choices.authorities}});
+    // A damaged one can hold osslsigncode for ever.
+    const CommandResult result =
+        runCommand(std::string("timeout 60 osslsigncode verify -in {in}") +
+                       (choices.authorities.empty() ? "" : " -CAfile {ca}"),
+                   {{"in", file}, {"ca", choices.authorities}});
     signature["by"] = behind(result.output, "Subject: ");
     // The certificate is looked at only when the content is as it was signed.
     const std::string distrust = result.exitCode == 127 ? "osslsigncode is not installed"
@@ -74,12 +134,62 @@ std::string signatureProblem(const Json& signature, const SignatureChoices& choi
     return isWrong ? signatureInWords(signature) : "";
 }
 
-void requireUnsigned(const std::filesystem::path& existing) {
+void requireUnsigned(const fs::path& existing) {
     std::error_code failure;
-    if (std::filesystem::is_regular_file(existing, failure) &&
-        Executable(summarize(existing.string())).isSigned()) {
-        throw Refusal("\"" + existing.string() +
-                      "\" is signed, and what would replace it is not; sign it, name another "
+    if (fs::is_regular_file(existing, failure) && Executable(summarize(existing)).isSigned()) {
+        throw Refusal(inQuotes(existing) +
+                      " is signed, and what would replace it is not; sign it, name another "
                       "folder, or remove this one.");
+    }
+}
+
+void addSigningOptions(CLI::App& command, SigningChoices& choices) {
+    const CLI::Validator notEmpty(
+        [](const std::string& text) { return text.empty() ? "it is empty" : ""; }, "COMMAND");
+    CLI::Option* const signing =
+        command
+            .add_option("--sign-command", choices.command,
+                        "Signs an executable: any command, in which {in}, {out} and {name} are "
+                        "replaced; without {out} it signs in place")
+            ->check(notEmpty);
+    command
+        .add_option("--timestamp-command", choices.timestampCommand,
+                    "Adds the time stamp to a signed executable, as above; it is tried again when "
+                    "it fails, while a sign command is not: a token locks after wrong PINs")
+        ->check(notEmpty)
+        ->needs(signing);
+    command.add_option("--timestamp-attempts", choices.attempts, "How often it is tried")
+        ->check(CLI::Range(1, 100))
+        ->capture_default_str();
+    addSignatureOptions(command, choices.verification);
+}
+
+void sign(const fs::path& file, const std::string& name, const SigningChoices& choices) {
+    if (const std::string error = runOn(file, choices.command, name); !error.empty()) {
+        refuse(file, "cannot be signed; the sign command says", error);
+    }
+    for (unsigned attempt = 1; !choices.timestampCommand.empty(); ++attempt) {
+        const std::string error = runOn(file, choices.timestampCommand, name);
+        if (error.empty()) {
+            break;
+        }
+        if (attempt >= choices.attempts) {
+            refuse(file,
+                   "has no time stamp after " + std::to_string(attempt) +
+                       " attempts; the command says",
+                   error);
+        }
+        std::this_thread::sleep_for(std::chrono::seconds(1U << std::min(attempt, 6U)) / 2);
+    }
+    const FileSummary summary = summarize(file);
+    const Executable executable(summary);
+    if (const std::string damage = executable.damage(); !damage.empty()) {
+        refuse(file, "was damaged by the sign command", damage);
+    }
+    const Json signature = signatureOf(file, executable, choices.verification);
+    const bool mustVerify = !choices.verification.authorities.empty();
+    if (signature["state"] != "good" && (mustVerify || signature["state"] != "untrusted")) {
+        refuse(file, "is not signed as it should be although the sign command ended well",
+               signatureInWords(signature));
     }
 }

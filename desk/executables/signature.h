@@ -1,11 +1,9 @@
-// The signature of an executable, as osslsigncode verifies it.
+// Signatures of executables: made with commands that the caller names, verified by osslsigncode.
 #pragma once
-
-#include <filesystem>
-#include <string>
 
 #include "desk/executables/executable.h"
 #include "desk/json.h"
+#include "desk/whole_file.h"
 
 namespace CLI {
 class App;
@@ -23,7 +21,7 @@ void addSignatureOptions(CLI::App& command, SignatureChoices& choices);
 /// The signature as a document: "state" ("none", "good", "untrusted" or "broken"), "by" (the
 /// certificate's subject, such as "/O=Maker/CN=Name") and "reason" (of one that is not good).
 /// `executable` is the content of `file`, and whole.
-[[nodiscard]] Json signatureOf(const std::filesystem::path& file, const Executable& executable,
+[[nodiscard]] Json signatureOf(const fs::path& file, const Executable& executable,
                                const SignatureChoices& choices);
 
 /// The document of a file that is not signed.
@@ -37,4 +35,19 @@ void addSignatureOptions(CLI::App& command, SignatureChoices& choices);
 [[nodiscard]] std::string signatureProblem(const Json& signature, const SignatureChoices& choices);
 
 /// Throws Refusal when there is a signed installer, which an unsigned one would take the place of.
-void requireUnsigned(const std::filesystem::path& existing);
+void requireUnsigned(const fs::path& existing);
+
+struct SigningChoices {
+    std::string command;           ///< empty: nothing is signed
+    std::string timestampCommand;  ///< empty: none, or the first command does it
+    unsigned attempts = 5;         ///< at the time stamp
+    SignatureChoices verification;
+};
+
+/// Adds `--sign-command`, `--timestamp-command`, `--timestamp-attempts` and those of
+/// addSignatureOptions.
+void addSigningOptions(CLI::App& command, SigningChoices& choices);
+
+/// Signs the file, in place, and verifies that. `name` is what the signature says of it. Throws
+/// Refusal with what the commands say.
+void sign(const fs::path& file, const std::string& name, const SigningChoices& choices);

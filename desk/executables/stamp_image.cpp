@@ -1,25 +1,20 @@
 #include "desk/executables/stamp_image.h"
 
 #include <algorithm>
-#include <cctype>
-#include <cstddef>
+#include <array>
+#include <charconv>
+#include <cstring>
 #include <optional>
 
-#include "app/stamped_identity.h"
 #include "catalogue/product_traits.h"
 #include "desk/executables/executable.h"
-#include "desk/executables/version_stamp.h"
-#include "desk/media/product_data.h"
-#include "desk/refusal.h"
 #include "desk/western_text.h"
 #include "desk/whole_file.h"
 #include "platform/ansi_text.h"
 
 namespace {
 
-void writeText(std::string& image, std::size_t offset, std::size_t size, std::string_view text) {
-    image.replace(offset, size, std::string(text) + std::string(size - text.size(), '\0'));
-}
+constexpr std::size_t longestName = sizeof StampedIdentity::productName - 1;
 
 /// Where the block is; nothing when it is not there exactly once.
 std::optional<std::size_t> findBlock(std::string_view image) {
@@ -31,34 +26,138 @@ std::optional<std::size_t> findBlock(std::string_view image) {
     return isThere ? std::optional(block) : std::nullopt;
 }
 
-std::string_view readText(std::string_view image, std::size_t offset, std::size_t size) {
-    const std::string_view bytes = image.substr(offset, size);
-    return bytes.substr(0, bytes.find('\0'));
+using BuildNumbers = std::array<unsigned, 4>;
+
+/// The numbers of a build; nothing when the text is not four numbers from 0 to 65535, separated by
+/// dots: version resources hold no others.
+std::optional<BuildNumbers> buildNumbers(std::string_view build) {
+    BuildNumbers numbers{};
+    const char* position = build.data();
+    const char* const end = position + build.size();
+    for (unsigned& number : numbers) {
+        if (&number != numbers.data() && (position == end || *position++ != '.')) {
+            return std::nullopt;
+        }
+        const auto [next, failure] = std::from_chars(position, end, number);
+        if (failure != std::errc() || number > 0xFFFF) {
+            return std::nullopt;
+        }
+        position = next;
+    }
+    return position == end ? std::optional(numbers) : std::nullopt;
 }
 
-std::string upperCase(std::string text) {
-    for (char& character : text) {
-        character = static_cast<char>(std::toupper(static_cast<unsigned char>(character)));
+// VS_VERSIONINFO and String of verrsrc.h: length of the whole node in bytes, length of the value
+// (of a text: in characters, terminator included), type (1: text), key, value at a multiple of
+// four bytes.
+constexpr std::size_t headerSize = 6;
+constexpr std::size_t valueLengthField = 2;
+constexpr std::size_t typeField = 4;
+
+std::string utf16(std::string_view text) {
+    std::string wide;
+    for (const char character : text) {
+        wide += character;
+        wide += '\0';
     }
-    return text;
+    return wide;
+}
+
+/// `offset` lies in the image with two bytes at least.
+std::size_t shortAt(std::string_view image, std::size_t offset) {
+    return static_cast<unsigned char>(image[offset]) |
+           static_cast<std::size_t>(static_cast<unsigned char>(image[offset + 1])) << 8;
+}
+
+void setShort(std::string& image, std::size_t offset, std::size_t number) {
+    image[offset] = static_cast<char>(number);
+    image[offset + 1] = static_cast<char>(number >> 8);
+}
+
+/// A node of the resource, within the image.
+struct Node {
+    std::size_t start = 0;
+    std::size_t value = 0;
+    std::size_t end = 0;
+};
+
+/// The node with this key between two offsets, when there is exactly one.
+std::optional<Node> findNode(std::string_view image, std::string_view key, std::size_t from,
+                             std::size_t to) {
+    const std::string wide = utf16(key) + std::string(2, '\0');
+    const std::string_view range = image.substr(0, to);
+    const std::size_t found = range.find(wide, from + headerSize);
+    if (found == std::string_view::npos || range.find(wide, found + 1) != std::string_view::npos) {
+        return std::nullopt;
+    }
+    const std::size_t start = found - headerSize;
+    const Node node{start, (found + wide.size() + 3) / 4 * 4, start + shortAt(image, start)};
+    if (start % 4 != 0 || node.end > to || node.value > node.end) {
+        return std::nullopt;
+    }
+    return node;
+}
+
+std::optional<Node> findVersion(std::string_view image) {
+    return findNode(image, "VS_VERSION_INFO", 0, image.size());
+}
+
+std::optional<Node> findText(std::string_view image, std::string_view key) {
+    const std::optional<Node> version = findVersion(image);
+    std::optional<Node> text;
+    if (version) {
+        text = findNode(image, key, version->value, version->end);
+    }
+    return text && shortAt(image, text->start + typeField) == 1 ? text : std::nullopt;
+}
+
+void setText(std::string& image, std::string_view key, std::string_view text) {
+    const std::optional<Node> node = findText(image, key);
+    const std::string wide = utf16(text) + std::string(2, '\0');
+    if (!node || wide.size() > node->end - node->value) {
+        return;
+    }
+    const std::size_t room = node->end - node->value;
+    image.replace(node->value, room, wide + std::string(room - wide.size(), '\0'));
+    setShort(image, node->start + valueLengthField, wide.size() / 2);
+}
+
+/// The product's version in VS_FIXEDFILEINFO, whose halves stand high word first.
+void setProductVersion(std::string& image, const BuildNumbers& build) {
+    constexpr std::size_t size = 52;
+    constexpr std::size_t productVersion = 16;
+    const std::optional<Node> version = findVersion(image);
+    if (!version || version->end - version->value < size ||
+        image.compare(version->value, 4, "\xBD\x04\xEF\xFE") != 0) {
+        return;
+    }
+    const std::size_t field = version->value + productVersion;
+    for (const std::size_t part : {0, 1, 2, 3}) {
+        setShort(image, field + (part ^ 1) * 2, build[part]);
+    }
+}
+
+void stampVersion(std::string& image, std::string_view name, std::string_view build) {
+    setText(image, "ProductName", name);
+    setText(image, "FileDescription", std::string(name) + " Installation");
+    const std::optional<BuildNumbers> numbers = buildNumbers(build);
+    if (numbers) {
+        setProductVersion(image, *numbers);
+    }
+    // Without the blanks that made the room.
+    setText(image, "ProductVersion",
+            numbers ? std::string(build) : versionText(image, "ProductVersion").value_or(""));
 }
 
 }  // namespace
 
-StampedCode chooseStampedCode(const CProductData& catalogue, std::string_view given) {
-    for (const auto& [code, name] : catalogue.ProductNames) {
-        if (!equalIgnoringCase(given, code)) {
-            continue;
-        }
-        StampedCode stamped{traitsOf(code).freeViewer ? upperCase(code) : code, ""};
-        if (given != stamped.code && given != code) {
-            stamped.note =
-                "stamped as \"" + stamped.code + "\", the form that the installer looks up";
-        }
-        return stamped;
+std::string stampedCode(const CProductData& catalogue, std::string_view given) {
+    const auto product = catalogue.ProductNames.find(lowerCase(given));
+    if (product == catalogue.ProductNames.end()) {
+        throw Refusal("No product with code " + inQuotes(std::string(given)) +
+                      " can be installed; \"installer-tool products\" shows those that can.");
     }
-    throw Refusal("No product with code \"" + std::string(given) +
-                  "\" can be installed; \"installer-tool products\" shows those that can.");
+    return traitsOf(product->first).freeViewer ? "1Q" : product->first;
 }
 
 void stampImage(std::string& image, std::string_view code, std::string_view name,
@@ -66,7 +165,7 @@ void stampImage(std::string& image, std::string_view code, std::string_view name
     if (code.empty() || code.size() >= sizeof StampedIdentity::productCode) {
         throw Refusal("the product code is empty or too long");
     }
-    if (name.empty() || name.size() > longestStampedName) {
+    if (name.empty() || name.size() > longestName) {
         throw Refusal("the product name is empty or too long; it has room for 103 characters");
     }
     const Executable executable(image);
@@ -79,18 +178,18 @@ void stampImage(std::string& image, std::string_view code, std::string_view name
             "it is signed, and stamping would break the signature; stamp the unsigned installer, "
             "then sign");
     }
-    const std::optional<std::size_t> found = findBlock(image);
-    if (!found) {
+    const std::optional<std::size_t> offset = findBlock(image);
+    if (!offset) {
         throw Refusal(
             "it does not have room for a product's identity exactly once, so it is none of our "
             "installers; name the built one");
     }
-    const std::size_t block = *found;
     stampVersion(image, name, build);
-    writeText(image, block + offsetof(StampedIdentity, productCode),
-              sizeof StampedIdentity::productCode, code);
-    writeText(image, block + offsetof(StampedIdentity, productName),
-              sizeof StampedIdentity::productName, name);
+    StampedIdentity block{};
+    std::copy(std::begin(stampMarker), std::end(stampMarker), block.marker);
+    code.copy(block.productCode, code.size());
+    name.copy(block.productName, name.size());
+    std::memcpy(image.data() + *offset, &block, sizeof block);
     // IMAGE_FILE_REMOVABLE_RUN_FROM_SWAP and IMAGE_FILE_NET_RUN_FROM_SWAP (winnt.h), which the
     // linker has no option for: a disc taken out or a share that is gone does not end the program.
     char& fileFlags = image[static_cast<std::size_t>(executable.fileFlagsField()) + 1];
@@ -104,45 +203,45 @@ void stampImage(std::string& image, std::string_view code, std::string_view name
 }
 
 bool readStamp(std::string_view image, std::string& code, std::string& name) {
-    const std::optional<std::size_t> block = findBlock(image);
-    if (!block) {
-        return false;
+    const std::optional<std::size_t> offset = findBlock(image);
+    if (offset) {
+        StampedIdentity block;
+        std::memcpy(&block, image.data() + *offset, sizeof block);
+        code.assign(block.productCode, strnlen(block.productCode, sizeof block.productCode));
+        name.assign(block.productName, strnlen(block.productName, sizeof block.productName));
     }
-    code = readText(image, *block + offsetof(StampedIdentity, productCode),
-                    sizeof StampedIdentity::productCode);
-    name = readText(image, *block + offsetof(StampedIdentity, productName),
-                    sizeof StampedIdentity::productName);
-    return true;
+    return offset.has_value();
 }
 
-ProductStamp chooseStamp(CProductData& catalogue, const std::string& code, const std::string& name,
-                         const std::string& build) {
-    ProductStamp stamp;
-    const StampedCode stamped = chooseStampedCode(catalogue, code);
-    stamp.code = stamped.code;
-    if (!stamped.note.empty()) {
-        stamp.notes.push_back("the code \"" + code + "\" is " + stamped.note);
+ProductStamp chooseStamp(const CProductData& catalogue, const std::string& code,
+                         const std::string& name, const std::string& build) {
+    ProductStamp stamp{stampedCode(catalogue, code), name, build, {}};
+    const auto& [ownCode, ownName] = *catalogue.ProductNames.find(lowerCase(code));
+    if (code != stamp.code && code != ownCode) {
+        stamp.notes.push_back("the code " + inQuotes(code) + " is stamped as " +
+                              inQuotes(stamp.code) + ", the form that the installer looks up");
     }
-    const std::string ownName = catalogue.ProductNames.find(lowerCase(stamp.code))->second;
-    stamp.name = name.empty() ? ownName : name;
+    if (name.empty()) {
+        stamp.name = ownName;
+    }
     if (stamp.name != ownName) {
-        stamp.notes.push_back("the dialog's title will say \"" + toUtf8(stamp.name) +
-                              "\", the program folder \"" + ownName +
-                              "\"; leave the name out to have both agree");
+        stamp.notes.push_back("the dialog's title will say " + inQuotes(toUtf8(stamp.name)) +
+                              ", the program folder " + inQuotes(ownName) +
+                              "; leave the name out to have both agree");
     }
-    if (stamp.name.size() > longestStampedName) {
-        throw Refusal("The name \"" + toUtf8(stamp.name) + "\" does not fit: it has " +
+    if (stamp.name.size() > longestName) {
+        throw Refusal("The name " + inQuotes(toUtf8(stamp.name)) + " does not fit: it has " +
                       std::to_string(stamp.name.size()) + " characters, and there is room for " +
-                      std::to_string(longestStampedName) + ". Name the product more shortly.");
+                      std::to_string(longestName) + ". Name the product more shortly.");
     }
     const auto isAscii = [](char character) { return character >= ' ' && character <= '~'; };
     if (!std::all_of(stamp.name.begin(), stamp.name.end(), isAscii)) {
         stamp.notes.push_back("the name holds characters that each code page shows in its own way");
     }
-    if (!build.empty()) {
-        requireBuildNumbers(build);
+    if (!build.empty() && !buildNumbers(build)) {
+        throw Refusal("The build " + inQuotes(build) +
+                      " is not four numbers from 0 to 65535, such as 16.4.12000.0.");
     }
-    stamp.build = build;
     return stamp;
 }
 
@@ -151,21 +250,38 @@ std::string readInstaller(const std::string& file) {
     readInPieces(file, [&](std::string_view piece) {
         image += piece;
         if (image.size() > largestInstaller) {
-            throw Refusal("\"" + file + "\" is larger than any installer.");
+            throw Refusal(inQuotes(file) + " is larger than any installer.");
         }
     });
     return image;
 }
 
-std::string stampedInstaller(std::string image, const std::string& file,
-                             const ProductStamp& stamp) {
+std::string stampedInstaller(const std::string& file, const ProductStamp& stamp) {
+    std::string image = readInstaller(file);
     try {
         if (const std::string damage = Executable(image).damage(); !damage.empty()) {
             throw Refusal(damage);
         }
         stampImage(image, stamp.code, stamp.name, stamp.build);
     } catch (const Refusal& reason) {
-        throw Refusal("\"" + file + "\" cannot be stamped: " + reason.what() + '.');
+        throw Refusal(inQuotes(file) + " cannot be stamped: " + reason.what() + '.');
     }
     return image;
+}
+
+std::optional<std::string> versionText(std::string_view image, std::string_view key) {
+    const std::optional<Node> node = findText(image, key);
+    if (!node) {
+        return std::nullopt;
+    }
+    std::string text;
+    for (std::size_t offset = node->value; offset + 2 <= node->end; offset += 2) {
+        const std::size_t character = shortAt(image, offset);
+        if (character == 0) {
+            break;
+        }
+        text += character < 0x80 ? static_cast<char>(character) : '?';
+    }
+    text.erase(text.find_last_not_of(' ') + 1);
+    return text;
 }

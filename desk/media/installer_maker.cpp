@@ -4,12 +4,8 @@
 #include <atomic>
 #include <future>
 
-#include "desk/executables/file_summary.h"
-#include "desk/refusal.h"
 #include "desk/western_text.h"
 #include "desk/whole_file.h"
-
-namespace fs = std::filesystem;
 
 namespace {
 
@@ -36,32 +32,23 @@ void inParallel(std::size_t count, unsigned jobs, Work work) {
     }
 }
 
-/// Tells one choice of settings from another.
-std::string settingsOf(const std::vector<InstallerOrder>& orders,
-                       const std::vector<std::string>& images, const SigningChoices& signing) {
-    std::string all = signing.command + '\n' + signing.timestampCommand + '\n';
-    for (std::size_t index = 0; index < orders.size(); ++index) {
-        all += orders[index].path + ' ' + sha256(images[index]) + '\n';
-    }
-    return sha256(all);
-}
-
 }  // namespace
 
 fs::path makeInstallers(const std::vector<InstallerOrder>& orders, const SigningChoices& signing,
                         unsigned jobs, OutputFolder& output) {
     std::vector<std::string> images;
+    std::string settings = signing.command + '\n' + signing.timestampCommand + '\n';
     for (const InstallerOrder& order : orders) {
-        images.push_back(
-            stampedInstaller(readInstaller(order.installer), order.installer, order.stamp));
+        images.push_back(stampedInstaller(order.installer, order.stamp));
+        settings += order.path + ' ' + sha256(images.back()) + '\n';
     }
-    const fs::path folder = output.resumable(settingsOf(orders, images, signing));
+    const fs::path folder = output.resumable(sha256(settings));
     std::atomic<std::size_t> kept = 0;
     try {
         inParallel(orders.size(), jobs, [&](std::size_t index) {
             const fs::path file = folder / orders[index].path;
             if (signing.command.empty()) {
-                writeOutput(file.string(), images[index]);
+                writeOutput(file, images[index]);
             } else if (fs::exists(file)) {
                 ++kept;
             } else {

@@ -5,7 +5,7 @@
 #include <string>
 #include <vector>
 
-#include "desk/executables/signing.h"
+#include "desk/executables/signature.h"
 #include "desk/executables/stamp_image.h"
 #include "desk/media/output_folder.h"
 

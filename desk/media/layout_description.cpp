@@ -1,18 +1,17 @@
 #include "desk/media/layout_description.h"
 
 #include <algorithm>
+#include <cstring>
 #include <map>
 
 #include "app/direct_install.h"
 #include "app/setup_parameters.h"
 #include "catalogue/product_catalogue.h"
+#include "desk/media/product_facts.h"
 #include "desk/media/release_folder.h"
-#include "desk/refusal.h"
 #include "desk/western_text.h"
 #include "drivers/driver_installation.h"
 #include "platform/ansi_text.h"
-
-namespace fs = std::filesystem;
 
 namespace {
 
@@ -40,16 +39,16 @@ LayoutDescription::LayoutDescription(const std::string& descriptionFile,
     }
     for (const auto& [code, entries] : document.at("products").items()) {
         if (!CProductData().ProductNames.contains(lowerCase(code))) {
-            refuse("\"" + code +
-                   "\" in \"products\" is no product's code; \"installer-tool products\" shows "
-                   "them.");
+            refuse(
+                inQuotes(code) +
+                " in \"products\" is no product's code; \"installer-tool products\" shows them.");
         }
         requireKnown(entries, "product " + code);
     }
 }
 
 void LayoutDescription::refuse(const std::string& what) const {
-    throw Refusal("\"" + file + "\": " + what);
+    throw Refusal(inQuotes(file) + ": " + what);
 }
 
 void LayoutDescription::requireKnown(const Json& entries, const std::string& where) const {
@@ -65,7 +64,7 @@ void LayoutDescription::requireKnown(const Json& entries, const std::string& whe
                 : kind != kinds.end() && (isGeneral || key != "release") &&
                       (kind->second == Kind::Choice ? value.is_boolean() : value.is_string());
         if (!isKnown) {
-            refuse("the entry \"" + key + "\" in " + where +
+            refuse("the entry " + inQuotes(key) + " in " + where +
                    " is not known or of the wrong kind; \"installer-tool layout --example\" shows "
                    "the entries.");
         }
@@ -75,7 +74,7 @@ void LayoutDescription::requireKnown(const Json& entries, const std::string& whe
 void LayoutDescription::set(const std::string& setting) {
     const std::size_t sign = setting.find('='), dot = setting.find('.');
     if (sign == std::string::npos) {
-        throw Refusal("The setting \"" + setting + "\" is not KEY=VALUE or CODE.KEY=VALUE.");
+        throw Refusal("The setting " + inQuotes(setting) + " is not KEY=VALUE or CODE.KEY=VALUE.");
     }
     const std::size_t start = dot < sign ? dot + 1 : 0;
     const std::string key = setting.substr(start, sign - start), value = setting.substr(sign + 1);
@@ -90,7 +89,7 @@ void LayoutDescription::set(const std::string& setting) {
     if (kind == Kind::Choice && (value == "true" || value == "false")) {
         entries[key] = value == "true";
     }
-    requireKnown(entries, '"' + setting + '"');
+    requireKnown(entries, inQuotes(setting));
     if (value.empty()) {
         entries.erase(key);
     }
@@ -115,10 +114,11 @@ Json LayoutDescription::find(const std::string& code, const std::string& key) co
 std::string LayoutDescription::text(const std::string& code, const std::string& key,
                                     const char* otherwise) const {
     const Json found = find(code, key);
-    std::string value =
-        found.is_null() ? (otherwise == nullptr ? "" : otherwise) : found.get<std::string>();
+    const char* const none = otherwise == nullptr ? "" : otherwise;
+    std::string value = found.is_null() ? none : found.get<std::string>();
     if (value.empty() && otherwise == nullptr) {
-        refuse("there is no entry \"" + key + "\", which product " + code + " needs; add it.");
+        refuse("there is no entry " + inQuotes(key) + ", which product " + code +
+               " needs; add it.");
     }
     return value;
 }
@@ -135,14 +135,13 @@ bool LayoutDescription::has(const std::string& code, const std::string& key) con
 
 std::string LayoutDescription::installerName(const std::string& code) const {
     std::string name = text(code, "installerName", installerFile);
-    const bool isPlain = std::all_of(name.begin(), name.end(), [](char character) {
-        return character >= ' ' && character <= '~' &&
-               std::string_view("\\/:*?\"<>|%").find(character) == std::string_view::npos;
+    const bool isPlain = std::ranges::all_of(name, [](char character) {
+        return character >= ' ' && character <= '~' && !std::strchr("\\/:*?\"<>|%", character);
     });
     // Windows starts nothing else, and "install.cmd" is read in another code page than the rest.
     if (!isPlain || name.size() < 5 || !lowerCase(name).ends_with(".exe")) {
-        refuse("\"installerName\" is \"" + name +
-               "\", which is no name of a program: letters of English, digits, blanks and signs, "
+        refuse("\"installerName\" is " + inQuotes(name) +
+               ", which is no name of a program: letters of English, digits, blanks and signs, "
                "ending in .exe.");
     }
     return name;
@@ -151,7 +150,7 @@ std::string LayoutDescription::installerName(const std::string& code) const {
 bool LayoutDescription::isEnciphered(const std::string& code) const {
     const std::string form = text(code, "productData", "enciphered");
     if (form != "enciphered" && form != "plain") {
-        refuse("\"productData\" is \"" + form + "\"; it can be \"enciphered\" or \"plain\".");
+        refuse("\"productData\" is " + inQuotes(form) + "; it can be \"enciphered\" or \"plain\".");
     }
     return form == "enciphered";
 }

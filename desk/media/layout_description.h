@@ -1,13 +1,11 @@
 // The description of media, in JSON; comments are allowed in it.
 #pragma once
 
-#include <filesystem>
-#include <nlohmann/json.hpp>
-#include <optional>
 #include <string>
 #include <vector>
 
 #include "desk/json.h"
+#include "desk/whole_file.h"
 
 /// A complete description with explanations.
 extern const char* const exampleLayoutDescription;
@@ -31,12 +29,11 @@ class LayoutDescription {
     /// An entry's text; `otherwise`, unless that is null, where there is none.
     [[nodiscard]] std::string text(const std::string& code, const std::string& key,
                                    const char* otherwise = nullptr) const;
-    [[nodiscard]] std::filesystem::path path(const std::string& code, const std::string& key) const;
+    [[nodiscard]] fs::path path(const std::string& code, const std::string& key) const;
     [[nodiscard]] std::string installerName(const std::string& code) const;
     [[nodiscard]] bool isEnciphered(const std::string& code) const;
     /// Where a file that the run needs lies.
-    [[nodiscard]] std::filesystem::path source(const std::string& code,
-                                               const std::string& mediaFile) const;
+    [[nodiscard]] fs::path source(const std::string& code, const std::string& mediaFile) const;
 
   private:
     void set(const std::string& setting);

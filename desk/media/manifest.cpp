@@ -1,14 +1,7 @@
 #include "desk/media/manifest.h"
 
 #include <algorithm>
-#include <nlohmann/json.hpp>
 #include <sstream>
-
-#include "desk/executables/file_summary.h"
-#include "desk/refusal.h"
-#include "desk/whole_file.h"
-
-namespace fs = std::filesystem;
 
 std::string asList(const Digests& digests) {
     std::string text;
@@ -20,13 +13,13 @@ std::string asList(const Digests& digests) {
 
 Digests readList(const fs::path& list) {
     Digests digests;
-    std::istringstream lines(readInput(list.string()));
+    std::istringstream lines(readInput(list));
     for (std::string line; std::getline(lines, line);) {
         constexpr std::size_t digestSize = 64;
         if (line.size() < digestSize + 3 || line[digestSize] != ' ' ||
             !digests.emplace(line.substr(digestSize + 2), line.substr(0, digestSize)).second) {
-            throw Refusal("\"" + list.string() +
-                          "\": a line is no checksum or names a file again: " + line);
+            throw Refusal(inQuotes(list) +
+                          ": a line is no checksum or names a file again: " + line);
         }
     }
     return digests;
@@ -76,7 +69,7 @@ std::vector<FileProblem> compareWithList(const fs::path& folder, const std::stri
             }
             if (listed == digests.end()) {
                 problems.push_back({file, "does not stand in " + list});
-            } else if (summarize((folder / file).string()).digest != listed->second) {
+            } else if (summarize(folder / file).digest != listed->second) {
                 problems.push_back(
                     {file, "differs from its checksum in " + list + ": it was damaged or changed"});
             }
@@ -100,8 +93,8 @@ void requireReplaceable(const fs::path& folder, const std::string& list) {
         return;
     }
     if (fs::is_symlink(folder, failure) || !fs::is_directory(folder, failure)) {
-        throw Refusal("\"" + folder.string() +
-                      "\" is a link or no folder, and is left alone; remove it or name another.");
+        throw Refusal(inQuotes(folder) +
+                      " is a link or no folder, and is left alone; remove it or name another.");
     }
     const auto leaveOutOurs = [](std::vector<FileProblem>& problems) {
         std::erase_if(problems,
@@ -118,8 +111,8 @@ void requireReplaceable(const fs::path& folder, const std::string& list) {
         for (const FileProblem& problem : problems) {
             told += "\n  " + asLine(problem);
         }
-        throw Refusal("\"" + folder.string() +
-                      "\" holds something else than was made here, which is left alone; remove it "
+        throw Refusal(inQuotes(folder) +
+                      " holds something else than was made here, which is left alone; remove it "
                       "or name another folder:" +
                       told);
     }

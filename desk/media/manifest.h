@@ -1,12 +1,12 @@
 // Lists of files with their SHA-256 digests, in the form that sha256sum writes and checks.
 #pragma once
 
-#include <filesystem>
 #include <map>
 #include <string>
 #include <vector>
 
 #include "desk/json.h"
+#include "desk/whole_file.h"
 
 inline constexpr const char* manifestFile = "MANIFEST.sha256";  ///< of a media folder
 inline constexpr const char* checksumsFile = "SHA256SUMS";      ///< of a release
@@ -27,17 +27,17 @@ void to_json(Json& json, const FileProblem& problem);
 [[nodiscard]] std::string asList(const Digests& digests);
 
 /// Throws Refusal when the list cannot be read or holds something else.
-[[nodiscard]] Digests readList(const std::filesystem::path& list);
+[[nodiscard]] Digests readList(const fs::path& list);
 
 /// The files of a folder and those below. Links, devices and what cannot be read, which no folder
 /// of ours holds, go to `problems`.
-[[nodiscard]] std::vector<std::string> filesBelow(const std::filesystem::path& folder,
+[[nodiscard]] std::vector<std::string> filesBelow(const fs::path& folder,
                                                   std::vector<FileProblem>& problems);
 
 /// Holds a folder against the list in it; the same problem is never told twice.
-[[nodiscard]] std::vector<FileProblem> compareWithList(const std::filesystem::path& folder,
+[[nodiscard]] std::vector<FileProblem> compareWithList(const fs::path& folder,
                                                        const std::string& list);
 
 /// Throws Refusal, which names what would be lost, when the folder holds anything but what its list
 /// says, byte for byte. A folder that is empty or not there holds nothing.
-void requireReplaceable(const std::filesystem::path& folder, const std::string& list);
+void requireReplaceable(const fs::path& folder, const std::string& list);

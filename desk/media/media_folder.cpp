@@ -4,11 +4,9 @@
 
 #include "desk/executables/executable.h"
 #include "desk/executables/stamp_image.h"
-#include "desk/refusal.h"
-#include "desk/whole_file.h"
+#include "desk/json.h"
+#include "desk/media/product_facts.h"
 #include "platform/ansi_text.h"
-
-namespace fs = std::filesystem;
 
 namespace {
 
@@ -17,12 +15,6 @@ bool isExecutable(const fs::path& path) {
 }
 
 }  // namespace
-
-std::string damageOf(const fs::path& file, const FileSummary& summary) {
-    return summary.size == 0    ? "it is empty"
-           : isExecutable(file) ? Executable(summary).damage()
-                                : "";
-}
 
 std::optional<fs::path> findInFolder(const fs::path& folder, const std::string& name) {
     std::error_code error;
@@ -39,9 +31,15 @@ std::optional<fs::path> findInFolder(const fs::path& folder, const std::string& 
     return found;
 }
 
+std::string damageOf(const fs::path& file, const FileSummary& summary) {
+    return summary.size == 0    ? "it is empty"
+           : isExecutable(file) ? Executable(summary).damage()
+                                : "";
+}
+
 std::string damageOf(const fs::path& file) {
     try {
-        return damageOf(file, summarize(file.string()));
+        return damageOf(file, summarize(file));
     } catch (const Refusal& reason) {
         return reason.what();
     }
@@ -52,32 +50,51 @@ fs::path findInstaller(const fs::path& folder) {
         return *path;
     }
     std::vector<fs::path> found;
-    std::error_code failure;
-    for (const fs::directory_entry& entry : fs::directory_iterator(folder, failure)) {
+    for (const fs::path& file : entriesIn(folder)) {
         std::error_code ignored;
         std::string code, name;
-        if (isExecutable(entry.path()) && entry.file_size(ignored) <= largestInstaller &&
-            readStamp(readWholeFile(entry.path().string()).value_or(""), code, name)) {
-            found.push_back(entry.path());
+        if (isExecutable(file) && fs::file_size(file, ignored) <= largestInstaller &&
+            readStamp(readWholeFile(file).value_or(""), code, name)) {
+            found.push_back(file);
         }
     }
     if (found.size() != 1) {
-        throw Refusal(failure         ? "The folder cannot be read: " + failure.message() + "."
-                      : found.empty() ? "There is no stamped installer."
-                                      : "There is more than one stamped installer.");
+        throw Refusal(found.empty() ? "There is no stamped installer."
+                                    : "There is more than one stamped installer.");
     }
     return found.front();
 }
 
 std::vector<fs::path> entriesIn(const fs::path& folder) {
-    std::vector<fs::path> entries;
     std::error_code failure;
-    for (const fs::directory_entry& entry : fs::directory_iterator(folder, failure)) {
-        entries.push_back(entry.path());
-    }
+    const fs::directory_iterator found(folder, failure);
     if (failure) {
-        throw Refusal("\"" + folder.string() + "\" cannot be read: " + failure.message() + '.');
+        throw Refusal(inQuotes(folder) + " cannot be read: " + failure.message() + '.');
     }
+    std::vector<fs::path> entries(begin(found), end(found));
     std::sort(entries.begin(), entries.end());
     return entries;
+}
+
+MediaSet readMediaSet(const fs::path& folder) {
+    MediaSet set;
+    const fs::path file = folder / mediaSetFile;
+    try {
+        const Json document = readJson(file);
+        for (const Json& member : document.at("media")) {
+            set[folderOf(member.at("code"))] = {member.at("build"), member.at("manifest")};
+        }
+    } catch (const Json::exception&) {
+        throw Refusal(inQuotes(file) + " is no list of media that \"layout\" wrote.");
+    }
+    return set;
+}
+
+std::string asText(const MediaSet& set) {
+    Json document = {{"media", Json::array()}};
+    for (const auto& [code, member] : set) {
+        document["media"].push_back(
+            {{"code", code}, {"build", member.build}, {"manifest", member.manifest}});
+    }
+    return document.dump(2) + '\n';
 }

@@ -1,17 +1,15 @@
 #include "desk/media/media_plan.h"
 
 #include <algorithm>
+#include <cstring>
 
 #include "catalogue/cipher.h"
 #include "desk/media/media_folder.h"
 #include "desk/media/output_folder.h"
 #include "desk/media/product_data.h"
-#include "desk/refusal.h"
 #include "desk/western_text.h"
 #include "desk/whole_file.h"
 #include "platform/ansi_text.h"
-
-namespace fs = std::filesystem;
 
 namespace {
 
@@ -41,9 +39,9 @@ class Planner {
     }
     void addSource(const std::string& name, const fs::path& source) {
         step([&] {
-            const FileSummary summary = summarize(source.string());
+            const FileSummary summary = summarize(source);
             if (const std::string damage = damageOf(source, summary); !damage.empty()) {
-                problem('"' + source.string() + "\": " + damage + '.');
+                problem(inQuotes(source) + ": " + damage + '.');
             }
             add({name, "", source, summary.digest});
         });
@@ -59,7 +57,7 @@ class Planner {
             if (!one.file.empty() && fs::is_regular_file(folder / one.file)) {
                 addContent(folder, one.file);
             } else {
-                problem('"' + (folder / one.file).string() + "\", of the contents of product " +
+                problem(inQuotes(folder / one.file) + ", of the contents of product " +
                         media.facts.code + ", " + one.what + '.');
             }
         }
@@ -67,11 +65,11 @@ class Planner {
 
   private:
     void addContent(const fs::path& folder, const std::string& name) {
-        if (std::any_of(name.begin(), name.end(), [](char character) {
-                return (character >= 0 && character < ' ') ||
-                       std::string_view("\\:*?\"<>|").find(character) != std::string_view::npos;
-            })) {
-            problem('"' + (folder / name).string() + "\" has a name that Windows does not allow.");
+        const bool isPlain = std::ranges::none_of(name, [](char character) {
+            return (character >= 0 && character < ' ') || std::strchr("\\:*?\"<>|", character);
+        });
+        if (!isPlain) {
+            problem(inQuotes(folder / name) + " has a name that Windows does not allow.");
         }
         addSource(name, folder / name);
     }
@@ -79,15 +77,14 @@ class Planner {
     void add(PlannedFile file) {
         for (const PlannedFile& other : media.files) {
             if (equalIgnoringCase(other.name, file.name)) {
-                problem("\"" + file.name + "\" of product " + media.facts.code +
-                        " comes twice: from \"" + file.source.string() + "\" and " +
-                        (isMade(other) ? "made here" : '"' + other.source.string() + '"') +
+                problem(inQuotes(file.name) + " of product " + media.facts.code +
+                        " comes twice: from " + inQuotes(file.source) + " and " +
+                        (other.source.empty() ? "made here" : inQuotes(other.source)) +
                         "; leave one out.");
             }
         }
         media.files.push_back(std::move(file));
     }
-    static bool isMade(const PlannedFile& file) { return file.source.empty(); }
 
     MediaPlan& media;
     std::vector<std::string>& problems;
@@ -112,9 +109,8 @@ MediaPlan planMedia(const LayoutDescription& description, const ProductFacts& fa
     planner.step([&] { media.installerName = description.installerName(facts.code); });
     planner.step([&] {
         media.build = description.text(facts.code, "build");
-        CProductData catalogue;
         media.stamp =
-            chooseStamp(catalogue, facts.code,
+            chooseStamp(CProductData(), facts.code,
                         requireWestern(description.text(facts.code, "name", "")), media.build);
     });
     planner.step([&] {
@@ -154,10 +150,10 @@ void makeMedia(const MediaPlan& media, const fs::path& folder, bool links) {
         stopWhenAsked();
         const fs::path target = folder / file.name;
         if (file.source.empty()) {
-            writeOutput(target.string(), file.bytes);
+            writeOutput(target, file.bytes);
             continue;
         }
-        makeFolder(target.parent_path().string());
+        makeFolder(target.parent_path());
         std::error_code failure;
         if (links) {
             // A link of a link would not be a file of its own right.
@@ -167,11 +163,11 @@ void makeMedia(const MediaPlan& media, const fs::path& folder, bool links) {
             fs::copy_file(file.source, target, failure);
         }
         if (failure) {
-            throw Refusal("\"" + file.source.string() + "\" cannot be copied to \"" +
-                          target.string() + "\": " + failure.message() + '.');
+            throw Refusal(inQuotes(file.source) + " cannot be copied to " + inQuotes(target) +
+                          ": " + failure.message() + '.');
         }
     }
-    writeOutput((folder / manifestFile).string(), manifestOf(media));
+    writeOutput(folder / manifestFile, manifestOf(media));
     const std::vector<FileProblem> problems = compareWithList(folder, manifestFile);
     if (!problems.empty()) {
         throw Refusal("The media of product " + media.facts.code +

@@ -2,11 +2,9 @@
 // whole and signed; worked out by the installer's own decisions.
 #pragma once
 
-#include <filesystem>
 #include <string>
 #include <vector>
 
-#include "app/install_plan.h"
 #include "desk/computer/machine_description.h"
 #include "desk/executables/signature.h"
 #include "desk/json.h"
@@ -21,30 +19,16 @@ struct MediaChoices {
 /// The report as a document ("media" in docs/formats.md), UTF-8, with a dry run on each machine.
 /// The hand-overs in it are those on a machine without other versions. Throws Refusal when the
 /// installer cannot be read or the folder is none.
-[[nodiscard]] Json examineMedia(const std::filesystem::path& installer,
-                                const std::filesystem::path& folder, const MediaChoices& choices,
+[[nodiscard]] Json examineMedia(const fs::path& installer, const fs::path& folder,
+                                const MediaChoices& choices,
                                 const std::vector<MachineDescription>& machines);
 
 /// The report of a folder of which nothing is known.
 [[nodiscard]] Json emptyReport(const std::string& folder);
 
-/// Adds "complete": whether there is nothing in faultsOf.
-void concludeReport(Json& report);
-
-/// What keeps the media from being complete: a line for each file that is missing or damaged, and
+/// What keeps the media from being "complete": a line for each file that is missing or damaged, and
 /// each problem.
 [[nodiscard]] std::vector<std::string> faultsOf(const Json& report);
 
 /// One line for each finding, and "complete" or "NOT COMPLETE" at the end.
 [[nodiscard]] std::string mediaInWords(const Json& report);
-
-/// In words, what a plan does.
-[[nodiscard]] std::string routeInWords(const InstallPlan& plan);
-
-struct NeededFile {
-    std::string name;
-    std::string purpose;
-};
-
-/// What a plan needs on the media.
-[[nodiscard]] std::vector<NeededFile> neededFiles(const InstallPlan& plan);

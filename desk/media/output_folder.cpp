@@ -8,11 +8,6 @@
 #include <csignal>
 #include <system_error>
 
-#include "desk/refusal.h"
-#include "desk/whole_file.h"
-
-namespace fs = std::filesystem;
-
 namespace {
 
 volatile std::sig_atomic_t isAskedToEnd = 0;
@@ -28,7 +23,7 @@ void handleSignals(void (*handler)(int)) {
 }
 
 [[noreturn]] void refuse(const fs::path& path, const std::string& what) {
-    throw Refusal("\"" + path.string() + "\" " + what + '.');
+    throw Refusal(inQuotes(path) + ' ' + what + '.');
 }
 
 }  // namespace
@@ -43,10 +38,10 @@ OutputFolder::OutputFolder(const fs::path& given) {
         refuse(given, "is no folder; name another");
     }
     isNew = !fs::exists(status);
-    makeFolder(given.string());
+    makeFolder(given);
     folder = fs::canonical(given);
     work = folder / ".installer-tool";
-    makeFolder(work.string());
+    makeFolder(work);
     // The lock ends with the process, however that ends.
     lock = open((work / "lock").c_str(), O_RDWR | O_CREAT | O_CLOEXEC, 0666);
     if (lock < 0 || flock(lock, LOCK_EX | LOCK_NB) != 0) {
@@ -57,7 +52,7 @@ OutputFolder::OutputFolder(const fs::path& given) {
     }
     restore();
     fs::remove_all(staging(), failure);
-    makeFolder(staging().string());
+    makeFolder(staging());
     handleSignals(noteThatEndIsAsked);
 }
 
@@ -73,11 +68,11 @@ OutputFolder::~OutputFolder() {
 
 fs::path OutputFolder::resumable(const std::string& settings) const {
     const fs::path kept = work / "kept", noted = work / "settings";
-    if (readWholeFile(noted.string()) != settings) {
+    if (readWholeFile(noted) != settings) {
         fs::remove_all(kept);
-        writeOutput(noted.string(), settings);
+        writeOutput(noted, settings);
     }
-    makeFolder(kept.string());
+    makeFolder(kept);
     return kept;
 }
 
@@ -96,7 +91,7 @@ void OutputFolder::restore() {
 
 void OutputFolder::put(const std::vector<std::string>& names) {
     const fs::path old = work / "old";
-    makeFolder(old.string());
+    makeFolder(old);
     std::vector<std::string> moved;
     const auto moveWhatIsThere = [](const fs::path& from, const fs::path& to) {
         if (fs::exists(fs::symlink_status(from))) {

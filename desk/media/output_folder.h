@@ -1,9 +1,10 @@
 // A folder that a command fills, wholly or not at all.
 #pragma once
 
-#include <filesystem>
 #include <string>
 #include <vector>
+
+#include "desk/whole_file.h"
 
 /// Everything is made in a folder within it, ".installer-tool", and moved to its place at the end;
 /// so the parent need not be writable, and the folder may be the root of a volume. A link is
@@ -12,19 +13,19 @@ class OutputFolder {
   public:
     /// Makes the folder where there is none. Throws Refusal when that fails, and when another run
     /// is at work in it.
-    explicit OutputFolder(const std::filesystem::path& folder);
+    explicit OutputFolder(const fs::path& folder);
     ~OutputFolder();
     OutputFolder(const OutputFolder&) = delete;
     OutputFolder& operator=(const OutputFolder&) = delete;
 
     /// Where everything stands at the end.
-    [[nodiscard]] const std::filesystem::path& path() const { return folder; }
+    [[nodiscard]] const fs::path& path() const { return folder; }
     /// An empty folder to make it in, under the same names.
-    [[nodiscard]] std::filesystem::path staging() const { return work / "new"; }
+    [[nodiscard]] fs::path staging() const { return work / "new"; }
 
     /// A folder that outlives a failed run and is found again by one with the same settings, once
     /// something in it is worth that.
-    [[nodiscard]] std::filesystem::path resumable(const std::string& settings) const;
+    [[nodiscard]] fs::path resumable(const std::string& settings) const;
     void keepOnFailure() { isKept = true; }
 
     /// Moves each name from staging() into place, and removes those that are not in staging().
@@ -34,8 +35,8 @@ class OutputFolder {
   private:
     void restore();
 
-    std::filesystem::path folder;
-    std::filesystem::path work;
+    fs::path folder;
+    fs::path work;
     bool isNew = false;
     bool isKept = false;
     int lock = -1;

@@ -1,7 +1,6 @@
 // The product-data file, as the release engineer writes it.
 #pragma once
 
-#include <optional>
 #include <string>
 #include <string_view>
 
@@ -18,14 +17,3 @@ bool endLinesAsWindowsDoes(std::string& text);
 /// Why the build cannot be handed over, for people: "Setup.Exe" is handed it in a field that a
 /// backquote ends, and it becomes a part of a folder's name. Empty when it can.
 [[nodiscard]] std::string buildFault(std::string_view build);
-
-struct BuildNumbers {
-    unsigned parts[4];
-};
-
-/// The numbers of a build; nothing when the text is not four numbers from 0 to 65535, separated by
-/// dots: Windows' version resources hold no others.
-[[nodiscard]] std::optional<BuildNumbers> buildNumbers(std::string_view build);
-
-/// Throws Refusal when the build is not four such numbers.
-void requireBuildNumbers(const std::string& build);

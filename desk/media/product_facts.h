@@ -4,7 +4,7 @@
 #include <string>
 #include <vector>
 
-#include "catalogue/product_catalogue.h"
+#include "app/install_plan.h"
 
 struct ProductFacts {
     std::string code;  ///< as stamped
@@ -19,8 +19,20 @@ struct ProductFacts {
     bool setupsPerProcessor = false;
 };
 
-/// `code` as the catalogue has it.
-[[nodiscard]] ProductFacts productFacts(CProductData& catalogue, const std::string& code);
+/// Of the products with these codes, in any letter case, and of all where there are none; in the
+/// order of the codes. Throws Refusal for a code that is no product's.
+[[nodiscard]] std::vector<ProductFacts> productFacts(const std::vector<std::string>& codes = {});
 
-/// In the order of their codes.
-[[nodiscard]] std::vector<ProductFacts> allProductFacts();
+/// Folder of a product in a release and among media: its code in lower case.
+[[nodiscard]] std::string folderOf(const std::string& code);
+
+/// In words, what a plan does.
+[[nodiscard]] std::string routeInWords(const InstallPlan& plan);
+
+struct NeededFile {
+    std::string name;
+    std::string purpose;
+};
+
+/// What a plan needs on the media.
+[[nodiscard]] std::vector<NeededFile> neededFiles(const InstallPlan& plan);

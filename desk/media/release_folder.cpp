@@ -1,57 +1,67 @@
 #include "desk/media/release_folder.h"
 
 #include <algorithm>
-#include <nlohmann/json.hpp>
 
+#include "catalogue/build_number.h"
 #include "desk/executables/stamp_image.h"
-#include "desk/executables/version_stamp.h"
 #include "desk/json.h"
 #include "desk/media/product_facts.h"
-#include "desk/refusal.h"
-#include "desk/table.h"
 #include "desk/western_text.h"
 #include "desk/whole_file.h"
 #include "platform/ansi_text.h"
 
-namespace fs = std::filesystem;
-
 namespace {
 
+constexpr const char* maker = "Halvick Test Equipment";
+
+Json thirdParties() {
+    return Json::parse(
+#include "third_parties.inc"
+    );
+}
+
+Json application(const Json& reference, const std::string& name, const Json& version) {
+    return {{"type", "application"},
+            {"bom-ref", reference},
+            {"supplier", {{"name", maker}}},
+            {"name", name},
+            {"version", version}};
+}
+
 /// The component of each file in the bill of materials.
-Json billedComponents(const fs::path& folder) {
+Json billedComponents(const fs::path& folder, std::vector<FileProblem>& problems) {
     Json components = Json::object();
-    const std::string file = (folder / billOfMaterialsFile).string();
+    const fs::path file = folder / billOfMaterialsFile;
     try {
         const Json bill = readJson(file);
         for (const Json& component : bill.at("components")) {
             components[component.at("bom-ref").get<std::string>()] = component;
         }
     } catch (const Json::exception&) {
-        throw Refusal("\"" + file + "\" is no bill of materials of ours.");
+        problems.push_back(
+            {billOfMaterialsFile, inQuotes(file) + " is no bill of materials of ours."});
+    } catch (const Refusal& reason) {
+        problems.push_back({billOfMaterialsFile, reason.what()});
     }
     return components;
 }
 
-void examineStamp(const std::string& path, const std::string& image, const ProductFacts& facts,
-                  std::vector<FileProblem>& problems) {
+template <class Add>
+void examineStamp(const std::string& image, const ProductFacts& facts, Add add) {
     std::string code, name;
     if (!readStamp(image, code, name) || code.empty()) {
-        problems.push_back({path, "is not stamped; make it with \"installer-tool stamp\""});
+        add("is not stamped; make it with \"installer-tool stamp\"");
         return;
     }
     if (code != facts.code) {
-        problems.push_back(
-            {path, "is stamped \"" + toUtf8(code) + "\", not \"" + facts.code + "\""});
+        add("is stamped " + inQuotes(toUtf8(code)) + ", not " + inQuotes(facts.code));
     }
     if (name != facts.name) {
-        problems.push_back({path, "is stamped with the name \"" + toUtf8(name) + "\", not \"" +
-                                      facts.name + "\""});
+        add("is stamped with the name " + inQuotes(toUtf8(name)) + ", not " + inQuotes(facts.name));
     }
-    const std::string shown = versionText(image, "ProductName").value_or("");
-    if (shown != name) {
-        problems.push_back({path, "shows \"" + shown +
-                                      "\" as its product in the version resource, not its stamped "
-                                      "name"});
+    if (const std::string shown = versionText(image, "ProductName").value_or(""); shown != name) {
+        add("shows " + inQuotes(shown) +
+            " as its product in the version resource, not its stamped name");
     }
 }
 
@@ -60,7 +70,7 @@ void examineInstaller(const fs::path& folder, const ProductFacts& facts, const J
                       std::set<std::string>& builds) {
     const std::string path = releasedPath(facts.code);
     const auto add = [&](const std::string& what) { report.problems.push_back({path, what}); };
-    const std::string image = readInstaller((folder / path).string());
+    const std::string image = readInstaller(folder / path);
     ++report.installers;
     const Executable executable(image);
     if (const std::string damage = executable.damage(); !damage.empty()) {
@@ -69,7 +79,7 @@ void examineInstaller(const fs::path& folder, const ProductFacts& facts, const J
     if (!executable.headerDamage().empty()) {
         return;
     }
-    examineStamp(path, image, facts, report.problems);
+    examineStamp(image, facts, add);
     const std::string build = versionText(image, "ProductVersion").value_or("none");
     builds.insert(build);
     const Json component = billed.value(path, Json::object());
@@ -90,10 +100,6 @@ void examineInstaller(const fs::path& folder, const ProductFacts& facts, const J
 
 }  // namespace
 
-std::string folderOf(const std::string& code) {
-    return lowerCase(code);
-}
-
 std::string releasedPath(const std::string& code) {
     return folderOf(code) + '/' + installerFile;
 }
@@ -101,48 +107,94 @@ std::string releasedPath(const std::string& code) {
 ReleaseReport examineRelease(const fs::path& folder, const std::string& build,
                              const SignatureChoices& choices) {
     if (!fs::is_directory(folder)) {
-        throw Refusal("\"" + folder.string() + "\" is no folder that can be read; name a release.");
+        throw Refusal(inQuotes(folder) + " is no folder that can be read; name a release.");
     }
     ReleaseReport report;
+    const auto add = [&report](const std::string& file, const std::string& what) {
+        report.problems.push_back({file, what});
+    };
     report.problems = compareWithList(folder, checksumsFile);
-    Json billed = Json::object();
-    std::vector<std::string> known = {checksumsFile, billOfMaterialsFile, noticesFile};
-    std::set<std::string> builds;
-    try {
-        billed = billedComponents(folder);
-    } catch (const Refusal& reason) {
-        report.problems.push_back({billOfMaterialsFile, reason.what()});
-    }
-    for (const ProductFacts& facts : allProductFacts()) {
-        known.push_back(releasedPath(facts.code));
+    const Json billed = billedComponents(folder, report.problems);
+    std::set<std::string> builds, known = {checksumsFile, billOfMaterialsFile, noticesFile};
+    for (const ProductFacts& facts : productFacts()) {
+        const std::string path = releasedPath(facts.code);
+        known.insert(path);
         try {
             examineInstaller(folder, facts, billed, choices, report, builds);
         } catch (const Refusal& reason) {
-            if (std::none_of(report.problems.begin(), report.problems.end(),
-                             [&known](const FileProblem& problem) {
-                                 return problem.file == known.back();
-                             })) {
-                report.problems.push_back({known.back(), reason.what()});
+            if (std::ranges::count(report.problems, path, &FileProblem::file) == 0) {
+                add(path, reason.what());
             }
         }
     }
     std::vector<FileProblem> links;  // told already
     for (const std::string& file : filesBelow(folder, links)) {
-        if (std::find(known.begin(), known.end(), file) == known.end()) {
-            report.problems.push_back({file, "does not belong to a release"});
+        if (!known.contains(file)) {
+            add(file, "does not belong to a release");
         }
     }
     if (builds.size() > 1) {
-        report.problems.push_back({"", "the installers show different builds: " + joined(builds)});
+        add("", "the installers show different builds: " + joined(builds));
     }
     report.build = builds.size() == 1 ? *builds.begin() : "";
     if (!build.empty() && report.build != build) {
-        report.problems.push_back({"", "the installers do not all show the build " + build});
+        add("", "the installers do not all show the build " + build);
     }
     if (report.signatures != 0 && report.signatures != report.installers) {
-        report.problems.push_back({"", "some installers are signed and some are not: " +
-                                           std::to_string(report.signatures) + " of " +
-                                           std::to_string(report.installers)});
+        add("", "some installers are signed and some are not: " +
+                    std::to_string(report.signatures) + " of " + std::to_string(report.installers));
     }
     return report;
+}
+
+Json billOfMaterials(const Json& files) {
+    Json components = Json::array(), dependencies = Json::array(), libraries = Json::array();
+    // What the compiler links into each; the executables do not tell its version.
+    for (const Json& part : thirdParties()) {
+        if (part["linkedInto"] == "installer") {
+            libraries.push_back(part["reference"]);
+            components.push_back({{"type", "library"},
+                                  {"bom-ref", part["reference"]},
+                                  {"name", part["name"]},
+                                  {"licenses", Json::array({{{"expression", part["licence"]}}})},
+                                  {"copyright", part["copyright"]}});
+        }
+    }
+    for (const Json& file : files) {
+        const Json& path = file["path"];
+        Json component =
+            application(path, file.value("name", "") + " Installation", file["version"]);
+        component["hashes"] = Json::array({{{"alg", "SHA-256"}, {"content", file["sha256"]}}});
+        component["properties"] =
+            Json::array({{{"name", "installer:path"}, {"value", path}},
+                         {{"name", "installer:productCode"}, {"value", file["code"]}}});
+        components.push_back(std::move(component));
+        dependencies.push_back({{"ref", path}, {"dependsOn", libraries}});
+    }
+    const Json tool = application("tool", "installer-tool", INSTALLER_BUILD_TEXT);
+    return {
+        {"bomFormat", "CycloneDX"},
+        {"specVersion", "1.5"},
+        {"version", 1},
+        {"metadata",
+         {{"tools", {{"components", Json::array({tool})}}},
+          {"component", application("release", "Tavlink installers", files.front()["version"])}}},
+        {"components", std::move(components)},
+        {"dependencies", std::move(dependencies)}};
+}
+
+std::string thirdPartyNotices() {
+    std::string text = "Parts of other makers, and the terms under which they are used.\n";
+    for (const Json& part : thirdParties()) {
+        text += "\n" + std::string(78, '-') + "\n" + part["name"].get<std::string>() + ", in " +
+                (part["linkedInto"] == "installer"
+                     ? "every Install.exe"
+                     : "installer-tool, which makes releases and is not shipped") +
+                "\nLicence: " + part["licence"].get<std::string>() +
+                "\nCopyright: " + part["copyright"].get<std::string>() + "\n\n";
+        for (const Json& line : part["text"]) {
+            text += line.get<std::string>() + '\n';
+        }
+    }
+    return text;
 }

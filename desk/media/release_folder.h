@@ -2,7 +2,6 @@
 // notices of third parties, and the checksums of all of them.
 #pragma once
 
-#include <filesystem>
 #include <set>
 #include <string>
 #include <vector>
@@ -13,9 +12,6 @@
 inline constexpr const char* billOfMaterialsFile = "installers.cdx.json";
 inline constexpr const char* noticesFile = "THIRD-PARTY-NOTICES.txt";
 inline constexpr const char* installerFile = "Install.exe";
-
-/// Folder of a product in a release and among media: its code in lower case.
-[[nodiscard]] std::string folderOf(const std::string& code);
 
 /// Path of a product's installer within a release.
 [[nodiscard]] std::string releasedPath(const std::string& code);
@@ -30,6 +26,13 @@ struct ReleaseReport {
 
 /// Looks at checksums, stamps, builds, bill of materials, protections and signatures. `build` is
 /// what the version resources must show; empty: any, but all the same.
-[[nodiscard]] ReleaseReport examineRelease(const std::filesystem::path& folder,
-                                           const std::string& build,
+[[nodiscard]] ReleaseReport examineRelease(const fs::path& folder, const std::string& build,
                                            const SignatureChoices& choices);
+
+/// The software bill of materials, CycloneDX 1.5: each executable of a release and the libraries
+/// that are linked into it. Of `files`, each has "path" (within the release), "code", "name",
+/// "version" and "sha256". The same files give the same document.
+[[nodiscard]] Json billOfMaterials(const Json& files);
+
+/// The notices of the makers of those libraries, and of the ones in the desk itself; UTF-8.
+[[nodiscard]] std::string thirdPartyNotices();

@@ -1,7 +1,8 @@
 #include "desk/page/page.h"
 
-#include <nlohmann/json.hpp>
 #include <string_view>
+
+#include "desk/computer/dry_run.h"
 
 namespace {
 
@@ -15,15 +16,6 @@ constexpr std::string_view sampleEnd = "</script>";
 constexpr std::size_t reportAt = pageTemplate.find(sampleStart) + sampleStart.size();
 constexpr std::size_t restAt = pageTemplate.find(sampleEnd, reportAt);
 static_assert(reportAt < restAt && restAt < pageTemplate.size());
-
-/// The key that driver archives were packed with is not for whoever is sent a page.
-void hideArchiveKeys(std::string& text) {
-    constexpr std::string_view option = "-fzxkey ";
-    for (std::size_t at = text.find(option); at != std::string::npos; at = text.find(option, at)) {
-        at += option.size();
-        text.replace(at, text.find_first_of(" \"", at) - at, "...");
-    }
-}
 
 }  // namespace
 
