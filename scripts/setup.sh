@@ -73,16 +73,6 @@ as_administrator() {
         PATH="$PATH:/usr/sbin:/sbin" "$@" 2>>"$log"
 }
 
-# Condenses what apt reports about itself to a line every 20 seconds.
-progress() {
-    local kind percent due=0
-    while IFS=: read -r kind _ percent _; do
-        [[ $kind == [dp][lm]status && $SECONDS -ge $due ]] || continue
-        echo "setup: $([ "$kind" = dlstatus ] && echo downloading || echo installing), ${percent%%.*} %"
-        due=$((SECONDS + 20))
-    done
-}
-
 # install PACKAGE...: what is still missing of these, at first as it comes, then with the halves of
 # shared libraries at the release's own version. A system that is up to date from security takes the
 # first, another one the second.
@@ -91,11 +81,8 @@ install() {
     for release in "" "$VERSION_CODENAME"; do
         mapfile -t wanted < <(missing "$@")
         [ ${#wanted[@]} -gt 0 ] || return 0
-        # sudo hands on no further descriptors, so apt's report takes the place of its output.
-        # shellcheck disable=SC2016  # expanded by the shell that is started
-        as_administrator sh -c 'exec apt-get "$@" 3>&1 >&2' apt-get install -y \
-            --no-install-recommends ${release:+-t "$release"} -o APT::Status-Fd=3 \
-            -o DPkg::Lock::Timeout=600 "${wanted[@]}" | progress
+        as_administrator apt-get install -y --no-install-recommends ${release:+-t "$release"} \
+            -o DPkg::Lock::Timeout=600 "${wanted[@]}" | sed -un '0~100s/^/setup: /p' # every hundredth line
     done
     mapfile -t wanted < <(missing "$@")
     [ ${#wanted[@]} -eq 0 ]
