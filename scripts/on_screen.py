@@ -18,11 +18,10 @@ from dataclasses import dataclass
 
 ROOT = pathlib.Path(__file__).resolve().parent.parent
 BUILD = ROOT / "build"
+PREFIX = ROOT / "scripts" / "prefix.sh"
 # What this machine can run: 32-bit programs, or 64-bit ones that stand in for them.
-TEMPLATE = subprocess.run([ROOT / "scripts" / "prefix.sh", "templates"], stdout=subprocess.PIPE, text=True,
-                          check=True).stdout.split()[:1]
-SUFFIX = "-x64" if TEMPLATE == ["x64"] else ""
-WINE = "/usr/lib/wine/wine64" if SUFFIX else "wine"
+TEMPLATE = subprocess.run([PREFIX, "templates"], stdout=subprocess.PIPE, text=True, check=True).stdout.split()[0]
+SUFFIX = "-x64" if TEMPLATE == "x64" else ""
 VIEW = "/reg:64" if SUFFIX else "/reg:32"
 DRIVER = BUILD / f"checked{SUFFIX}" / "dialog_driver"
 
@@ -42,10 +41,10 @@ def stamp(product, installer):
     installer.write_bytes(content)
 
 
-def run_quietly(*command, **options):
+def run_quietly(*command):
     """Runs a program to its end; what it printed is shown only when it fails."""
     result = subprocess.run(command, stdin=subprocess.DEVNULL, stdout=subprocess.PIPE,
-                            stderr=subprocess.STDOUT, check=False, **options)
+                            stderr=subprocess.STDOUT, check=False)
     if result.returncode != 0:
         sys.exit(f"on_screen: {command[0]} failed:\n{result.stdout.decode(errors='replace')}")
 
@@ -60,27 +59,18 @@ class Screen(contextlib.ExitStack):
 
     def __init__(self, dots_per_inch=96, hidden=False):
         super().__init__()
-        name = f"{SUFFIX[1:]}on_screen-{dots_per_inch}.{os.getpid()}"
-        self.prefix = BUILD / "prefixes" / "running" / name
-        self.environment = os.environ | {"WINEPREFIX": str(self.prefix), "WINEDEBUG": "-all", "LC_ALL": "C.UTF-8",
-                                         "WINEDLLOVERRIDES": "winemenubuilder.exe=d"}
-        if SUFFIX:
-            self.environment |= {"WINELOADER": WINE, "WINESERVER": "/usr/lib/wine/wineserver64"}
+        self.name = f"{TEMPLATE}.{os.getpid()}"
+        self.prefix = BUILD / "prefixes" / "running" / self.name
         hidden = hidden or not has_display()
         if hidden:
-            self.environment["DISPLAY"] = self.virtual_display()
-        prefixes = ROOT / "scripts" / "prefix.sh"
+            os.environ["DISPLAY"] = self.virtual_display()
         # No pipes: what Wine leaves running would hold them open.
-        self.callback(subprocess.run, [prefixes, "stop", name], check=True)
-        subprocess.run([prefixes, "start", *TEMPLATE, name], check=True)
+        self.callback(subprocess.run, [PREFIX, "stop", self.name], check=True)
+        subprocess.run([PREFIX, "start", TEMPLATE, self.name], check=True, env=os.environ | {"SHOW_WINDOWS": "1"})
         self.set_registry(r"HKCU\Control Panel\Desktop", "LogPixels", dots_per_inch)
-        self.wine("reg", "delete", r"HKCU\Software\Wine\Drivers", "/v", "Graphics", "/f")
         if hidden:
             # No window manager there: Wine draws the frames.
             self.set_registry(r"HKCU\Software\Wine\X11 Driver", "Managed", "N")
-        # A server that has run without windows goes on without them.
-        self.wine("wineboot", "-e", "-f")
-        subprocess.run([self.environment.get("WINESERVER", "wineserver"), "-k", "-w"], env=self.environment, check=False)
 
     def virtual_display(self):
         server = self.enter_context(subprocess.Popen(
@@ -91,7 +81,7 @@ class Screen(contextlib.ExitStack):
 
     def wine(self, *command):
         """Runs a Windows program to its end."""
-        subprocess.run([WINE, *command], env=self.environment, stdin=subprocess.DEVNULL,
+        subprocess.run([PREFIX, "run", self.name, *command], stdin=subprocess.DEVNULL,
                        stdout=subprocess.DEVNULL, stderr=subprocess.DEVNULL, check=False)
 
     def set_registry(self, key, name, value):
@@ -118,7 +108,6 @@ class Run:
     to be used in a `with` statement. Iterated, it gives the dialogs, one after the other."""
 
     def __init__(self, screen, product, *arguments, without_setup=False):
-        self.screen = screen
         self.media = screen.prefix / "media"
         self.record = screen.prefix / "drive_c" / "record.txt"
         shutil.rmtree(self.media, ignore_errors=True)
@@ -132,8 +121,8 @@ class Run:
         drive.symlink_to(self.media)
         self.process = subprocess.Popen(
             # The second backslash keeps the first from taking the quote that click_through puts behind it.
-            [WINE, str(DRIVER / "click_through.exe"), r"D:\Install.exe", *(arguments or ("-dir", r"D:\\"))],
-            env=screen.environment | {"RECORD_FILE": r"C:\record.txt"},
+            [PREFIX, "run", screen.name, DRIVER / "click_through.exe", r"D:\Install.exe",
+             *(arguments or ("-dir", r"D:\\"))], env=os.environ | {"RECORD_FILE": r"C:\record.txt"},
             stdin=subprocess.PIPE, stdout=subprocess.PIPE, encoding="cp1252")
 
     def __enter__(self):
@@ -176,8 +165,7 @@ class Run:
             # Few colours, and the same bytes every time.
             run_quietly("import", "-window", "root", "-crop",
                         f"{dialog.width}x{dialog.height}+{dialog.left}+{dialog.top}", "+repage", "-strip",
-                        "+dither", "-colors", "256", "-define", "png:exclude-chunks=date,time", f"PNG8:{path}",
-                        env=self.screen.environment)
+                        "+dither", "-colors", "256", "-define", "png:exclude-chunks=date,time", f"PNG8:{path}")
             shown = path.read_bytes()
 
     def handed_over(self):

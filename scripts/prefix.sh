@@ -1,11 +1,11 @@
 #!/bin/bash
 # Wine prefixes for tests and demonstrations, below build/prefixes.
 #
-#   prefix.sh make TEMPLATE...              makes the templates that are missing: win64, win32; x64, which
-#                                           has nothing of 32 bits, for kernels that start no such programs
-#   prefix.sh templates                     prints those that this machine can use
+#   prefix.sh templates                     prints the templates that this machine can use: win64, win32; x64,
+#                                           which has nothing of 32 bits, for kernels that start no such programs
 #   prefix.sh start TEMPLATE NAME.PID       makes a throw-away copy, running/NAME.PID, and keeps a server
-#                                           running for it; PID: the process that it is for
+#                                           running for it; PID: the process that it is for. With
+#                                           SHOW_WINDOWS=1 in the environment its windows are on the display
 #   prefix.sh run NAME.PID PROGRAM WORD...  runs a Windows program in that copy
 #   prefix.sh run TEMPLATE PROGRAM WORD...  ... in a fresh copy of its own
 #   prefix.sh stop NAME.PID                 ends that server and removes the copy
@@ -22,11 +22,8 @@ export WINEDLLOVERRIDES="winedbg.exe,winemenubuilder.exe=d${WINEDLLOVERRIDES:+;$
 
 # use TEMPLATE: has the Wine for it at hand.
 use() {
-    [[ $1 == x64* ]] || return 0
-    export WINELOADER=/usr/lib/wine/wine64 WINESERVER=/usr/lib/wine/wineserver64
-    wine() { "$WINELOADER" "$@"; }
-    wineserver() { "$WINESERVER" "$@"; }
-    export -f wine wineserver
+    [[ $1 != x64* ]] || export WINELOADER=/usr/lib/wine/wine64 WINESERVER=/usr/lib/wine/wineserver64
+    wine=${WINELOADER-wine} wineserver=${WINESERVER-wineserver}
 }
 
 make_template() {
@@ -40,9 +37,10 @@ make_template() {
         rm -rf "$new"
         # Without a display Wine asks nothing; tests need none, so the copies go without one too.
         use "$name"
-        if ! WINEARCH=${name/x64/win64} WINEPREFIX=$new env -u DISPLAY -u WAYLAND_DISPLAY bash -c \
-            'wine wineboot -i && wine reg add "HKCU\\Software\\Wine\\Drivers" /v Graphics /d null /f &&
-             wineserver -w' >"$new.log" 2>&1 9>&-; then
+        unset DISPLAY WAYLAND_DISPLAY
+        export WINEARCH=${name/x64/win64} WINEPREFIX=$new
+        if ! { "$wine" wineboot -i && "$wine" reg add 'HKCU\Software\Wine\Drivers' /v Graphics /d null /f &&
+            "$wineserver" -w; } >"$new.log" 2>&1 9>&-; then
             cat "$new.log" >&2
             echo "prefix: FAILED to make $name" >&2
             exit 1
@@ -66,10 +64,11 @@ start() {
     mkdir -p "$copies"
     # A gigabyte of Wine's libraries, which nobody writes to, is shared; stop looks after that.
     cp -al "$template" "$copy" && cp -a --remove-destination "$template"/*.reg "$copy/" || return 1
+    [ -z "${SHOW_WINDOWS-}" ] || sed -i '/^"Graphics"="null"$/d' "$copy/user.reg" || return 1
     # This checkout, whose own path may have characters that the code page lacks.
     ln -s "${templates%/build/*}" "$copy/dosdevices/p:" || return 1
     # Wine's own services live on and would hold a pipe of the caller open.
-    { WINEPREFIX=$copy wineserver -p && WINEPREFIX=$copy wine cmd /c exit; } \
+    { WINEPREFIX=$copy "$wineserver" -p && WINEPREFIX=$copy "$wine" cmd /c exit; } \
         >/dev/null 2>&1 </dev/null
 }
 
@@ -84,15 +83,14 @@ run() {
     if [[ $1 == *.* ]]; then
         [ -d "$copies/$1" ] || wrong_usage "$1 was not started"
         use "$1"
-        WINEPREFIX=$copies/$1 wine "${@:2}"
-        exit
+        WINEPREFIX=$copies/$1 exec "$wine" "${@:2}"
     fi
     own=$1.$$
     trap finish EXIT
     trap exit INT TERM HUP
     start "$1" "$own" || exit 1
     # In the background: a signal ends the wait and not only the program.
-    WINEPREFIX=$copies/$own wine "${@:2}" <&0 &
+    WINEPREFIX=$copies/$own "$wine" "${@:2}" <&0 &
     wait $!
 }
 
@@ -100,8 +98,7 @@ stop() {
     local copy=$copies/$1 server written
     [ -d "$copy" ] || return 0
     use "$1"
-    WINEPREFIX=$copy timeout 20 "${WINESERVER:-wineserver}" -k ||
-        WINEPREFIX=$copy wineserver -k9
+    WINEPREFIX=$copy timeout 20 "$wineserver" -k || WINEPREFIX=$copy "$wineserver" -k9
     # Wine leaves the folder of its server, which is named by the copy's own.
     server=server-$(stat -c %D "$copy")-$(printf %x "$(stat -c %i "$copy")")
     rm -rf "${TMPDIR:-/tmp}"/{.wine-"$UID",wine-??????}/"$server"
@@ -132,11 +129,6 @@ templates() {
 
 case "${1-} $#" in
 "templates 1") templates ;;
-make*)
-    for name in "${@:2}"; do
-        make_template "$name" || exit 1
-    done
-    ;;
 "start 3") start "$2" "$3" ;;
 run\ *) run "${@:2}" ;;
 "stop 2") stop "$2" ;;
