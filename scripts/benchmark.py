@@ -1,11 +1,11 @@
 #!/usr/bin/env python3
-"""Measures the installer beside what it can be compared with, under Wine: prints a table, and writes it
-with a chart to build/benchmark. Rivals take turns within a round, so that what else the machine does
-falls on all of them."""
+"""Measures the installer beside what it can be compared with, under Wine, and prints a table. Rivals take
+turns within a round, so that what else the machine does falls on all of them."""
 
 import argparse
 import os
 import pathlib
+import re
 import shutil
 import subprocess
 from dataclasses import dataclass
@@ -16,29 +16,6 @@ PROGRAMS = BUILD / "tools" / "benchmarks"
 MEDIA = BUILD / "media"
 PREFIX = f"benchmark.{os.getpid()}"
 SIZE_LIMIT = 300 * 1024
-
-PAGE = """\
-# Benchmarks
-
-Written by `scripts/benchmark.py`: medians of {rounds} rounds on {processors} processors under
-{wine}, load {load:.2f} at the end. Within a round every program runs once, in
-turns; a ratio is the median of the rounds' ratios. Where it disagrees with the medians beside it,
-the machine was busy (a load above the number of processors): measure again on a quiet one.
-
-{table}
-
-![The ratios]({chart})
-
-- The bare dialog is the installer's own dialog shown by a program of the same framework and
-  manifest that does nothing else: what stands above 1 is the installer's work before it can ask.
-  The empty dialog has neither controls nor the common controls' library; it shows what the dialog
-  itself costs.
-- The one call is a program that has the shell start "Setup.Exe" and ends: what stands above 1 is
-  all that the installer does besides.
-- The bare loops make the same calls of the registry and for file versions, and keep nothing.
-- The discovery holds what it reports and no more: with ten times as many products to report, at
-  10,000 entries, it holds {memory_of_many} bytes at most.
-"""
 
 
 @dataclass
@@ -54,11 +31,6 @@ class Row:
     def __str__(self):
         return (f"| {self.what} | {self.beside} | {self.installer} | {self.other} | "
                 f"{self.ratio:.2f} | <= {self.wanted:g} |")
-
-
-def table(rows):
-    return "\n".join(["| What | Beside | Installer | The other | Ratio | Wanted |",
-                      "|---|---|--:|--:|--:|--:|", *map(str, rows)])
 
 
 def chart(rows):
@@ -137,7 +109,7 @@ def main():
     parser = argparse.ArgumentParser(description=__doc__)
     parser.add_argument("rounds", nargs="?", type=int, default=41, help="of every start (default: 41)")
     parser.add_argument("--write-docs", action="store_true",
-                        help="the results become docs/benchmarks.md and docs/images/benchmark.svg")
+                        help="the results go into docs/benchmarks.md and docs/images/benchmark.svg")
     options = parser.parse_args()
     scripts = ROOT / "scripts"
     subprocess.run([scripts / "setup.sh", "nsis"], check=True)
@@ -148,15 +120,17 @@ def main():
         rows, memory_of_many = measure_all(options.rounds)
     finally:
         subprocess.run([scripts / "prefix.sh", "stop", PREFIX], check=False)
-    print(table(rows))
-    folder, picture = (ROOT / "docs", "images/benchmark.svg") if options.write_docs else (BUILD, "benchmark.svg")
-    (folder / picture).write_text(chart(rows), encoding="utf-8")
-    wine = subprocess.run(["wine", "--version"], capture_output=True, text=True, check=True)
-    (folder / "benchmarks.md").write_text(PAGE.format(
-        rounds=options.rounds, processors=os.cpu_count(), wine=wine.stdout.strip(),
-        load=os.getloadavg()[0], table=table(rows), chart=picture, memory_of_many=memory_of_many),
-        encoding="utf-8")
-    print(f"benchmark: {folder / 'benchmarks.md'} and {folder / picture} are written")
+    wine = subprocess.run(["wine", "--version"], capture_output=True, text=True, check=True).stdout.strip()
+    measured = (f"Medians of {options.rounds} rounds on {os.cpu_count()} processors under {wine}, load "
+                f"{os.getloadavg()[0]:.2f} at the end; {memory_of_many} bytes for ten times as many products.")
+    table = "".join(["| What | Beside | Installer | The other | Ratio | Wanted |\n",
+                     "|---|---|--:|--:|--:|--:|\n", *(f"{row}\n" for row in rows)])
+    print(table + measured)
+    if options.write_docs:
+        page = ROOT / "docs" / "benchmarks.md"
+        text = re.sub(r"Medians of .*", measured, page.read_text(encoding="utf-8"))
+        page.write_text(re.sub(r"(\|.*\n)+", table, text, count=1), encoding="utf-8")
+        (ROOT / "docs" / "images" / "benchmark.svg").write_text(chart(rows), encoding="utf-8")
 
 
 if __name__ == "__main__":

@@ -1,6 +1,6 @@
 #!/bin/bash
 # Runs the installer on every Windows release that Wine can report, on 32-bit and on 64-bit Windows,
-# and writes what it did to docs/release-matrix.md. Fails when a row is not what it has to be.
+# and writes what it did into docs/release-matrix.md. Fails when a row is not what it has to be.
 #
 #   release_matrix.sh
 set -u
@@ -14,21 +14,14 @@ rm -f "$rows".*
 RELEASE_MATRIX="P:/$rows." ctest --preset checked -j2 --no-tests=error \
     -R '^end_to_end\.WindowsAlone' || failed=1
 
-{
-    cat <<'END'
-# What the installer does on each release of Windows
-
-Written by `scripts/release_matrix.sh`: the real executable, stamped for Tavlink Industrial Analyzer
-(drivers, and a setup for each processor), on the releases that Wine reports. The installer declares
-Windows 7 as the newest that it knows, so that every later one reports itself as Windows 8. "Bitness"
-is the field of the parameter string that "Setup.Exe" is handed; nothing there means that nothing was
-installed. The question was answered with Yes; that No ends the run is seen as well.
-END
-    for processor in x86 x64; do
-        printf '\n## %s-bit Windows\n\n' "$([ $processor = x86 ] && echo 32 || echo 64)"
-        echo '| Wine'\''s "Version" | policy | bitness | driver installer |'
-        echo '|---|---|---|---|'
-        awk -f - "$rows.$processor" <<'ROWS' || failed=1
+page=docs/release-matrix.md
+prose=$(sed '/^## /,$d' $page)
+echo "$prose" >$page
+for processor in x86 x64; do
+    printf '\n## %s-bit Windows\n\n' "$([ $processor = x86 ] && echo 32 || echo 64)"
+    echo '| Wine'\''s "Version" | policy | bitness | driver installer |'
+    echo '|---|---|---|---|'
+    awk -f - "$rows.$processor" <<'ROWS' || failed=1
 function row() { print "| " release " | " policy " | " bitness " | " driver " |" }
 function found(before, field) {
     return match($0, before field) ? substr($0, RSTART + length(before), RLENGTH - length(before)) : ""
@@ -40,12 +33,6 @@ function found(before, field) {
 /dpinst_/ { driver = "dpinst_" found("dpinst_", "[^\"]*") }
 END { row() }
 ROWS
-    done
-    cat <<'END'
-
-This Wine has the product types of win7 and win2008r2 the wrong way round: its win7 is a server, its
-win2008r2 a workstation. A 5.2 (winxp64, win2003) on a 64-bit processor is taken for the 64-bit XP.
-END
-} >docs/release-matrix.md
-cat docs/release-matrix.md
+done >>$page
+cat $page
 exit "${failed-0}"
