@@ -19,7 +19,6 @@ import pathlib
 import random
 import re
 import shlex
-import shutil
 import subprocess
 import sys
 
@@ -105,22 +104,6 @@ def find_breaks(file, source):
     return [Break(file, *change) for change in sorted(changes()) if source[change[0] : change[1]] != change[2]]
 
 
-def copy_sources():
-    """Makes TREE hold what belongs to the project, committed or not, beside its build."""
-    listing = subprocess.run(["git", "ls-files", "-coz", "--exclude-standard"], cwd=ROOT, check=True,
-                             capture_output=True).stdout.decode()  # fmt: skip
-    wanted = {name for name in listing.split("\0") if name and (ROOT / name).is_file()}
-    for path in [path for path in TREE.rglob("*") if path.is_file()]:
-        name = path.relative_to(TREE)
-        if name.parts[0] != "build" and str(name) not in wanted:
-            path.unlink()
-    for name in wanted:
-        source, target = ROOT / name, TREE / name
-        if not target.exists() or target.read_bytes() != source.read_bytes():
-            target.parent.mkdir(parents=True, exist_ok=True)
-            shutil.copy(source, target)
-
-
 def run(*command, **environment):
     """Whether a command succeeded, and what it said."""
     result = subprocess.run(command, cwd=TREE, env=os.environ | environment, stdin=subprocess.DEVNULL,
@@ -141,15 +124,11 @@ def tests_of(file):
             "--exclude-regex", f"^({left_out})$")  # fmt: skip
 
 
-def sound_objects():
-    """The object file of each source, its bytes without a break, and the command that makes it."""
-    objects = {}
-    for entry in json.loads((BUILD / "compile_commands.json").read_text(encoding="utf-8")):
-        command = shlex.split(entry["command"])
-        output = command[command.index("-o") + 1]
-        if (BUILD / output).exists():
-            objects[os.path.relpath(entry["file"], TREE)] = output, (BUILD / output).read_bytes(), command
-    return objects
+def commands():
+    """The command that compiles each source that is built."""
+    entries = json.loads((BUILD / "compile_commands.json").read_text(encoding="utf-8"))
+    made = {os.path.relpath(entry["file"], TREE): shlex.split(entry["command"]) for entry in entries}
+    return {file: command for file, command in made.items() if (BUILD / command[command.index("-o") + 1]).exists()}
 
 
 def optimised(command):
@@ -161,23 +140,19 @@ def optimised(command):
     return output.read_bytes() if compiled.returncode == 0 else b""
 
 
-def outcome(change, source, output, sound, command):
-    """What becomes of one break."""
+def outcome(change, source, command, sound):
+    """What becomes of one break; `sound`: the optimised code without it."""
     path = TREE / change.file
     path.write_text(source[: change.start] + change.after + source[change.end :], encoding="utf-8")
     try:
-        if not run("ninja", "-C", BUILD, output)[0]:
-            return "not compiled"
-        if (BUILD / output).read_bytes() == sound:
-            return "without effect"
+        broken = optimised(command)
+        if broken in (b"", sound):
+            return "without effect" if broken else "not compiled"
         if not run("ninja", "-C", BUILD)[0]:
             return "not compiled"
-        if not run(*tests_of(change.file), GTEST_FAIL_FAST="1")[0]:
-            return "seen"
-        broken = optimised(command)
+        return "unseen" if run(*tests_of(change.file), GTEST_FAIL_FAST="1")[0] else "seen"
     finally:
         path.write_text(source, encoding="utf-8")
-    return "without effect" if broken == optimised(command) else "unseen"
 
 
 def parse_options():
@@ -212,22 +187,25 @@ def main():
     if options.list:
         print(*map(told, breaks), sep="\n")
         return 0
+    subprocess.run([ROOT / "scripts" / "setup.sh", "--without-wine", "rsync"], check=True)
     TREE.mkdir(parents=True, exist_ok=True)
-    lock = open(TREE / "build.lock", "w", encoding="utf-8")
+    lock = open(f"{TREE}.lock", "w", encoding="utf-8")
     fcntl.flock(lock, fcntl.LOCK_EX)
-    copy_sources()
+    must("rsync", "-rpc", "--delete-after", "--filter=:- .gitignore", "--exclude=.git", f"{ROOT}/", TREE)
     must("cmake", "--preset", "host", "-DINSTALLER_SANITIZE=OFF", "-DCMAKE_BUILD_TYPE=",
          "-DCMAKE_CXX_FLAGS=-O0 -w -D_GLIBCXX_ASSERTIONS", "-DCMAKE_CXX_COMPILER_LAUNCHER=",
          CMAKE_CXX_COMPILER_LAUNCHER="")  # fmt: skip
     must("ninja", "-C", BUILD)
     must(*tests_of("desk/"))
-    made, counts = sound_objects(), collections.Counter()
+    made, sound, counts = commands(), {}, collections.Counter()
     for change in breaks:
         if change.file not in made:  # not built natively after all
             continue
         if options.count and counts["seen"] + counts["unseen"] >= options.count:
             break
-        result = outcome(change, sources[change.file], *made[change.file])
+        if change.file not in sound:
+            sound[change.file] = optimised(made[change.file])
+        result = outcome(change, sources[change.file], made[change.file], sound[change.file])
         counts[result] += 1
         counts[change.file.split("/")[0], result] += 1
         if result == "unseen":

@@ -29,24 +29,15 @@ DRIVER = BUILD / f"checked{SUFFIX}" / "dialog_driver"
 def stamp(product, installer):
     """The stamping tool stamps what ships alone, which is a 32-bit program."""
     if not SUFFIX:
-        run_quietly(BUILD / "tools" / "stamp", BUILD / "release" / "installer.exe", product, installer)
+        subprocess.run([BUILD / "tools" / "stamp", BUILD / "release" / "installer.exe", product, installer],
+                       stdout=subprocess.DEVNULL, check=True)
         return
     products = json.loads(subprocess.run([BUILD / "tools" / "installer-tool", "products", "--json"],
                                          stdout=subprocess.PIPE, check=True).stdout)
     name = next(one["name"] for one in products if one["code"].lower() == product)
-    content = bytearray((BUILD / "release-x64" / "installer.exe").read_bytes())
-    block = content.index(b"<#PRODUCT-STAMP>")
-    content[block + 16 : block + 16 + len(product)] = product.encode()
-    content[block + 24 : block + 24 + len(name)] = name.encode()
-    installer.write_bytes(content)
-
-
-def run_quietly(*command):
-    """Runs a program to its end; what it printed is shown only when it fails."""
-    result = subprocess.run(command, stdin=subprocess.DEVNULL, stdout=subprocess.PIPE,
-                            stderr=subprocess.STDOUT, check=False)
-    if result.returncode != 0:
-        sys.exit(f"on_screen: {command[0]} failed:\n{result.stdout.decode(errors='replace')}")
+    before, mark, after = (BUILD / "release-x64" / "installer.exe").read_bytes().partition(b"<#PRODUCT-STAMP>")
+    fields = product.encode().ljust(8, b"\0") + name.encode()
+    installer.write_bytes(before + mark + fields + after[len(fields):])
 
 
 def has_display():
@@ -103,7 +94,7 @@ class Dialog:
     texts: list
 
 
-class Run:
+class Run(subprocess.Popen):
     """A run of a product's installer on fresh media, drive D, whose "Setup.Exe" records how it was started;
     to be used in a `with` statement. Iterated, it gives the dialogs, one after the other."""
 
@@ -119,25 +110,20 @@ class Run:
         drive = screen.prefix / "dosdevices" / "d:"
         drive.unlink(missing_ok=True)
         drive.symlink_to(self.media)
-        self.process = subprocess.Popen(
+        super().__init__(
             # The second backslash keeps the first from taking the quote that click_through puts behind it.
             [PREFIX, "run", screen.name, DRIVER / "click_through.exe", r"D:\Install.exe",
              *(arguments or ("-dir", r"D:\\"))], env=os.environ | {"RECORD_FILE": r"C:\record.txt"},
             stdin=subprocess.PIPE, stdout=subprocess.PIPE, encoding="cp1252")
 
-    def __enter__(self):
-        return self
-
     def __exit__(self, *exception):
-        self.process.stdin.close()
         if exception[0]:
-            self.process.kill()
-        self.process.wait()
-        self.process.stdout.close()
+            self.kill()
+        super().__exit__(*exception)
 
     def __iter__(self):
         dialog = None
-        for line in self.process.stdout:
+        for line in self.stdout:
             kind, *values = line.rstrip("\n").split("\t")
             if kind == "dialog":
                 dialog = Dialog(*map(int, values[:4]), title=values[4], texts=[])
@@ -152,8 +138,8 @@ class Run:
 
     def act(self, action):
         """A button's label, "close", "key NUMBER" or "sees TEXT", as click_through takes it."""
-        self.process.stdin.write(action + "\n")
-        self.process.stdin.flush()
+        self.stdin.write(action + "\n")
+        self.stdin.flush()
 
     def picture(self, dialog, path):
         """Writes a small PNG of the dialog, once it is drawn and stays so."""
@@ -163,9 +149,10 @@ class Run:
             time.sleep(1)
             before = shown
             # Few colours, and the same bytes every time.
-            run_quietly("import", "-window", "root", "-crop",
-                        f"{dialog.width}x{dialog.height}+{dialog.left}+{dialog.top}", "+repage", "-strip",
-                        "+dither", "-colors", "256", "-define", "png:exclude-chunks=date,time", f"PNG8:{path}")
+            subprocess.run(["import", "-window", "root", "-crop",
+                            f"{dialog.width}x{dialog.height}+{dialog.left}+{dialog.top}", "+repage", "-strip",
+                            "+dither", "-colors", "256", "-define", "png:exclude-chunks=date,time",
+                            f"PNG8:{path}"], check=True)
             shown = path.read_bytes()
 
     def handed_over(self):
