@@ -3,12 +3,12 @@
 turns within a round, so that what else the machine does falls on all of them."""
 
 import argparse
+import collections
 import os
 import pathlib
 import re
 import shutil
 import subprocess
-from dataclasses import dataclass
 
 ROOT = pathlib.Path(__file__).resolve().parent.parent
 BUILD = ROOT / "build" / "benchmark"
@@ -18,19 +18,8 @@ PREFIX = f"benchmark.{os.getpid()}"
 SIZE_LIMIT = 300 * 1024
 
 
-@dataclass
-class Row:
-    """The installer beside something else; `ratio` is of the first to the second."""
-    what: str
-    beside: str
-    installer: str
-    other: str
-    ratio: float
-    wanted: float
-
-    def __str__(self):
-        return (f"| {self.what} | {self.beside} | {self.installer} | {self.other} | "
-                f"{self.ratio:.2f} | <= {self.wanted:g} |")
+# The installer beside something else; `ratio` is of the first to the second.
+Row = collections.namedtuple("Row", "what beside installer other ratio wanted")
 
 
 def chart(rows):
@@ -124,7 +113,7 @@ def main():
     measured = (f"Medians of {options.rounds} rounds on {os.cpu_count()} processors under {wine}, load "
                 f"{os.getloadavg()[0]:.2f} at the end; {memory_of_many} bytes for ten times as many products.")
     table = "".join(["| What | Beside | Installer | The other | Ratio | Wanted |\n",
-                     "|---|---|--:|--:|--:|--:|\n", *(f"{row}\n" for row in rows)])
+                     "|---|---|--:|--:|--:|--:|\n", *("| {} | {} | {} | {} | {:.2f} | <= {:g} |\n".format(*row) for row in rows)])
     print(table + measured)
     if options.write_docs:
         page = ROOT / "docs" / "benchmarks.md"

@@ -18,13 +18,10 @@ fail() {
 states() {
     grep -qE -- "$1" <<<"$headers"
 }
-number() {
-    sed -nE "s/^$1[[:space:]]+([0-9]+).*/\1/p" <<<"$headers"
-}
 
 states '^Magic.*\(PE32\)' || fail "not a 32-bit program"
 states '^Subsystem.*Windows GUI' || fail "not a windowed program"
-[ "$(number MajorSubsystemVersion).$(number MinorSubsystemVersion)" = 5.1 ] ||
+[ "$(grep -cE '^(MajorSubsystemVersion\s+5|MinorSubsystemVersion\s+1)$' <<<"$headers")" -eq 2 ] ||
     fail "is not made for Windows XP and later"
 # Without a load of them the list view and the newer looks are missing.
 states '[[:space:]]InitCommonControls$' || fail "does not load the common controls"
@@ -51,10 +48,8 @@ for instruction in mov '(sub|cmp|xor)'; do
         fail "the stack is not guarded"
 done
 
-if [ "$(grep -ao '<requestedExecutionLevel [^>]*>' "$program")" != \
-    '<requestedExecutionLevel level="requireAdministrator" uiAccess="false"/>' ]; then
+grep -qaF '<requestedExecutionLevel level="requireAdministrator" uiAccess="false"/>' "$program" ||
     fail "is not started as administrator"
-fi
 
 # Whatever can throw brings the unwinder and thread support, which need a newer Windows, and doubles
 # the size. The map tells what was linked, and under each what asked for it.

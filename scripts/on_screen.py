@@ -5,6 +5,7 @@
     on_screen.py screenshots        the dialogs for scripts/screenshots.sh; built before
 """
 
+import collections
 import contextlib
 import json
 import os
@@ -23,6 +24,7 @@ PREFIX = ROOT / "scripts" / "prefix.sh"
 TEMPLATE = subprocess.run([PREFIX, "templates"], stdout=subprocess.PIPE, text=True, check=True).stdout.split()[0]
 SUFFIX = "-x64" if TEMPLATE == "x64" else ""
 VIEW = "/reg:64" if SUFFIX else "/reg:32"
+Dialog = collections.namedtuple("Dialog", "left top width height title texts")
 DRIVER = BUILD / f"checked{SUFFIX}" / "dialog_driver"
 
 
@@ -82,16 +84,6 @@ class Screen(contextlib.ExitStack):
 
     def delete_registry(self, key):
         self.wine("reg", "delete", key, "/f", VIEW)
-
-
-@dataclass
-class Dialog:
-    left: int
-    top: int
-    width: int
-    height: int
-    title: str
-    texts: list
 
 
 class Run(subprocess.Popen):

@@ -86,21 +86,13 @@ printf '%s\r\n' '@echo off' 'cd /d "%~dp0kit"' 'ping -n 20 127.0.0.1 >nul' 'call
     "${end_machine//\//\\}" 'goto :eof' ':run' 'call run.cmd' 'echo exit code %errorlevel%' >"$work/start.cmd"
 mcopy -i "$kit_disk" "$work/start.cmd" ::/atlogon.cmd
 
-if [ -z "${ACCEL-}" ]; then
-    ACCEL=kvm
-    if ! echo quit | qemu-system-x86_64 -accel kvm -machine pc -nodefaults -display none \
-        -monitor stdio >/dev/null 2>"$work/errors"; then
-        ACCEL=tcg
-        say "without KVM, so every instruction is translated: $(head -n 1 "$work/errors")"
-    fi
-fi
 mkdir -p "$out"
 rm -f "$out"/screen-*.png "$out"/report.txt "$out"/console.txt
 touch "$work/console"
-say "the machine starts ($ACCEL)"
+say "the machine starts (by ${ACCEL:=kvm:tcg})"
 # It ends with this script, however that ends. A restart, too, ends it.
 coproc machine {
-    exec setpriv --pdeathsig KILL qemu-system-x86_64 -accel "$ACCEL" -m "${MEMORY-2048}" -nodefaults \
+    exec setpriv --pdeathsig KILL qemu-system-x86_64 -machine "pc,accel=$ACCEL" -m "${MEMORY-2048}" -nodefaults \
         -vga std -display none -no-reboot -rtc base=localtime -monitor stdio -serial "file:$work/console" \
         -drive "file=$work/system,format=$system_format,if=ide,index=0,cache=unsafe" \
         -drive "file=$work/kit,format=raw,if=ide,index=1,cache=unsafe" \
