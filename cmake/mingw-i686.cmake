@@ -1,10 +1,14 @@
-# 32-bit Windows from Linux, with the compiler's posix thread model.
+# Windows from Linux with GCC and its posix thread model: 32-bit, unless another toolchain file that takes
+# the rest from here has set `mingw_target`.
+if(NOT mingw_target)
+  set(mingw_target i686-w64-mingw32)
+endif()
 set(CMAKE_SYSTEM_NAME Windows)
-set(CMAKE_SYSTEM_PROCESSOR x86)
-set(CMAKE_C_COMPILER i686-w64-mingw32-gcc-posix)
-set(CMAKE_CXX_COMPILER i686-w64-mingw32-g++-posix)
-set(CMAKE_RC_COMPILER i686-w64-mingw32-windres)
-set(CMAKE_FIND_ROOT_PATH /usr/i686-w64-mingw32)
+string(REGEX MATCH "^[^-]+" CMAKE_SYSTEM_PROCESSOR ${mingw_target})
+set(CMAKE_C_COMPILER ${mingw_target}-gcc-posix)
+set(CMAKE_CXX_COMPILER ${mingw_target}-g++-posix)
+set(CMAKE_RC_COMPILER ${mingw_target}-windres)
+set(CMAKE_FIND_ROOT_PATH /usr/${mingw_target})
 set(CMAKE_FIND_ROOT_PATH_MODE_PROGRAM NEVER)
 set(CMAKE_FIND_ROOT_PATH_MODE_LIBRARY ONLY)
 set(CMAKE_FIND_ROOT_PATH_MODE_INCLUDE ONLY)
