@@ -9,8 +9,8 @@ cd "$(dirname "$0")/.." || exit 1
 [ $# -gt 0 ] || set -- release checked host tools
 
 if command -v ccache >/dev/null; then
-    # What one checkout has compiled serves another.
-    export CMAKE_CXX_COMPILER_LAUNCHER=ccache CCACHE_BASEDIR=$PWD
+    # What one checkout has compiled serves another, also where debug information names the folder.
+    export CMAKE_CXX_COMPILER_LAUNCHER=ccache CCACHE_BASEDIR=$PWD CCACHE_NOHASHDIR=1
 fi
 # One run at a time has the build folder.
 if ! { mkdir -p build && exec 9>build/.lock; }; then
