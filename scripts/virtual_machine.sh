@@ -10,8 +10,8 @@
 #
 # Exits with run.cmd's exit code, with 124 when the machine took too long, and with 125 when it could
 # not do its work. In the environment: LIMIT (1800), START_LIMIT (600): seconds for all, and until the
-# kit has started; MEMORY (2048): megabytes; ACCEL: kvm or tcg, otherwise KVM where it works;
-# CD: an image for a CD drive.
+# kit has started; MEMORY (2048): megabytes; ACCEL: kvm or tcg, otherwise KVM where it works. The kit's
+# disc.iso is in a CD drive.
 set -eu
 . "$(dirname "$0")/usage.sh"
 [ $# -ge 3 ] || wrong_usage "an image, a kit and a folder for the results, please"
@@ -39,7 +39,7 @@ trap 'exit 125' ERR
 
 [ -r "$image" ] || fail 125 "there is no image $image"
 end_machine=programs/tools/windows_kit/end_machine.exe
-for file in run.cmd "$end_machine"; do
+for file in run.cmd disc.iso "$end_machine"; do
     [ -f "$kit/$file" ] || fail 125 "$kit is no kit: it has no $file"
 done
 for program in qemu-system-x86_64 qemu-img mformat sfdisk; do
@@ -89,14 +89,15 @@ mcopy -i "$kit_disk" "$work/start.cmd" ::/atlogon.cmd
 mkdir -p "$out"
 rm -f "$out"/screen-*.png "$out"/report.txt "$out"/console.txt
 touch "$work/console"
-say "the machine starts (by ${ACCEL:=kvm:tcg})"
+[ -w /dev/kvm ] || say "there is no KVM here, so every instruction is translated"
+say "the machine starts"
 # It ends with this script, however that ends. A restart, too, ends it.
 coproc machine {
-    exec setpriv --pdeathsig KILL qemu-system-x86_64 -machine "pc,accel=$ACCEL" -m "${MEMORY-2048}" -nodefaults \
+    exec setpriv --pdeathsig KILL qemu-system-x86_64 -machine "pc,accel=${ACCEL-kvm:tcg}" -m "${MEMORY-2048}" -nodefaults \
         -vga std -display none -no-reboot -rtc base=localtime -monitor stdio -serial "file:$work/console" \
         -drive "file=$work/system,format=$system_format,if=ide,index=0,cache=unsafe" \
         -drive "file=$work/kit,format=raw,if=ide,index=1,cache=unsafe" \
-        ${CD:+-drive "file=$CD,format=raw,if=ide,index=2,media=cdrom"} >"$work/monitor" 2>"$work/errors"
+        -drive "file=$kit/disc.iso,format=raw,if=ide,index=2,media=cdrom,readonly=on" >"$work/monitor" 2>"$work/errors"
 }
 # shellcheck disable=SC2154  # coproc sets them
 qemu=$machine_PID monitor=${machine[1]}

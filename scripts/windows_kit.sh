@@ -16,13 +16,20 @@ if [ -e "$folder" ] && [ ! -e "$folder/run.cmd" ]; then
     echo "windows_kit: FAILED: $folder holds something else than a kit" >&2
     exit 1
 fi
-scripts/setup.sh --without-wine zip
+scripts/setup.sh --without-wine genisoimage zip
 scripts/build.sh release tools checked
 rm -rf "$folder" "$folder.zip"
 mkdir -p "$folder/programs" "$folder/release"
 scripts/release.sh "$folder/installers" build/release/installer.exe >/dev/null
 cp build/release/installer.exe "$folder/release" # of no product: a run of it is tested too
 (cd build/checked && cp --parents -t "$folder/programs" {tests,dialog_driver,tools/windows_kit}/*.exe {tests,dialog_driver}/*.dll)
+# Media for a drive that nothing can be written to.
+disc=$(mktemp -d)
+trap 'rm -rf "$disc"' EXIT
+cp "$folder/installers/04/Install.exe" "$disc"
+cp build/checked/dialog_driver/recorder.exe "$disc/Setup.Exe"
+printf '[Version Number]\r\nVersion Number=1.2.3.4\r\n' >"$disc/ProductData.ini"
+genisoimage -quiet -J -o "$folder/disc.iso" "$disc"
 cp tools/windows_kit/run.cmd tools/windows_kit/README.txt "$folder"
 {
     echo "commit $(git describe --always --dirty=', with changes' 2>/dev/null || echo 'unknown: no git here')"
