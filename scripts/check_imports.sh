@@ -25,7 +25,7 @@ imports() {
 # for; the C run-time library of Windows XP has no function that ends in "_s".
 newer() {
     declared() {
-        printf '#include <%s.h>\n' windows commctrl psapi shlobj shlwapi tlhelp32 |
+        printf '#include <%s.h>\n' windows commctrl lm psapi shlobj shlwapi tlhelp32 |
             "${CXX:-i686-w64-mingw32-g++-posix}" -x c++ -E -P -D_WIN32_WINNT="$1" - |
             grep -oE '\b[A-Za-z_]\w+ *\(' | tr -d ' (' | sort -u
     }
@@ -37,7 +37,7 @@ newer() {
 # judge: those lines of its input that may not be there
 if [ "${1-}" = --kit ]; then
     shift
-    libraries='advapi32|comctl32|dialog_probe|gdi32|kernel32|msvcrt|ntdll|ole32|shell32|shlwapi|user32'
+    libraries='advapi32|comctl32|dialog_probe|gdi32|kernel32|msvcrt|netapi32|ntdll|ole32|shell32|shlwapi|user32'
     denied=$(newer)
     [ "$(wc -l <<<"$denied")" -gt 500 ] || denied='.*' # the headers were not read
     judge() {
