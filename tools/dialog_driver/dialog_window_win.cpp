@@ -66,6 +66,16 @@ std::string probe(HWND window, WPARAM question) {
     return dialogProbeAnswer;
 }
 
+/// Asks until it is told: on a busy machine a window that has just come up may not answer at once.
+std::string iconOf(HWND control) {
+    std::string icon;
+    for (const DWORD start = GetTickCount();
+         icon.empty() && GetTickCount() - start < answerDeadline; Sleep(1)) {
+        icon = probe(control, iconQuestion);
+    }
+    return icon;
+}
+
 /// Waits for a control that has the focus; null when none gets it.
 HWND focusedControl(HWND dialog) {
     const DWORD thread = GetWindowThreadProcessId(dialog, nullptr);
@@ -131,7 +141,7 @@ std::string DialogWindow::description() const {
         } else if (isOfClass(child, "Button")) {
             buttons += " | " + label(child);
         } else if ((GetWindowLongA(child, GWL_STYLE) & SS_TYPEMASK) == SS_ICON) {
-            icon = " | " + probe(child, iconQuestion);
+            icon = " | " + iconOf(child);
         } else {
             texts += " | " + windowText(child);
         }
