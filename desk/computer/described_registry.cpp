@@ -174,7 +174,7 @@ const RegistryValue* RegistryValues::find(std::string_view name) const {
 }
 
 RegistryValue registryText(std::string name, std::string text) {
-    return {std::move(name), registryTypeText, std::move(text) + '\0'};
+    return {std::move(name), stringType, std::move(text) + '\0'};
 }
 
 std::unique_ptr<KeyReader> describedLocalMachine(const DescribedRegistry& registry) {

@@ -94,7 +94,7 @@ class Examination {
         }
         examineFiles(plan);
         examineManifest();
-        tellHandOvers(plan);
+        tellLaunches(plan);
         for (const MachineDescription& machine : machines) {
             report["runs"].push_back(dryRun(media, machine));
         }
@@ -190,7 +190,7 @@ class Examination {
 
     /// What each way of the run hands over on a machine without other versions, where all files
     /// are.
-    void tellHandOvers(const InstallPlan& plan) {
+    void tellLaunches(const InstallPlan& plan) {
         DryRunMedia whole = media;
         whole.files.clear();
         for (const NeededFile& file : neededFiles(plan)) {
