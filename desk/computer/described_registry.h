@@ -11,7 +11,7 @@
 
 #include "platform/registry_key.h"
 
-// REG_SZ, REG_BINARY, REG_DWORD and REG_MULTI_SZ of winnt.h.
+// REG_BINARY, REG_DWORD and REG_MULTI_SZ of winnt.h.
 inline constexpr std::uint32_t registryTypeBinary = 3;
 inline constexpr std::uint32_t registryTypeNumber = 4;
 inline constexpr std::uint32_t registryTypeTexts = 7;
