@@ -7,6 +7,7 @@
 #include <fstream>
 
 #include "platform/operating_system_win.h"
+#include "tools/dialog_driver/dialog_window_win.h"
 #include "tools/run_stage/stage_win.h"
 #include "tools/run_stage/viewers.h"
 
@@ -79,6 +80,27 @@ TEST(WindowsAlone, LooksForOlderVersionsInTheViewOf32BitPrograms) {
     play({{"04: listed for 64-bit programs",
            {chooseLive, setup("04", "Halvick Tavlink Classic Analyzer 16.4.10002.0")},
            given}});
+}
+
+TEST(WindowsAlone, ComesInFrontOfWhatCoversTheScreen) {
+    const HWND cover = CreateWindowA("STATIC", "", WS_POPUP | WS_VISIBLE, 0, 0, 4000, 4000, nullptr,
+                                     nullptr, nullptr, nullptr);
+    SetForegroundWindow(cover);
+    std::string inFront, inTheMiddle;
+    Step choice = chooseLive;
+    choice.meanwhile = [&] {
+        const HWND front = GetForegroundWindow();
+        RECT place{};
+        GetWindowRect(front, &place);
+        const POINT middle{(place.left + place.right) / 2, (place.top + place.bottom) / 2};
+        inFront = DialogWindow(front).title();
+        inTheMiddle = DialogWindow(GetAncestor(WindowFromPoint(middle), GA_ROOT)).title();
+    };
+    const std::string programFolder = "Halvick Tavlink Classic Analyzer 16.4.10002.0";
+    play({{"04: covered", {choice, setup("04", programFolder)}}});
+    DestroyWindow(cover);
+    EXPECT_EQ(inFront, "Tavlink Classic Analyzer 16.4.10002.0 Installation");
+    EXPECT_EQ(inTheMiddle, inFront);
 }
 
 // On the releases that Wine can report for a program.

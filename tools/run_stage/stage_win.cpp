@@ -82,6 +82,9 @@ class Playback {
         takeRecords();
         seen += (fits(step, shown) ? step.seen : shown) + '\n';
         shown.clear();
+        if (step.meanwhile) {
+            step.meanwhile();
+        }
         for (const std::string& action : step.actions) {
             if (seen != expected || !shown.empty()) {
                 return false;
