@@ -34,9 +34,6 @@ TEST(Drivers, AreInstalledInTheirPlaceOfTheRun) {
           {"1w: as far as the report tells",
            {corvane, multiprotocolSetup},
            {extractionTool("\"x\\" + driverInstaller)}},
-          {"1w: a report of 1 MB",
-           {corvane, ran(unpacked), multiprotocolSetup},
-           {extractionTool(std::string(1'000'000, '\0') + "\"sub folder\\" + driverInstaller)}},
           {"1r: a family that ends the run in silence", {}, {extractionTool()}}});
 }
 

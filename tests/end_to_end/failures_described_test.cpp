@@ -1,7 +1,6 @@
 // What goes wrong in the middle of a run, and what the run says and does then.
 #include <gtest/gtest.h>
 
-#include "installed/installed_product.h"
 #include "tools/run_stage/stage_described.h"
 #include "tools/run_stage/viewers.h"
 
@@ -93,9 +92,6 @@ TEST(Failures, OfOtherProgramsArePassedOverWithAWord) {
            {refused(uninstaller, accessDenied), program(scratch + "next.exe"),
             installed("a", "A Tavlink Classic Analyzer", uninstaller),
             installed("b", "B Tavlink Classic Analyzer", scratch + "next.exe")}},
-          {"04: a command with arguments is no path",
-           {prompt, chooseLive, classicSetup},
-           {program(uninstaller), installed("a", "Tavlink Classic Analyzer", uninstaller + " /S")}},
           {"1k: an extraction tool that is refused, with a report from before",
            {{"Error | warning | Operation cancelled by user. | OK", {"OK"}},
             ran(unpacked),
@@ -103,25 +99,9 @@ TEST(Failures, OfOtherProgramsArePassedOverWithAWord) {
             setup("1k", "Halvick Tavlink Serial Analyzer 16.4.10002.0")},
            {refused(media + "flatten.exe", cancelled),
             file(media + "report.txt", "\"sub folder\\" + driverInstaller), program(unpacked)}},
-          {"1k: a report that names what is not there",
-           {extracted("SerialTavlinkDrivers.fzx"), chooseLive,
-            setup("1k", "Halvick Tavlink Serial Analyzer 16.4.10002.0")},
-           {extractionTool("\"elsewhere\\" + driverInstaller)}},
           {"04: a setup utility that is refused",
            {chooseLive, cannotStart},
            {refused(media + "Setup.Exe", badFormat)}}});
-}
-
-TEST(Failures, OfTheRegistryHideWhatComesAfterThem) {
-    const std::string tree = "Software\\Halvick Test Equipment";
-    play({{"04: neither the list nor the index can be read",
-           {chooseLive, classicSetup},
-           {installed("a", "Tavlink Classic Analyzer", "x"),
-            indexed(tree + "\\1", "Halvick Tavlink Classic Analyzer 16.4.10002.0"),
-            machine([=](DescribedMachine& described) {
-                described.registry.failures = {{uninstallListKey, {.enumerate = accessDenied}},
-                                               {tree, {.enumerate = accessDenied}}};
-            })}}});
 }
 
 TEST(Failures, OfAViewersRemoval) {

@@ -92,7 +92,8 @@ Step dialogOf(const std::string& product, const std::string& choices,
 
 TEST(SetupLaunch, FollowsTheChoice) {
     const std::string classic = "Halvick Tavlink Classic ", setupUtility = media + "Setup.Exe";
-    const std::string enter = "key 13", escape = "key 27", help = "key 112";
+    const std::string enter = "key 13", escape = "key 27", help = "key 112", tab = "move 9";
+    const std::string up = "move 38", down = "move 40";
     play({{"04: live at once",
            {dialogOf("Tavlink Classic Analyzer", all, {"Install"}),
             setup("04", classic + "Analyzer 16.4.10002.0")}},
@@ -102,6 +103,11 @@ TEST(SetupLaunch, FollowsTheChoice) {
           {"1d: no demonstration",
            {dialogOf("Tavlink ZigBee Analyzer", live + " | File Viewer", {"close"})}},
           {"04: cancelled by keyboard", {{"* | Help", {"Demonstration", escape}}}},
+          onWindows({"04: cancelled behind the other button", {{"* | Help", {tab, tab, enter}}}}),
+          // Within the choices, past the hidden one.
+          onWindows({"1d: around and back by keyboard",
+                     {{"* | Help", {down, down, up, tab, enter}},
+                      setup("1d", "Halvick Tavlink ZigBee Analyzer Viewer 16.4.10002.0", "VIEW")}}),
           {"1s: without the maker's name in front",
            {chooseLive, setup("1s", "Tavlink Near Field Analyzer 16.4.10002.0")}},
           {": no stamp", {dialogOf("", live, {"Install"}), setup("", "Halvick ")}},

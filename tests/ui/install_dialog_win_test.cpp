@@ -3,10 +3,8 @@
 #include <gtest/gtest.h>
 
 #include <map>
-#include <vector>
 
 #include "tests/framework/modal_driver_win.h"
-#include "tools/run_stage/systems_win.h"
 #include "ui/resource.h"
 
 namespace {
@@ -28,75 +26,6 @@ SIZE extent(HWND prompt, const std::string& line) {
     GetTextExtentPoint32A(context, line.data(), static_cast<int>(line.size()), &size);
     ReleaseDC(prompt, context);
     return size;
-}
-
-/// The control that has the focus; null when it is none of the dialog's.
-HWND focus(HWND dialog) {
-    GUITHREADINFO info{};
-    info.cbSize = sizeof info;
-    GetGUIThreadInfo(GetWindowThreadProcessId(dialog, nullptr), &info);
-    return IsChild(dialog, info.hwndFocus) ? info.hwndFocus : nullptr;
-}
-
-/// Waits at most 10 seconds for the focus to be elsewhere than at `control`, or the dialog's end.
-HWND focusBeyond(HWND dialog, HWND control) {
-    const DWORD start = GetTickCount();
-    while (IsWindow(dialog) && focus(dialog) == control && GetTickCount() - start < 10000) {
-        Sleep(1);
-    }
-    return focus(dialog);
-}
-
-TEST(InstallDialog, WorksByKeyboard) {
-    const struct {
-        std::vector<WPARAM> keys;
-        INT_PTR result;
-        unsigned productType;
-    } table[] = {{{VK_RETURN}, IDOK, 2},
-                 {{VK_ESCAPE}, IDCANCEL, 2},
-                 {{VK_DOWN, VK_RETURN}, IDOK, 8},           // past the hidden choice
-                 {{VK_DOWN, VK_DOWN, VK_RETURN}, IDOK, 2},  // and around, within the choices
-                 {{VK_UP, VK_UP, VK_RETURN}, IDOK, 2},
-                 {{VK_DOWN, VK_TAB, VK_RETURN}, IDOK, 8},
-                 {{VK_TAB, VK_TAB, VK_RETURN}, IDCANCEL, 2}};
-    for (const auto& row : table) {
-        SCOPED_TRACE(testing::PrintToString(row.keys));
-        CInstallDlg dialog("Sample");
-        dialog.SetOfferedTypes(product_type::live | product_type::demonstration);
-        EXPECT_EQ(driveModal([&] { return dialog.DoModal(); },
-                             [&](HWND window) {
-                                 for (const WPARAM key : row.keys) {
-                                     const HWND control = focusBeyond(window, nullptr);
-                                     PostMessageA(control, WM_KEYDOWN, key, 0);
-                                     focusBeyond(window, control);
-                                 }
-                             }),
-                  row.result);
-        EXPECT_EQ(dialog.productType, row.productType);
-    }
-}
-
-TEST(InstallDialog, TakesKeysTypedAhead) {
-    if (onWine()) {
-        GTEST_SKIP() << "Wine has no keyboard without a display";
-    }
-    CInstallDlg dialog("Sample");
-    dialog.SetOfferedTypes(product_type::live | product_type::demonstration);
-    const INT_PTR result =
-        driveModal([&] { return dialog.DoModal(); },
-                   [](HWND window) {
-                       focusBeyond(window, nullptr);
-                       for (const BYTE key : {VK_DOWN, VK_TAB, VK_RETURN}) {
-                           keybd_event(key, 0, 0, 0);
-                           keybd_event(key, 0, KEYEVENTF_KEYUP, 0);
-                       }
-                       const DWORD start = GetTickCount();
-                       while (IsWindow(window) && GetTickCount() - start < 10000) {
-                           Sleep(1);
-                       }
-                   });
-    EXPECT_EQ(result, IDOK);
-    EXPECT_EQ(dialog.productType, 8u);
 }
 
 // For a prompt that needs the room the dialog and the prompt grow, the other controls move down.

@@ -76,13 +76,14 @@ std::string iconOf(HWND control) {
     return icon;
 }
 
-/// Waits for a control that has the focus; null when none gets it.
-HWND focusedControl(HWND dialog) {
+/// Waits for a control other than `before` that has the focus; null when none gets it.
+HWND focusedControl(HWND dialog, HWND before = nullptr) {
     const DWORD thread = GetWindowThreadProcessId(dialog, nullptr);
     GUITHREADINFO info{};
     info.cbSize = sizeof info;
     for (const DWORD start = GetTickCount(); GetTickCount() - start < answerDeadline; Sleep(1)) {
-        if (GetGUIThreadInfo(thread, &info) && IsChild(dialog, info.hwndFocus)) {
+        if (GetGUIThreadInfo(thread, &info) && IsChild(dialog, info.hwndFocus) &&
+            info.hwndFocus != before) {
             return info.hwndFocus;
         }
     }
@@ -168,12 +169,16 @@ bool DialogWindow::click(const std::string& wanted) const {
 std::string DialogWindow::act(const std::string& action) const {
     if (action == "close") {
         PostMessageA(window, WM_SYSCOMMAND, SC_CLOSE, 0);
-    } else if (action.starts_with("key ")) {
+    } else if (action.starts_with("key ") || action.starts_with("move ")) {
         const HWND control = focusedControl(window);
         if (control == nullptr) {
             return "no control has the focus on " + description();
         }
-        PostMessageA(control, WM_KEYDOWN, static_cast<WPARAM>(std::atoi(action.c_str() + 4)), 0);
+        const int key = std::atoi(action.c_str() + action.find(' '));
+        PostMessageA(control, WM_KEYDOWN, static_cast<WPARAM>(key), 0);
+        if (action.starts_with("move ") && focusedControl(window, control) == nullptr) {
+            return "the focus stays where it is on " + description();
+        }
     } else if (action.starts_with("id ")) {
         PostMessageA(GetDlgItem(window, std::atoi(action.c_str() + 3)), BM_CLICK, 0, 0);
     } else if (action.starts_with("sees ")) {

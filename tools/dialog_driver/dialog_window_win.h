@@ -25,6 +25,7 @@ class DialogWindow {
     ///   close         clicks the close box
     ///   id NUMBER     clicks the control of this id, visible or not, as unattended scripts do
     ///   key NUMBER    presses a virtual key on the control that has the focus, once one has it
+    ///   move NUMBER   the same, and waits until another control has the focus
     ///   sees TEXT     does nothing, but expects TEXT within the description
     ///   columns TEXT  expects this of the list: for each column "WIDTH,LVCFMT ", then the bits of
     ///                 the lower word in which its extended style differs from its window style
