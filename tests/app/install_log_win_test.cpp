@@ -10,17 +10,13 @@
 #include <filesystem>
 #include <fstream>
 #include <iostream>
-#include <iterator>
 #include <string>
+
+#include "platform/files_win.h"
 
 namespace {
 
 namespace fs = std::filesystem;
-
-std::string read(const fs::path& path) {
-    std::ifstream file(path, std::ios::binary);
-    return {std::istreambuf_iterator<char>(file), {}};
-}
 
 /// The log's folder, and another one beside it, which is current, with a file of the log's name.
 class InstallLog : public testing::Test {
@@ -59,7 +55,7 @@ TEST_F(InstallLog, IsAppendedTo) {
     appendToInstallLog("a");
     const std::fstream open(log());  // somebody else's, who reads and writes
     appendToInstallLog("b");
-    EXPECT_EQ(read(log()), "a\r\nb\r\n");
+    EXPECT_EQ(readFileContent(log().string()), "a\r\nb\r\n");
 }
 
 TEST_F(InstallLog, IsNotWrittenThroughALink) {
@@ -68,7 +64,7 @@ TEST_F(InstallLog, IsNotWrittenThroughALink) {
         lacking += " hard links,";
     } else {
         appendToInstallLog("a");
-        EXPECT_EQ(read("InstallLog.txt"), "theirs") << "a hard link";
+        EXPECT_EQ(readFileContent("InstallLog.txt"), "theirs") << "a hard link";
         fs::remove(log());
     }
     std::system(
@@ -81,7 +77,7 @@ TEST_F(InstallLog, IsNotWrittenThroughALink) {
         lacking += " symbolic links,";
     } else {
         appendToInstallLog("a");
-        EXPECT_EQ(read("InstallLog.txt"), "theirs") << "a symbolic link";
+        EXPECT_EQ(readFileContent("InstallLog.txt"), "theirs") << "a symbolic link";
     }
     runBelow("\"rm '../Halvick Test Equipment/InstallLog.txt'\"", false);
     fs::remove_all(folder);
@@ -92,7 +88,7 @@ TEST_F(InstallLog, IsNotWrittenThroughALink) {
         lacking += " junctions,";
     }
     appendToInstallLog("a");  // to no folder at all where that is so
-    EXPECT_EQ(read("InstallLog.txt"), "theirs") << "a junction";
+    EXPECT_EQ(readFileContent("InstallLog.txt"), "theirs") << "a junction";
     if (!lacking.empty()) {
         std::cout << "not tried:" << lacking << " which this disk or system lacks\n";
     }

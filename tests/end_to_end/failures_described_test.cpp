@@ -17,7 +17,6 @@ Given refused(const std::string& path, std::uint32_t error) {
         })();
     };
 }
-const Step classicSetup = setup("04", "Halvick Tavlink Classic Analyzer 16.4.10002.0");
 const Step cannotStart{"Error | warning | Unknown ShellExecute error ! | OK", {"OK"}};
 const Step denied{
     "Error | warning | The operating system denied access to the specified file. | OK", {"OK"}};
@@ -64,11 +63,7 @@ TEST(ProductData, ThatComeLateAreReadAgain) {
         };
     });
     const auto chosen = [](const std::string& build) {
-        return Step{"Tavlink Classic Analyzer " + build +
-                        " Installation | Please select the type of product to install.\nOnly the "
-                        "live product works with capture hardware. | Live Product | File Viewer | "
-                        "Demonstration | Install | Cancel | Help",
-                    {"Install"}};
+        return dialogOf("Tavlink Classic Analyzer", allChoices, {"Install"}, build);
     };
     const Step started =
         setup("04", "Halvick Tavlink Classic Analyzer 1.2.3.4", "LIVE", "x86", "1.2.3.4");

@@ -30,8 +30,6 @@ Given version(const std::string& key, const std::string& name,
     };
 }
 
-const Step classicSetup = setup("04", "Halvick Tavlink Classic Analyzer 16.4.10002.0");
-
 TEST(OlderVersions, AreSortedAndTheTickedOnesRemovedOneAfterAnother) {
     const std::string beta = "beta Tavlink Classic Analyzer 2";
     const std::vector<Given> versions = {

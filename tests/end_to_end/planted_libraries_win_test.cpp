@@ -33,9 +33,7 @@ TEST(PlantedLibraries, AreNotLoaded) {
     };
     // The list view, help, the reading of a version, and the shell.
     Case run{"04: planted",
-             {{"* | No, Skip", {"No, Skip"}},
-              {"* | Help", {"Help", "Install"}},
-              setup("04", "Halvick Tavlink Classic Analyzer 16.4.10002.0")},
+             {{"* | No, Skip", {"No, Skip"}}, {"* | Help", {"Help", "Install"}}, classicSetup},
              {installed("a", "Tavlink Classic Analyzer", "x"),
               indexed("Software\\Halvick Test Equipment\\Products\\1", "x"),
               program(scratch + "bin\\release\\qmx.exe")}};

@@ -78,30 +78,18 @@ TEST(CommandLine, TooLongASourceDirectoryIsSaidToBeSo) {
           "-dir \"" + longer + '"'}});
 }
 
-const std::string live = "Live Product", all = live + " | File Viewer | Demonstration";
-
-/// The dialog of a product that has these choices.
-Step dialogOf(const std::string& product, const std::string& choices,
-              const std::vector<std::string>& actions, const std::string& build = defaultBuild) {
-    return {product + ' ' + build +
-                " Installation | Please select the type of product to install.\nOnly the live "
-                "product works with capture hardware. | " +
-                choices + " | Install | Cancel | Help",
-            actions};
-}
-
 TEST(SetupLaunch, FollowsTheChoice) {
     const std::string classic = "Halvick Tavlink Classic ", setupUtility = media + "Setup.Exe";
     const std::string enter = "key 13", escape = "key 27", help = "key 112", tab = "move 9";
     const std::string up = "move 38", down = "move 40";
     play({{"04: live at once",
-           {dialogOf("Tavlink Classic Analyzer", all, {"Install"}),
+           {dialogOf("Tavlink Classic Analyzer", allChoices, {"Install"}),
             setup("04", classic + "Analyzer 16.4.10002.0")}},
           onWindows({"04: demonstration, after help",
                      {{"* | Help", {help, "File Viewer", "Demonstration", enter}},
                       setup("0h", classic + "Demo 16.4.10002.0", "DEMO")}}),
           {"1d: no demonstration",
-           {dialogOf("Tavlink ZigBee Analyzer", live + " | File Viewer", {"close"})}},
+           {dialogOf("Tavlink ZigBee Analyzer", "Live Product | File Viewer", {"close"})}},
           {"04: cancelled by keyboard", {{"* | Help", {"Demonstration", escape}}}},
           onWindows({"04: cancelled behind the other button", {{"* | Help", {tab, tab, enter}}}}),
           // Within the choices, past the hidden one.
@@ -110,7 +98,7 @@ TEST(SetupLaunch, FollowsTheChoice) {
                       setup("1d", "Halvick Tavlink ZigBee Analyzer Viewer 16.4.10002.0", "VIEW")}}),
           {"1s: without the maker's name in front",
            {chooseLive, setup("1s", "Tavlink Near Field Analyzer 16.4.10002.0")}},
-          {": no stamp", {dialogOf("", live, {"Install"}), setup("", "Halvick ")}},
+          {": no stamp", {dialogOf("", "Live Product", {"Install"}), setup("", "Halvick ")}},
           {"0q: no setup utility",
            {chooseLive,
             box("Failed to locate program installation utility: \"" + setupUtility + '"', "error")},
@@ -147,7 +135,7 @@ TEST(SetupLaunch, TakesTheBuildFromTheProductDataBesideTheProgram) {
     const std::string plain = scratch + "ProductData.ini", enciphered = scratch + "ProductData.inx";
     const auto launches = [](const std::string& build) {
         return std::vector<Step>{
-            dialogOf("Tavlink Classic Analyzer", all, {"Install"}, build),
+            dialogOf("Tavlink Classic Analyzer", allChoices, {"Install"}, build),
             setup("04", "Halvick Tavlink Classic Analyzer " + build, "LIVE", "x86", build)};
     };
     play({{"04: plain",

@@ -43,7 +43,7 @@ class MappedDialog : public CDialog {
 
 TEST(Dialog, HandlesWhatItsMapNames) {
     MappedDialog dialog;
-    EXPECT_EQ(driveModal([&] { return dialog.DoModal(); },
+    EXPECT_EQ(driveModal(dialog,
                          [&](HWND window) {
                              EXPECT_EQ(SendMessageA(window, answered, 4, 2), 42);
                              EXPECT_EQ(SendMessageA(window, leftToDefault, 0, 0), 0);

@@ -3,8 +3,8 @@
 
 #include <filesystem>
 #include <fstream>
-#include <iterator>
 
+#include "platform/files_win.h"
 #include "tests/rows.h"
 
 namespace {
@@ -19,9 +19,8 @@ std::string wide(const std::string& text) {
 
 TEST(FileVersion, IsThatOfTheUsEnglishUnicodeTable) {
     namespace fs = std::filesystem;
-    std::ifstream file(fs::path(_pgmptr).parent_path().parent_path() / "dialog_driver/recorder.exe",
-                       std::ios::binary);
-    const std::string program(std::istreambuf_iterator<char>(file), {});
+    const fs::path folder = fs::path(_pgmptr).parent_path().parent_path() / "dialog_driver";
+    const std::string program = readFileContent((folder / "recorder.exe").string()).value_or("");
     const fs::path path = fs::temp_directory_path() / "with version.exe";
     std::string text = "left over";
     EXPECT_FALSE(fileVersionText(path.string(), text));

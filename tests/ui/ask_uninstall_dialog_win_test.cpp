@@ -24,7 +24,7 @@ TEST(AskUninstallDialog, TakesNoSecondAnswer) {
     CAskUninstallDlg dialog(products, remove);
     shown = &dialog;
     EXPECT_EQ(
-        driveModal([&] { return dialog.DoModal(); },
+        driveModal(dialog,
                    [](HWND window) { SendMessageA(GetDlgItem(window, IDYES), BM_CLICK, 0, 0); }),
         IDOK);
     EXPECT_EQ(removed, (std::vector<std::vector<std::string>>{{"Alpha", "beta"}}));

@@ -85,17 +85,15 @@ TEST(HtmlHelpControl, IsAskedByButtonAndByF1) {
     const ScratchMachine machine;
     registerControl(machine, REG_SZ, recorder);
     CInstallDlg dialog("Sample");
-    driveModal([&] { return dialog.DoModal(); },
-               [&](HWND window) {
-                   const std::string shown = "owned " + folder + "\\windows_tests.chm 0 0;";
-                   HELPINFO asked{};
-                   asked.cbSize = sizeof asked;
-                   EXPECT_EQ(SendMessageA(window, WM_HELP, 0, reinterpret_cast<LPARAM>(&asked)),
-                             TRUE);
-                   EXPECT_EQ(shownHelp(), shown);
-                   SendMessageA(GetDlgItem(window, IDC_HELP_BUTTON), BM_CLICK, 0, 0);
-                   EXPECT_EQ(shownHelp(), shown);
-               });
+    driveModal(dialog, [&](HWND window) {
+        const std::string shown = "owned " + folder + "\\windows_tests.chm 0 0;";
+        HELPINFO asked{};
+        asked.cbSize = sizeof asked;
+        EXPECT_EQ(SendMessageA(window, WM_HELP, 0, reinterpret_cast<LPARAM>(&asked)), TRUE);
+        EXPECT_EQ(shownHelp(), shown);
+        SendMessageA(GetDlgItem(window, IDC_HELP_BUTTON), BM_CLICK, 0, 0);
+        EXPECT_EQ(shownHelp(), shown);
+    });
 }
 
 }  // namespace

@@ -24,6 +24,15 @@ Step logged(const std::string& line) {
     return {"logs " + line + '\n', {}, Step::Kind::Unseen};
 }
 
+Step dialogOf(const std::string& product, const std::string& choices,
+              const std::vector<std::string>& actions, const std::string& build) {
+    return {product + ' ' + build +
+                " Installation | Please select the type of product to install.\nOnly the live "
+                "product works with capture hardware. | " +
+                choices + " | Install | Cancel | Help",
+            actions};
+}
+
 Step choose(const std::string& choice, const std::string& button) {
     return {"* | Install | Cancel | Help", {choice, button}};
 }

@@ -52,7 +52,12 @@ inline const Step shellMessage{"* | OK", {"OK"}, Step::Kind::DialogOfSomePlatfor
 [[nodiscard]] Step stopped(const std::string& path);
 [[nodiscard]] Step copiedOver(const std::string& from, const std::string& to);
 [[nodiscard]] Step logged(const std::string& line);
-/// The "Install Product" dialog.
+/// The "Install Product" dialog of a product that has these choices.
+inline const std::string allChoices = "Live Product | File Viewer | Demonstration";
+[[nodiscard]] Step dialogOf(const std::string& product, const std::string& choices,
+                            const std::vector<std::string>& actions,
+                            const std::string& build = defaultBuild);
+/// The same of any product.
 [[nodiscard]] Step choose(const std::string& choice, const std::string& button = "Install");
 inline const Step chooseLive = choose("Live Product");
 /// A program that is started, and waited for unless it is "Setup.Exe".
@@ -62,6 +67,7 @@ inline const Step chooseLive = choose("Live Product");
                          const std::string& type = "LIVE", const std::string& bitness = "x86",
                          const std::string& build = defaultBuild,
                          const std::string& folder = media);
+inline const Step classicSetup = setup("04", "Halvick Tavlink Classic Analyzer 16.4.10002.0");
 [[nodiscard]] Step extracted(const std::string& archive);
 
 /// Puts something on the machine before the run. Beside it there is "Setup.Exe" on the media.

@@ -10,13 +10,13 @@
 #include <filesystem>
 #include <fstream>
 #include <iostream>
-#include <iterator>
 #include <optional>
 #include <tuple>
 
 #include "app/environment.h"
 #include "app/stamped_identity.h"
 #include "catalogue/product_catalogue.h"
+#include "platform/files_win.h"
 #include "platform/operating_system_win.h"
 #include "platform/system_library_win.h"
 #include "tools/dialog_driver/installer_run_win.h"
@@ -327,8 +327,7 @@ std::string play(const Case& row) {
 }
 
 std::string readFile(const std::string& path) {
-    std::ifstream file(path, std::ios::binary);
-    return {std::istreambuf_iterator<char>(file), {}};
+    return readFileContent(path).value_or("");
 }
 
 void removeFolder(const std::string& path) {
