@@ -10,12 +10,17 @@ inline constexpr std::size_t maximumPathLength = 260;
 
 // winerror.h.
 inline constexpr std::uint32_t errorSuccess = 0;
+inline constexpr std::uint32_t errorFileNotFound = 2;
 inline constexpr std::uint32_t errorInvalidData = 13;
+inline constexpr std::uint32_t errorMoreData = 234;
 inline constexpr std::uint32_t errorNoMoreItems = 259;
 
 // winnt.h: types of registry values.
 inline constexpr std::uint32_t stringType = 1;
 inline constexpr std::uint32_t expandableStringType = 2;
+inline constexpr std::uint32_t binaryType = 3;
+inline constexpr std::uint32_t numberType = 4;
+inline constexpr std::uint32_t textsType = 7;
 
 // winnt.h: attributes of files.
 inline constexpr std::uint32_t fileAttributeReparsePoint = 0x400;

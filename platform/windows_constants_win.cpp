@@ -4,10 +4,12 @@
 
 static_assert(maximumPathLength == MAX_PATH);
 
-static_assert(errorSuccess == ERROR_SUCCESS && errorInvalidData == ERROR_INVALID_DATA &&
+static_assert(errorSuccess == ERROR_SUCCESS && errorFileNotFound == ERROR_FILE_NOT_FOUND &&
+              errorInvalidData == ERROR_INVALID_DATA && errorMoreData == ERROR_MORE_DATA &&
               errorNoMoreItems == ERROR_NO_MORE_ITEMS);
 
-static_assert(stringType == REG_SZ && expandableStringType == REG_EXPAND_SZ);
+static_assert(stringType == REG_SZ && expandableStringType == REG_EXPAND_SZ &&
+              binaryType == REG_BINARY && numberType == REG_DWORD && textsType == REG_MULTI_SZ);
 
 static_assert(fileAttributeReparsePoint == FILE_ATTRIBUTE_REPARSE_POINT);
 

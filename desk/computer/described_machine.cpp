@@ -10,19 +10,10 @@
 
 namespace {
 
-constexpr std::uint32_t fileNotFound = 2;  // ERROR_FILE_NOT_FOUND, and SE_ERR_FNF
-
 std::string withoutQuotes(const std::string& path) {
     return path.size() > 1 && path.front() == '"' && path.back() == '"'
                ? path.substr(1, path.size() - 2)
                : path;
-}
-
-/// What stands under a path; null where nothing does.
-template <class Map>
-const typename Map::mapped_type* valueIn(const Map& map, const std::string& path) {
-    const auto found = map.find(path);
-    return found == map.end() ? nullptr : &found->second;
 }
 
 /// The names in the order of the prompt's list.
@@ -40,13 +31,8 @@ std::vector<std::string> sortedNames(const std::vector<InstalledProduct>& produc
 
 }  // namespace
 
-bool PathOrder::operator()(const std::string& left, const std::string& right) const {
-    return lowerCase(left) < lowerCase(right);
-}
-
 PathKind DescribedMachine::pathKind(const std::string& path) {
-    constexpr std::size_t longestPath = 259;  // MAX_PATH without the terminator
-    if (path.size() > longestPath && !path.starts_with("\\\\?\\")) {
+    if (path.size() >= maximumPathLength && !path.starts_with("\\\\?\\")) {
         return PathKind::Inaccessible;
     }
     if (const DescribedFile* const file = valueIn(files, path)) {
@@ -72,7 +58,9 @@ bool DescribedMachine::fileVersion(const std::string& path, std::string& text) {
 std::uint32_t DescribedMachine::copyFile(const std::string& source, const std::string& target) {
     const std::uint32_t* const failure = valueIn(copyErrors, target);
     const DescribedFile* const file = valueIn(files, source);
-    const std::uint32_t error = failure != nullptr ? *failure : file == nullptr ? fileNotFound : 0;
+    const std::uint32_t error = failure != nullptr ? *failure
+                                : file == nullptr  ? errorFileNotFound
+                                                   : errorSuccess;
     if (error == 0) {
         files[target] = DescribedFile(*file);
     }
@@ -170,7 +158,8 @@ StartResult DescribedMachine::startProgram(RunStep::Kind kind, const std::string
     const DescribedProgram* const program = valueIn(programs, path);
     StartResult result{.started = true};
     if (pathKind(path) != PathKind::File) {
-        result = {.started = false, .instance = fileNotFound, .lastError = fileNotFound};
+        // SE_ERR_FNF is the same number.
+        result = {.instance = errorFileNotFound, .lastError = errorFileNotFound};
     } else if (program != nullptr && program->failure) {
         result = *program->failure;
     }

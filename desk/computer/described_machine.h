@@ -60,15 +60,10 @@ struct DescribedProgram {
     std::vector<std::string> removes = {};              ///< files, by full path
 };
 
-/// Orders texts without regard to letter case.
-struct PathOrder {
-    bool operator()(const std::string& left, const std::string& right) const;
-};
-
 class DescribedMachine : public Machine {
   public:
     template <class Value>
-    using ByPath = std::map<std::string, Value, PathOrder>;
+    using ByPath = std::map<std::string, Value, KeyPathOrder>;
 
     // The description.
 

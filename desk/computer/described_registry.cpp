@@ -2,9 +2,7 @@
 
 #include <algorithm>
 #include <cstring>
-#include <utility>
-
-#include "platform/ansi_text.h"
+#include <vector>
 
 namespace {
 
@@ -14,20 +12,16 @@ unsigned rank(char character) {
         return 0;
     }
     const auto byte = static_cast<unsigned char>(character);
-    const bool ascii = byte < 0x80;  // by far the most, and compared often
-    const auto lower =
-        ascii ? byte : static_cast<unsigned char>(lowerCase(std::string_view(&character, 1))[0]);
-    return lower >= 'a' && lower <= 'z' ? lower - ('a' - 'A') : lower;
+    if (byte < 0x80) {  // by far the most, and compared often
+        return byte >= 'a' && byte <= 'z' ? byte - ('a' - 'A') : byte;
+    }
+    return static_cast<unsigned char>(lowerCase(std::string_view(&character, 1))[0]);
 }
-
-// Mirror winerror.h.
-constexpr std::uint32_t fileNotFound = 2;
-constexpr std::uint32_t moreData = 234;
 
 /// A text into a buffer of `size` bytes, as Windows' calls do.
 std::uint32_t giveText(const std::string& text, char* buffer, std::uint32_t& size) {
     if (text.size() >= size) {
-        return moreData;
+        return errorMoreData;
     }
     std::memcpy(buffer, text.c_str(), text.size() + 1);
     size = static_cast<std::uint32_t>(text.size());
@@ -40,18 +34,20 @@ std::uint32_t giveData(const std::string& bytes, char* buffer, std::uint32_t& si
     if (fits && buffer != nullptr) {
         std::memcpy(buffer, bytes.data(), bytes.size());
     }
-    return fits ? errorSuccess : moreData;
+    return fits ? errorSuccess : errorMoreData;
 }
 
 class DescribedKey : public KeyReader {
   public:
     DescribedKey(const DescribedRegistry& registry, std::string keyPath)
-        : registry(registry), path(std::move(keyPath)) {
-        if (const auto known = registry.keys.find(path); known != registry.keys.end()) {
-            values = &known->second;
+        : registry(registry), path(std::move(keyPath)), values(valueIn(registry.keys, path)) {
+        if (const KeyFailures* const known = valueIn(registry.failures, path)) {
+            failures = *known;
         }
-        if (const auto failing = registry.failures.find(path); failing != registry.failures.end()) {
-            failures = failing->second;
+        if (values != nullptr) {
+            for (const auto& [name, value] : values->all()) {
+                inOrder.push_back(&value);
+            }
         }
         const std::size_t start = path.empty() ? 0 : path.size() + 1;
         for (auto key = registry.keys.upper_bound(path);
@@ -74,7 +70,7 @@ class DescribedKey : public KeyReader {
             return opened->failures.open;
         }
         if (opened->values == nullptr && opened->subkeys.empty()) {
-            return fileNotFound;
+            return errorFileNotFound;
         }
         subkey = std::move(opened);
         return errorSuccess;
@@ -83,7 +79,7 @@ class DescribedKey : public KeyReader {
     [[nodiscard]] std::uint32_t count(std::uint32_t& subkeyCount,
                                       std::uint32_t& valueCount) const override {
         subkeyCount = static_cast<std::uint32_t>(subkeys.size());
-        valueCount = static_cast<std::uint32_t>(values == nullptr ? 0 : values->all().size());
+        valueCount = static_cast<std::uint32_t>(inOrder.size());
         return failures.count;
     }
 
@@ -101,10 +97,10 @@ class DescribedKey : public KeyReader {
         if (fails(index)) {
             return failures.enumerate;
         }
-        if (values == nullptr || index >= values->all().size()) {
+        if (index >= inOrder.size()) {
             return errorNoMoreItems;
         }
-        const RegistryValue& value = values->all()[index];
+        const RegistryValue& value = *inOrder[index];
         const std::uint32_t named = giveText(value.name, name, nameSize);
         return named != errorSuccess ? named : giveData(value.data, data, dataSize);
     }
@@ -113,7 +109,7 @@ class DescribedKey : public KeyReader {
                                            std::uint32_t& size) const override {
         const RegistryValue* const value = values == nullptr ? nullptr : values->find(name);
         if (value == nullptr) {
-            return fileNotFound;
+            return errorFileNotFound;
         }
         type = value->type;
         return giveData(value->data, data, size);
@@ -128,7 +124,8 @@ class DescribedKey : public KeyReader {
 
     const DescribedRegistry& registry;
     const std::string path;
-    const RegistryValues* values = nullptr;
+    const RegistryValues* const values;  ///< null: the key itself is not there
+    std::vector<const RegistryValue*> inOrder;
     KeyFailures failures;
     std::vector<std::string> subkeys;  ///< their names, in the order of enumeration
 };
@@ -144,33 +141,6 @@ bool KeyPathOrder::operator()(std::string_view left, std::string_view right) con
 bool isBelow(std::string_view path, std::string_view parent) {
     return path.size() > parent.size() + 1 && path[parent.size()] == '\\' &&
            equalIgnoringCase(path.substr(0, parent.size()), parent);
-}
-
-void RegistryValues::set(RegistryValue value) {
-    const auto [position, added] = positions.try_emplace(lowerCase(value.name), list.size());
-    if (added) {
-        list.push_back(std::move(value));
-    } else {
-        list[position->second] = std::move(value);
-    }
-}
-
-void RegistryValues::remove(std::string_view name) {
-    const auto found = positions.find(lowerCase(name));
-    if (found == positions.end()) {
-        return;
-    }
-    const std::size_t removed = found->second;
-    list.erase(list.begin() + static_cast<std::ptrdiff_t>(removed));
-    positions.erase(found);
-    for (auto& [known, position] : positions) {
-        position -= position > removed ? 1 : 0;
-    }
-}
-
-const RegistryValue* RegistryValues::find(std::string_view name) const {
-    const auto found = positions.find(lowerCase(name));
-    return found == positions.end() ? nullptr : &list[found->second];
 }
 
 RegistryValue registryText(std::string name, std::string text) {

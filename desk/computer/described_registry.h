@@ -1,20 +1,22 @@
 // A registry that answers from a description: keys and values as a registry holds them.
 #pragma once
 
-#include <cstddef>
 #include <cstdint>
 #include <map>
 #include <memory>
 #include <string>
 #include <string_view>
-#include <vector>
+#include <utility>
 
+#include "platform/ansi_text.h"
 #include "platform/registry_key.h"
 
-// REG_BINARY, REG_DWORD and REG_MULTI_SZ of winnt.h.
-inline constexpr std::uint32_t registryTypeBinary = 3;
-inline constexpr std::uint32_t registryTypeNumber = 4;
-inline constexpr std::uint32_t registryTypeTexts = 7;
+/// What stands under a key of a map; null where nothing does.
+template <class Map, class Key>
+[[nodiscard]] const typename Map::mapped_type* valueIn(const Map& map, const Key& key) {
+    const auto found = map.find(key);
+    return found == map.end() ? nullptr : &found->second;
+}
 
 struct RegistryValue {
     std::string name;  ///< empty for the key's default value
@@ -29,19 +31,21 @@ struct KeyPathOrder {
     [[nodiscard]] bool operator()(std::string_view left, std::string_view right) const;
 };
 
-/// A key's values in the order in which they were first set; found by name in any letter case.
+/// A key's values, found by name in any letter case. Windows promises no order of them.
 class RegistryValues {
   public:
-    /// In place of one of its name, or as the last one.
-    void set(RegistryValue value);
-    void remove(std::string_view name);
+    /// In place of one of its name.
+    void set(RegistryValue value) { values[lowerCase(value.name)] = std::move(value); }
+    void remove(std::string_view name) { values.erase(lowerCase(name)); }
     /// Null where there is none.
-    [[nodiscard]] const RegistryValue* find(std::string_view name) const;
-    [[nodiscard]] const std::vector<RegistryValue>& all() const { return list; }
+    [[nodiscard]] const RegistryValue* find(std::string_view name) const {
+        return valueIn(values, lowerCase(name));
+    }
+    /// By name in lower case.
+    [[nodiscard]] const std::map<std::string, RegistryValue>& all() const { return values; }
 
   private:
-    std::vector<RegistryValue> list;
-    std::map<std::string, std::size_t> positions;  ///< by name in lower case
+    std::map<std::string, RegistryValue> values;
 };
 
 /// Keys below HKEY_LOCAL_MACHINE by their path.

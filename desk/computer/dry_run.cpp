@@ -1,10 +1,8 @@
 #include "desk/computer/dry_run.h"
 
 #include <algorithm>
-#include <charconv>
-#include <map>
+#include <cstdlib>
 #include <sstream>
-#include <utility>
 
 #include "app/direct_install.h"
 #include "app/install_app.h"
@@ -14,25 +12,20 @@
 #include "drivers/driver_installation.h"
 #include "installed/installed_product.h"
 #include "platform/ansi_text.h"
-#include "platform/operating_system.h"
 #include "ui/resource.h"
 
 namespace {
 
 const std::string programFolder = "C:\\Installer\\";
 
-/// A user who goes on wherever that is possible, with this choice of the product type.
-std::vector<std::string> goesOn(const ShownDialog& dialog, const std::string& choice) {
-    return dialog.buttons.front() == TEXT_INSTALL ? std::vector{choice, dialog.buttons.front()}
-                                                  : std::vector{dialog.buttons.front()};
-}
-
-/// One run on a machine of its own.
+/// One run on a machine of its own, whose user goes on wherever that is possible.
 struct Trial {
     Trial(const DryRunMedia& media, const MachineDescription& description,
           const std::string& choice)
         : machine(machineWith(media, description)), app(*machine) {
-        machine->user = [choice](const ShownDialog& dialog) { return goesOn(dialog, choice); };
+        machine->user = [choice](const ShownDialog& dialog) {
+            return std::vector{choice, dialog.buttons.front()};
+        };
         std::ignore = app.InitInstance();  // how it ended shows in the steps
     }
 
@@ -56,11 +49,7 @@ int folderNumber(Trial& trial, const std::string& folder) {
     const SetupRequest request{.productCode = app.productCode, .productType = app.productType};
     const std::string free = uniqueProgramFolder(programFolderName(trial.app.catalogue, request),
                                                  app.productNumber, index);
-    int number = 1;
-    if (folder.size() > free.size()) {
-        std::from_chars(folder.data() + free.size() + 1, folder.data() + folder.size(), number);
-    }
-    return number;
+    return folder.size() > free.size() ? std::atoi(&folder[free.size() + 1]) : 1;
 }
 
 /// Converts every text of a document.
@@ -77,11 +66,8 @@ Json call(const std::string& program, const std::string& arguments) {
 }
 
 Json shown(const ShownDialog& dialog) {
-    Json icon;
-    if (dialog.icon) {
-        icon = *dialog.icon == MessageIcon::Error ? "error" : "warning";
-    }
-    return {{"title", dialog.title},     {"icon", icon},
+    const char* const icon = dialog.icon == MessageIcon::Error ? "error" : "warning";
+    return {{"title", dialog.title},     {"icon", dialog.icon ? Json(icon) : Json()},
             {"texts", dialog.texts},     {"rows", dialog.rows},
             {"choices", dialog.choices}, {"buttons", dialog.buttons}};
 }
@@ -90,11 +76,8 @@ Json shown(const ShownDialog& dialog) {
 Json parameterFields(const std::string& parameters) {
     Json fields = Json::object();
     std::istringstream rest(parameters);
-    std::string field;
-    if (std::getline(rest, field, ' ')) {
-        fields[field] = "";
-    }
-    while (std::getline(rest, field, '`')) {
+    char end = ' ';  // of the mode, which goes first
+    for (std::string field; std::getline(rest, field, end); end = '`') {
         const std::size_t equals = std::min(field.find('='), field.size());
         fields[field.substr(0, equals)] = equals < field.size() ? field.substr(equals + 1) : "";
     }
@@ -111,13 +94,13 @@ Json endingOf(Trial& trial, const std::string& choice) {
         ending["message"] = shown(last.dialog);
         return ending;
     }
-    Json fields = parameterFields(last.arguments);
+    const Json fields = parameterFields(last.arguments);
     const std::string folder = fields.value("-pf", "");
     const bool isNumbered = trial.question() != nullptr || trial.app.deviceFamily != nullptr;
-    ending["programFolder"] = folder;
-    ending["programFolderNumber"] = isNumbered ? folderNumber(trial, folder) : 1;
-    ending["setup"] = call(last.program, last.arguments);
-    ending["fields"] = std::move(fields);
+    ending.update({{"programFolder", folder},
+                   {"programFolderNumber", isNumbered ? folderNumber(trial, folder) : 1},
+                   {"setup", call(last.program, last.arguments)},
+                   {"fields", fields}});
     return ending;
 }
 
@@ -151,9 +134,10 @@ Json described(const RunStep& step) {
                     {"dialog", shown(step.dialog)},
                     {"answers", answersOf(step.dialog)}};
         case RunStep::Kind::Stop:
-            json["kind"] = "stop";
-            json["note"] =
-                "running copies are ended; the run ends with a message when one cannot be";
+            json.update(
+                {{"kind", "stop"},
+                 {"note",
+                  "running copies are ended; the run ends with a message when one cannot be"}});
             return json;
         case RunStep::Kind::Copy:
             return {{"kind", "copy"},
@@ -173,8 +157,7 @@ Json described(const RunStep& step) {
         case RunStep::Kind::Launch:
             break;
     }
-    json["kind"] = "run";
-    json["note"] = "unpacks drivers";
+    json.update({{"kind", "run"}, {"note", "unpacks drivers"}});
     return json;
 }
 

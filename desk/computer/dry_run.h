@@ -10,7 +10,7 @@
 #include "app/stamped_identity.h"
 #include "desk/computer/described_machine.h"
 #include "desk/computer/machine_description.h"
-#include "desk/json.h"
+#include "desk/whole_file.h"
 
 /// What was stamped and what lies on the media; in the ANSI code page.
 struct DryRunMedia {

@@ -1,6 +1,7 @@
 // A dry run in words.
 
 #include "desk/computer/dry_run.h"
+#include "platform/ansi_text.h"
 
 namespace {
 
@@ -12,14 +13,7 @@ std::string text(const Json& object, const char* name) {
 
 /// The text with every line set in behind `start`.
 std::string lines(const std::string& text, const std::string& start) {
-    std::string result = start;
-    for (const char character : text) {
-        result += character;
-        if (character == '\n') {
-            result += start;
-        }
-    }
-    return result + '\n';
+    return start + replaceAll(text, "\n", "\n" + start, false) + '\n';
 }
 
 std::string commandLine(const Json& call) {

@@ -3,7 +3,6 @@
 #include <algorithm>
 #include <utility>
 
-#include "desk/json.h"
 #include "desk/western_text.h"
 #include "desk/whole_file.h"
 #include "installed/installation_index.h"
@@ -95,7 +94,7 @@ void readExport(std::string_view content, const std::string& name, bool bitsKnow
             continue;
         }
         RegistryValues& kept = machine.registry[path];
-        for (const RegistryValue& value : key.second.all()) {
+        for (const auto& [name, value] : key.second.all()) {
             kept.set(value);
         }
     }

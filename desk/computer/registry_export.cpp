@@ -5,7 +5,6 @@
 
 #include "desk/western_text.h"
 #include "platform/ansi_text.h"
-#include "platform/registry_key.h"
 
 namespace {
 
@@ -179,21 +178,21 @@ class Reader {
         data.remove_prefix(colon + 1);
         if (type == "dword") {
             std::uint32_t number = 0;
-            value.type = registryTypeNumber;
+            value.type = numberType;
             const bool isRead = readHexadecimal(data, number);
             for (int shift = 0; shift < 32; shift += 8) {
                 value.data += static_cast<char>(number >> shift);
             }
             return isRead;
         }
-        value.type = registryTypeBinary;
+        value.type = binaryType;
         const bool isTyped = type.starts_with("hex(") && type.ends_with(')');
         if (isTyped ? !readHexadecimal(type.substr(4, type.size() - 5), value.type)
                     : type != "hex") {
             return false;
         }
         const bool isRead = readBytes(data, value.data);
-        const bool isText = isStringType(value.type) || value.type == registryTypeTexts;
+        const bool isText = isStringType(value.type) || value.type == textsType;
         if (isText && !text.starts_with(olderHeader)) {
             value.data = fromUtf16(value.data);
         }
