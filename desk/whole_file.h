@@ -1,9 +1,10 @@
-// Files, read and written as a whole.
+// Files, read and written as a whole; docs/formats.md describes those that are JSON documents.
 #pragma once
 
 #include <cstdint>
 #include <filesystem>
 #include <functional>
+#include <nlohmann/json.hpp>
 #include <optional>
 #include <string>
 #include <string_view>
@@ -11,6 +12,8 @@
 #include "desk/refusal.h"
 
 namespace fs = std::filesystem;
+/// Members keep the order in which they were put in.
+using Json = nlohmann::ordered_json;
 
 /// Hands on the bytes of a file in pieces of a mebibyte, the last of them smaller. Throws Refusal
 /// with the system's reason when the file cannot be read.
@@ -21,6 +24,13 @@ std::string readInput(const std::string& path);
 
 /// The same; nothing when it cannot be read.
 std::optional<std::string> readWholeFile(const std::string& path);
+
+/// A document, in which comments are allowed. Throws Refusal, with line and column where the file
+/// holds none.
+[[nodiscard]] Json readJson(const std::string& file);
+
+/// What an exception says, without the JSON library's own prefix.
+[[nodiscard]] std::string reasonOf(const std::exception& error);
 
 /// What one reading of a file tells, however long it is.
 struct FileSummary {

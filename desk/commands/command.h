@@ -1,11 +1,10 @@
-// What the commands of the release engineer's desk share. Each command is added to the program by
-// one function, which its own file defines.
+// What the commands of the release engineer's desk share.
 #pragma once
 
 #include <string>
 #include <vector>
 
-#include "desk/json.h"
+#include "desk/whole_file.h"
 
 namespace CLI {
 class App;
@@ -44,11 +43,7 @@ void printResult(const Session& session, const Json& document, const std::string
 /// when the session is strict, so it comes before anything is written.
 void printNote(const Session& session, const std::string& subject, const std::string& note);
 
-void addCheckCommand(CLI::App& app, Session& session);
-void addProductsCommand(CLI::App& app, Session& session);
-void addStampCommand(CLI::App& app, Session& session);
-void addEncipherCommand(CLI::App& app, Session& session);
-void addDecipherCommand(CLI::App& app, Session& session);
-void addLayoutCommand(CLI::App& app, Session& session);
-void addReleaseCommand(CLI::App& app, Session& session);
-void addVerifyCommand(CLI::App& app, Session& session);
+/// Adds a command to the program; its own file defines it.
+using CommandAdder = void(CLI::App& app, Session& session);
+CommandAdder addProductsCommand, addStampCommand, addEncipherCommand, addDecipherCommand,
+    addLayoutCommand, addCheckCommand, addReleaseCommand, addVerifyCommand;

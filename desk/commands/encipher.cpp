@@ -5,9 +5,9 @@
 #include "catalogue/cipher.h"
 #include "catalogue/product_data_file.h"
 #include "desk/commands/command.h"
-#include "desk/media/product_data.h"
+#include "desk/media/media_report.h"
 #include "desk/western_text.h"
-#include "desk/whole_file.h"
+#include "platform/ansi_text.h"
 
 namespace {
 
@@ -24,6 +24,24 @@ std::shared_ptr<Files> addFiles(CLI::App* command) {
     return files;
 }
 
+/// The build that a run reads from the file's text.
+std::string buildIn(const std::string& text, const std::string& file) {
+    const std::string kept = withoutComments(text);
+    std::string_view body;
+    if (!extractSection(kept, versionSectionHeader, body)) {
+        throw Refusal(inQuotes(file) +
+                      " has no section \"[Version Number]\", or nothing in it; add "
+                      "the section with a line \"Version Number=\" and the build.");
+    }
+    ValueParts values;
+    if (!parseValues(body, values) || values["Version Number"].empty()) {
+        throw Refusal(inQuotes(file) +
+                      " gives no \"Version Number\" in its section \"[Version "
+                      "Number]\"; add a line \"Version Number=\" with the build.");
+    }
+    return std::string(values["Version Number"]);
+}
+
 void encipherFile(const Files& files, const Session& session) {
     refuseSameFile(files.input, files.output);
     std::string text = readInput(files.input);
@@ -31,10 +49,13 @@ void encipherFile(const Files& files, const Session& session) {
         throw Refusal(inQuotes(files.input) +
                       " is enciphered already; \"installer-tool decipher\" makes it readable.");
     }
-    if (!files.keepsLineEnds && endLinesAsWindowsDoes(text)) {
+    const std::string ended =
+        replaceAll(replaceAll(text, "\r\n", "\n", false), "\n", "\r\n", false);
+    if (!files.keepsLineEnds && ended != text) {
         printNote(session, files.input,
                   "its lines are made to end in CR LF in the output; with bare line feeds the "
                   "build would swallow what follows");
+        text = ended;
     }
     const std::string build = buildIn(text, files.input);
     if (const std::string fault = buildFault(build); !fault.empty()) {

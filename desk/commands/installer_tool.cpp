@@ -40,14 +40,11 @@ int run(std::vector<std::string> arguments, const std::string& program) {
     app.footer(
         "Exit codes: 0 good; 1 something is wrong with the input, and is named; 2 wrong usage.\n"
         "\"installer-tool COMMAND --help\" tells more about a command.");
-    addProductsCommand(app, session);
-    addStampCommand(app, session);
-    addEncipherCommand(app, session);
-    addDecipherCommand(app, session);
-    addLayoutCommand(app, session);
-    addCheckCommand(app, session);
-    addReleaseCommand(app, session);
-    addVerifyCommand(app, session);
+    for (CommandAdder* const add :
+         {addProductsCommand, addStampCommand, addEncipherCommand, addDecipherCommand,
+          addLayoutCommand, addCheckCommand, addReleaseCommand, addVerifyCommand}) {
+        add(app, session);
+    }
     try {
         app.parse(std::move(arguments));
         if (app.get_subcommands().empty()) {

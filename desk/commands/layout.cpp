@@ -2,7 +2,6 @@
 #include <CLI/CLI.hpp>
 #include <algorithm>
 #include <memory>
-#include <thread>
 
 #include "desk/commands/command.h"
 #include "desk/media/installer_maker.h"
@@ -21,7 +20,6 @@ struct Choices {
     std::vector<std::string> settings;
     std::vector<std::string> codes;
     SigningChoices signing;
-    unsigned jobs = std::max(1U, std::thread::hardware_concurrency());
     bool launcher = false;
     bool links = false;
     bool example = false;
@@ -78,7 +76,7 @@ void makeOwnInstallers(std::vector<MediaPlan>& all, const LayoutDescription& des
         orders.push_back({folderOf(code) + '/' + media.installerName,
                           description.path(code, "installer"), media.stamp});
     }
-    const fs::path made = makeInstallers(orders, choices.signing, choices.jobs, output);
+    const fs::path made = makeInstallers(orders, choices.signing, output);
     for (std::size_t index = 0; index < all.size(); ++index) {
         addInstaller(all[index], made / orders[index].path, problems);
     }
@@ -218,10 +216,7 @@ void addLayoutCommand(CLI::App& app, Session& session) {
     command->add_flag("--launcher", choices->launcher,
                       "Lay \"install.cmd\", which starts the installer with the right folder, and "
                       "\"autorun.inf\" beside each installer");
-    command->add_option("--jobs", choices->jobs, "How many installers to make at a time")
-        ->check(CLI::Range(1, 64))
-        ->capture_default_str();
-    addSigningOptions(*command, choices->signing);
+    addSigningOptions(*command, choices->signing, "How many installers to make at a time");
     command->add_flag("--link", choices->links, "Hard-link instead of copying where possible");
     command->add_flag("--example", choices->example, "Print an example description");
     command->callback([choices, &session] { layOut(*choices, session); });

@@ -1,11 +1,8 @@
 // Makes the installers of all products.
 #include <CLI/CLI.hpp>
-#include <algorithm>
 #include <memory>
-#include <thread>
 
 #include "desk/commands/command.h"
-#include "desk/executables/stamp_image.h"
 #include "desk/media/installer_maker.h"
 #include "desk/media/product_facts.h"
 #include "desk/media/release_folder.h"
@@ -18,17 +15,41 @@ struct Choices {
     std::string installer = "build/release/installer.exe";
     std::string build;
     SigningChoices signing;
-    unsigned jobs = std::max(1U, std::thread::hardware_concurrency());
 };
 
-Json describe(const InstallerOrder& order, const ProductFacts& facts, const fs::path& folder) {
-    const std::string image = readInput(folder / order.path);
-    return {{"path", order.path},
-            {"code", order.stamp.code},
-            {"name", toUtf8(order.stamp.name)},
-            {"version", versionText(image, "ProductVersion").value_or("none")},
-            {"sha256", sha256(image)},
-            {"endsSilently", facts.endsSilently}};
+/// Lays the installers that were made into the release's folder; tells of each.
+Json takeInstallers(const std::vector<InstallerOrder>& orders, const fs::path& made,
+                    const fs::path& folder) {
+    Json files = Json::array();
+    for (const InstallerOrder& order : orders) {
+        const fs::path file = made / order.path, target = folder / order.path;
+        makeFolder(target.parent_path());
+        fs::copy(file, target);
+        const std::string image = readInput(file), code = order.stamp.code;
+        files.push_back({{"path", order.path},
+                         {"code", code},
+                         {"name", toUtf8(order.stamp.name)},
+                         {"version", versionText(image, "ProductVersion").value_or("none")},
+                         {"sha256", sha256(image)},
+                         {"endsSilently", productFacts({code}).front().endsSilently}});
+    }
+    return files;
+}
+
+/// Lays what a release has beside the installers into its folder; returns its list of checksums.
+std::string addLists(const Json& files, const fs::path& folder) {
+    Digests digests;
+    for (const Json& file : files) {
+        digests[file["path"]] = file["sha256"];
+    }
+    for (const auto& [name, content] :
+         {std::pair(billOfMaterialsFile, billOfMaterials(files).dump(2) + '\n'),
+          std::pair(noticesFile, thirdPartyNotices())}) {
+        writeOutput(folder / name, content);
+        digests[name] = sha256(content);
+    }
+    writeOutput(folder / checksumsFile, asList(digests));
+    return asList(digests);
 }
 
 void report(const Json& files, const ReleaseReport& made, const Choices& choices,
@@ -52,36 +73,21 @@ void report(const Json& files, const ReleaseReport& made, const Choices& choices
 
 void release(const Choices& choices, const Session& session) {
     requireReplaceable(fs::weakly_canonical(choices.folder), checksumsFile);
-    const std::vector<ProductFacts> products = productFacts();
-    const CProductData catalogue;
     std::vector<InstallerOrder> orders;
-    for (const ProductFacts& facts : products) {
+    std::vector<std::string> names = {checksumsFile, billOfMaterialsFile, noticesFile};
+    for (const ProductFacts& facts : productFacts()) {
+        const std::string path = releasedPath(facts.code);
         if (choices.signing.command.empty()) {
-            requireUnsigned(fs::path(choices.folder) / releasedPath(facts.code));
+            requireUnsigned(fs::path(choices.folder) / path);
         }
-        orders.push_back({releasedPath(facts.code), choices.installer,
-                          chooseStamp(catalogue, facts.code, "", choices.build)});
+        orders.push_back(
+            {path, choices.installer, chooseStamp(CProductData(), facts.code, "", choices.build)});
+        names.push_back(folderOf(facts.code));
     }
     OutputFolder output(choices.folder);
-    const fs::path made = makeInstallers(orders, choices.signing, choices.jobs, output);
-    Json files = Json::array();
-    Digests digests;
-    std::vector<std::string> names = {checksumsFile, billOfMaterialsFile, noticesFile};
-    for (std::size_t index = 0; index < orders.size(); ++index) {
-        const InstallerOrder& order = orders[index];
-        files.push_back(describe(order, products[index], made));
-        digests[order.path] = files.back()["sha256"];
-        names.push_back(folderOf(order.stamp.code));
-        makeFolder(output.staging() / names.back());
-        fs::copy(made / order.path, output.staging() / order.path);
-    }
-    for (const auto& [name, content] :
-         {std::pair(billOfMaterialsFile, billOfMaterials(files).dump(2) + '\n'),
-          std::pair(noticesFile, thirdPartyNotices())}) {
-        writeOutput(output.staging() / name, content);
-        digests[name] = sha256(content);
-    }
-    writeOutput(output.staging() / checksumsFile, asList(digests));
+    const fs::path made = makeInstallers(orders, choices.signing, output);
+    const Json files = takeInstallers(orders, made, output.staging());
+    const std::string checksums = addLists(files, output.staging());
     const ReleaseReport examined =
         examineRelease(output.staging(), choices.build, choices.signing.verification);
     if (!examined.problems.empty()) {
@@ -89,7 +95,7 @@ void release(const Choices& choices, const Session& session) {
                       asLine(examined.problems.front()));
     }
     // The same release again stays where it is: somebody may be using it.
-    const bool isSame = readWholeFile(output.path() / checksumsFile) == asList(digests);
+    const bool isSame = readWholeFile(output.path() / checksumsFile) == checksums;
     output.put(isSame ? std::vector<std::string>() : names);
     report(files, examined, choices, session);
 }
@@ -109,9 +115,6 @@ void addReleaseCommand(CLI::App& app, Session& session) {
         ->capture_default_str();
     command->add_option("--build", choices->build,
                         "Product version for the version resources; else the installer's own");
-    command->add_option("--jobs", choices->jobs, "How many to make at a time")
-        ->check(CLI::Range(1, 64))
-        ->capture_default_str();
-    addSigningOptions(*command, choices->signing);
+    addSigningOptions(*command, choices->signing, "How many to make at a time");
     command->callback([choices, &session] { release(*choices, session); });
 }

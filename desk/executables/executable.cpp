@@ -12,11 +12,8 @@ constexpr std::uint64_t optionalSizeField = 4 + 16;
 constexpr std::uint64_t optionalHeader = 4 + 20;
 constexpr std::uint64_t protectionsField = 70;
 constexpr std::uint64_t sectionSize = 40;
-constexpr std::uint64_t rawSizeField = 16;
-constexpr std::uint64_t rawOffsetField = 20;
 constexpr std::uint64_t sectionFlagsField = 36;
 constexpr std::uint64_t subsystemVersionField = 48;
-constexpr std::uint32_t magic32 = 0x10B;
 constexpr std::uint32_t magic64 = 0x20B;
 /// The directory of signatures, which holds an offset in the file, not an address.
 constexpr std::uint64_t signatureDirectory = 4;
@@ -38,35 +35,21 @@ Executable::Executable(std::string_view head, std::uint64_t size, std::uint64_t 
 std::uint32_t Executable::number(std::uint64_t offset, int bytes) const {
     std::uint32_t value = 0;
     for (std::uint64_t at = offset + static_cast<unsigned>(bytes); at-- > offset;) {
-        value = value << 8 |
-                (at < head.size() ? static_cast<unsigned char>(head[static_cast<std::size_t>(at)])
-                                  : 0U);
+        value = value << 8 | (at < head.size() ? static_cast<unsigned char>(head[at]) : 0U);
     }
     return value;
-}
-
-bool Executable::holds(std::uint64_t sizeField, std::uint64_t offsetField) const {
-    return std::uint64_t{number(offsetField, 4)} + number(sizeField, 4) <= size;
-}
-
-std::uint64_t Executable::directory(std::uint64_t index) const {
-    return optional + (is32Bit() ? 96 : 112) + index * 8;
-}
-
-bool Executable::is32Bit() const {
-    return number(optional, 2) == magic32;
 }
 
 bool Executable::reachesItsEnd() const {
     const std::uint64_t entry = directory(signatureDirectory);
     if (sections + sectionCount * sectionSize > head.size() ||
-        (entry + 8 <= sections && !holds(entry + 4, entry))) {
+        (entry + 8 <= sections && !holds(entry, entry + 4))) {
         return false;
     }
     for (std::uint64_t index = 0; index < sectionCount; ++index) {
         const std::uint64_t section = sections + index * sectionSize;
-        const bool isEmpty = number(section + rawSizeField, 4) == 0;
-        if (!isEmpty && !holds(section + rawSizeField, section + rawOffsetField)) {
+        const std::uint64_t sizeField = section + 16, offsetField = section + 20;  // of raw data
+        if (number(sizeField, 4) != 0 && !holds(offsetField, sizeField)) {
             return false;
         }
     }
@@ -80,7 +63,7 @@ std::string Executable::headerDamage() const {
     if (signature == 0 || checksumField() + 4 > head.size()) {
         return cutOff;
     }
-    if (head.substr(static_cast<std::size_t>(signature), 4) != std::string_view("PE\0\0", 4) ||
+    if (head.substr(signature, 4) != std::string_view("PE\0\0", 4) ||
         (!is32Bit() && number(optional, 2) != magic64)) {
         return "it is no Windows executable";
     }
@@ -93,9 +76,8 @@ std::string Executable::damage() const {
     }
     const std::uint32_t kept = number(checksumField(), 4);
     // The sum is taken in pairs of bytes, which a field at an odd offset does not keep to.
-    return kept == 0 || checksumField() % 2 != 0 || kept == checksum()
-               ? ""
-               : "its checksum does not match its content: it was damaged or changed";
+    const bool isRight = kept == 0 || checksumField() % 2 != 0 || kept == checksum();
+    return isRight ? "" : "its checksum does not match its content: it was damaged or changed";
 }
 
 std::uint32_t Executable::checksum() const {
@@ -123,7 +105,7 @@ std::vector<std::string> Executable::missingProtections() const {
     bool isWrittenAndRun = false;
     for (std::uint64_t index = 0; index < sectionCount; ++index) {
         const std::uint32_t flags = number(sections + index * sectionSize + sectionFlagsField, 4);
-        isWrittenAndRun = isWrittenAndRun || ((flags & runs) != 0 && (flags & isWritten) != 0);
+        isWrittenAndRun |= (flags & runs) != 0 && (flags & isWritten) != 0;
     }
     const std::pair<bool, const char*> lacks[] = {
         {(protections & dynamicBase) == 0 || (fileFlags & relocationsStripped) != 0 ||

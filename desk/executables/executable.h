@@ -22,7 +22,7 @@ class Executable {
     /// The same, but for the checksum.
     [[nodiscard]] std::string headerDamage() const;
 
-    [[nodiscard]] bool is32Bit() const;
+    [[nodiscard]] bool is32Bit() const { return number(optional, 2) == 0x10B; }
     [[nodiscard]] bool isSigned() const;
 
     /// The protections that it lacks, for people: random placement, data that cannot be run, code
@@ -40,10 +40,14 @@ class Executable {
     Executable(std::string_view head, std::uint64_t size, std::uint64_t wordSum);
     /// Of the head; little-endian, 0 behind its end.
     [[nodiscard]] std::uint32_t number(std::uint64_t offset, int bytes) const;
-    /// Whether the file reaches beyond the bytes that a header tells the size and the offset of.
-    [[nodiscard]] bool holds(std::uint64_t sizeField, std::uint64_t offsetField) const;
+    /// Whether the file holds the bytes that a header tells the offset and the size of.
+    [[nodiscard]] bool holds(std::uint64_t offsetField, std::uint64_t sizeField) const {
+        return std::uint64_t{number(offsetField, 4)} + number(sizeField, 4) <= size;
+    }
     /// Where the entry of a data directory lies.
-    [[nodiscard]] std::uint64_t directory(std::uint64_t index) const;
+    [[nodiscard]] std::uint64_t directory(std::uint64_t index) const {
+        return optional + (is32Bit() ? 96 : 112) + index * 8;
+    }
     [[nodiscard]] bool reachesItsEnd() const;
 
     std::string_view head;  ///< begins the file and goes beyond the headers

@@ -6,7 +6,6 @@
 #include <chrono>
 #include <cstdio>
 #include <map>
-#include <thread>
 
 #include "desk/media/output_folder.h"
 #include "platform/ansi_text.h"
@@ -143,7 +142,10 @@ void requireUnsigned(const fs::path& existing) {
     }
 }
 
-void addSigningOptions(CLI::App& command, SigningChoices& choices) {
+void addSigningOptions(CLI::App& command, SigningChoices& choices, const std::string& jobs) {
+    command.add_option("--jobs", choices.jobs, jobs)
+        ->check(CLI::Range(1, 64))
+        ->capture_default_str();
     const CLI::Validator notEmpty(
         [](const std::string& text) { return text.empty() ? "it is empty" : ""; }, "COMMAND");
     CLI::Option* const signing =

@@ -1,8 +1,10 @@
 // Signatures of executables: made with commands that the caller names, verified by osslsigncode.
 #pragma once
 
+#include <algorithm>
+#include <thread>
+
 #include "desk/executables/executable.h"
-#include "desk/json.h"
 #include "desk/whole_file.h"
 
 namespace CLI {
@@ -42,11 +44,13 @@ struct SigningChoices {
     std::string timestampCommand;  ///< empty: none, or the first command does it
     unsigned attempts = 5;         ///< at the time stamp
     SignatureChoices verification;
+    /// How many files at a time.
+    unsigned jobs = std::max(1U, std::thread::hardware_concurrency());
 };
 
-/// Adds `--sign-command`, `--timestamp-command`, `--timestamp-attempts` and those of
+/// Adds `--jobs`, `--sign-command`, `--timestamp-command`, `--timestamp-attempts` and those of
 /// addSignatureOptions.
-void addSigningOptions(CLI::App& command, SigningChoices& choices);
+void addSigningOptions(CLI::App& command, SigningChoices& choices, const std::string& jobs);
 
 /// Signs the file, in place, and verifies that. `name` is what the signature says of it. Throws
 /// Refusal with what the commands say.

@@ -4,7 +4,6 @@
 #include <array>
 #include <charconv>
 #include <cstring>
-#include <optional>
 
 #include "catalogue/product_traits.h"
 #include "desk/executables/executable.h"

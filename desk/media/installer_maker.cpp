@@ -5,7 +5,6 @@
 #include <future>
 
 #include "desk/western_text.h"
-#include "desk/whole_file.h"
 
 namespace {
 
@@ -35,7 +34,7 @@ void inParallel(std::size_t count, unsigned jobs, Work work) {
 }  // namespace
 
 fs::path makeInstallers(const std::vector<InstallerOrder>& orders, const SigningChoices& signing,
-                        unsigned jobs, OutputFolder& output) {
+                        OutputFolder& output) {
     std::vector<std::string> images;
     std::string settings = signing.command + '\n' + signing.timestampCommand + '\n';
     for (const InstallerOrder& order : orders) {
@@ -45,7 +44,7 @@ fs::path makeInstallers(const std::vector<InstallerOrder>& orders, const Signing
     const fs::path folder = output.resumable(sha256(settings));
     std::atomic<std::size_t> kept = 0;
     try {
-        inParallel(orders.size(), jobs, [&](std::size_t index) {
+        inParallel(orders.size(), signing.jobs, [&](std::size_t index) {
             const fs::path file = folder / orders[index].path;
             if (signing.command.empty()) {
                 writeOutput(file, images[index]);

@@ -18,5 +18,4 @@ struct InstallerOrder {
 /// Makes all, several at a time, within a folder that it returns. Signed ones outlive a failed run,
 /// and the next with the same orders and choices goes on with those that are not. Throws Refusal.
 std::filesystem::path makeInstallers(const std::vector<InstallerOrder>& orders,
-                                     const SigningChoices& signing, unsigned jobs,
-                                     OutputFolder& output);
+                                     const SigningChoices& signing, OutputFolder& output);

@@ -4,7 +4,6 @@
 #include <string>
 #include <vector>
 
-#include "desk/json.h"
 #include "desk/whole_file.h"
 
 /// A complete description with explanations.

@@ -5,7 +5,6 @@
 #include <string>
 #include <vector>
 
-#include "desk/json.h"
 #include "desk/whole_file.h"
 
 inline constexpr const char* manifestFile = "MANIFEST.sha256";  ///< of a media folder

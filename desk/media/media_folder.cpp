@@ -4,7 +4,6 @@
 
 #include "desk/executables/executable.h"
 #include "desk/executables/stamp_image.h"
-#include "desk/json.h"
 #include "desk/media/product_facts.h"
 #include "platform/ansi_text.h"
 

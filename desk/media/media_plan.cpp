@@ -6,9 +6,7 @@
 #include "catalogue/cipher.h"
 #include "desk/media/media_folder.h"
 #include "desk/media/output_folder.h"
-#include "desk/media/product_data.h"
 #include "desk/western_text.h"
-#include "desk/whole_file.h"
 #include "platform/ansi_text.h"
 
 namespace {
@@ -114,7 +112,8 @@ MediaPlan planMedia(const LayoutDescription& description, const ProductFacts& fa
                         requireWestern(description.text(facts.code, "name", "")), media.build);
     });
     planner.step([&] {
-        const std::string data = productDataOf(media.build);
+        const std::string data =
+            std::string(versionSectionHeader) + "\r\nVersion Number=" + media.build + "\r\n";
         const bool enciphered = description.isEnciphered(facts.code);
         planner.addBytes(enciphered ? "ProductData.inx" : "ProductData.ini",
                          enciphered ? encipher(data) : data);

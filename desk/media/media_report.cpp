@@ -1,25 +1,22 @@
 #include "desk/media/media_report.h"
 
 #include <algorithm>
+#include <cstring>
 
 #include "app/messages.h"
 #include "catalogue/product_data_file.h"
 #include "catalogue/product_data_loading.h"
 #include "catalogue/product_traits.h"
 #include "desk/computer/dry_run.h"
-#include "desk/executables/executable.h"
 #include "desk/executables/stamp_image.h"
 #include "desk/media/manifest.h"
 #include "desk/media/media_folder.h"
-#include "desk/media/product_data.h"
 #include "desk/media/product_facts.h"
 #include "desk/western_text.h"
 #include "platform/ansi_text.h"
 #include "ui/resource.h"
 
 namespace {
-
-constexpr std::size_t longestPath = 259;  // MAX_PATH without the terminator
 
 /// Of one installer and its media.
 class Examination {
@@ -129,7 +126,7 @@ class Examination {
         }
         if (value.find('\n') != std::string_view::npos) {
             problem(file + ": lines do not end in CR LF; the build swallows what follows");
-        } else if (const std::string fault = buildFault(value); !fault.empty()) {
+        } else if (const std::string fault = buildFault(std::string(value)); !fault.empty()) {
             problem(file + ": " + fault);
         }
         return file;
@@ -169,7 +166,7 @@ class Examination {
                 media.files.push_back(file.name);
             }
             const std::string delivered = withTrailingBackslash(media.sourceDirectory) + file.name;
-            if (delivered.size() > longestPath) {
+            if (delivered.size() >= maximumPathLength) {
                 problem("The path of " + inQuotes(file.name) +
                         " has more than 259 characters, which a run does not find; deliver the "
                         "media in a folder of a shorter name.");
@@ -245,6 +242,18 @@ Json emptyReport(const std::string& folder) {
         report[name] = Json::array();
     }
     return report;
+}
+
+std::string buildFault(const std::string& build) {
+    const auto breaks = std::ranges::find_if(build, [](unsigned char character) {
+        return character < ' ' || std::strchr("`\\/:*?\"<>|", character) != nullptr;
+    });
+    return breaks == build.end()
+               ? ""
+               : "The build " + inQuotes(toUtf8(build)) + " holds " +
+                     (*breaks >= 0 && *breaks < ' ' ? "a control character" : inQuotes({*breaks})) +
+                     ", which would break what \"Setup.Exe\" is handed; give a build such as "
+                     "16.4.12000.0.";
 }
 
 std::vector<std::string> faultsOf(const Json& report) {

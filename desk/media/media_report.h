@@ -7,7 +7,7 @@
 
 #include "desk/computer/machine_description.h"
 #include "desk/executables/signature.h"
-#include "desk/json.h"
+#include "desk/whole_file.h"
 
 /// What is asked of media.
 struct MediaChoices {
@@ -22,6 +22,10 @@ struct MediaChoices {
 [[nodiscard]] Json examineMedia(const fs::path& installer, const fs::path& folder,
                                 const MediaChoices& choices,
                                 const std::vector<MachineDescription>& machines);
+
+/// Why the build cannot be handed over, for people: "Setup.Exe" is handed it in a field that a
+/// backquote ends, and it becomes a part of a folder's name. Empty when it can.
+[[nodiscard]] std::string buildFault(const std::string& build);
 
 /// The report of a folder of which nothing is known.
 [[nodiscard]] Json emptyReport(const std::string& folder);

@@ -4,10 +4,8 @@
 
 #include "catalogue/build_number.h"
 #include "desk/executables/stamp_image.h"
-#include "desk/json.h"
 #include "desk/media/product_facts.h"
 #include "desk/western_text.h"
-#include "desk/whole_file.h"
 #include "platform/ansi_text.h"
 
 namespace {

@@ -1,8 +1,7 @@
 #include "desk/page/page.h"
 
-#include <string_view>
-
 #include "desk/computer/dry_run.h"
+#include "platform/ansi_text.h"
 
 namespace {
 
@@ -23,12 +22,7 @@ std::string pageOf(const Json& report) {
     std::string text = report.dump(-1, ' ', false, Json::error_handler_t::replace);
     hideArchiveKeys(text);
     std::string page(pageTemplate.substr(0, reportAt));
-    for (const char character : text) {
-        if (character == '<') {
-            page += "\\u003c";  // or a text could end the script element that it stands in
-        } else {
-            page += character;
-        }
-    }
+    // Or a text could end the script element that it stands in.
+    page += replaceAll(text, "<", "\\u003c", false);
     return page.append(pageTemplate.substr(restAt));
 }

@@ -3,7 +3,7 @@
 
 #include <string>
 
-#include "desk/json.h"
+#include "desk/whole_file.h"
 
 /// A page that needs no other file. `report` is what "check --json" prints of a release, and in
 /// "computers" the name of each described computer. Media have a "run", or "runs" on each computer;
