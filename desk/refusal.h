@@ -15,12 +15,12 @@ class Refusal : public std::runtime_error {
     return '"' + text + '"';
 }
 
-/// The texts with commas between them.
+/// The texts with `separator` between them.
 template <class Texts>
-[[nodiscard]] std::string joined(const Texts& texts) {
+[[nodiscard]] std::string joined(const Texts& texts, const std::string& separator = ", ") {
     std::string all;
     for (const std::string& text : texts) {
-        all += (all.empty() ? "" : ", ") + text;
+        all += (all.empty() ? "" : separator) + text;
     }
     return all;
 }

@@ -10,7 +10,6 @@
 #include "desk/media/media_folder.h"
 #include "desk/media/media_report.h"
 #include "desk/media/product_facts.h"
-#include "desk/page/page.h"
 #include "desk/western_text.h"
 #include "platform/ansi_text.h"
 
@@ -152,6 +151,28 @@ std::string setInWords(const Json& document) {
     return words + std::to_string(complete) + " of " + std::to_string(document["media"].size()) +
            " media folders are complete" +
            (document["complete"] == true ? "\n" : "; the set is NOT COMPLETE\n");
+}
+
+// page.html, which CMake puts between quotes.
+constexpr std::string_view pageTemplate =
+#include "page.inc"
+    ;
+
+constexpr std::string_view sampleStart = "<script type=\"application/json\" id=\"runs\">";
+constexpr std::string_view sampleEnd = "</script>";
+constexpr std::size_t reportAt = pageTemplate.find(sampleStart) + sampleStart.size();
+constexpr std::size_t restAt = pageTemplate.find(sampleEnd, reportAt);
+static_assert(reportAt < restAt && restAt < pageTemplate.size());
+
+/// The document as one page for a browser, for people who would rather look than read; it needs no
+/// other file.
+std::string pageOf(const Json& report) {
+    std::string text = report.dump(-1, ' ', false, Json::error_handler_t::replace);
+    hideArchiveKeys(text);
+    std::string page(pageTemplate.substr(0, reportAt));
+    // Or a text could end the script element that it stands in.
+    page += replaceAll(text, "<", "\\u003c", false);
+    return page.append(pageTemplate.substr(restAt));
 }
 
 void check(const Choices& choices, Session& session) {

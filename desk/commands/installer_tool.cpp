@@ -1,10 +1,10 @@
 // The release engineer's desk: from a build to checked media. `installer-tool --help` tells its
 // commands.
 #include <CLI/CLI.hpp>
-#include <algorithm>
 #include <cerrno>
 #include <filesystem>
 #include <iostream>
+#include <iterator>
 #include <system_error>
 
 #include "catalogue/build_number.h"
@@ -21,14 +21,6 @@ std::string commandOfName(const std::string& program) {
         return "check";
     }
     return name == "stamp" || name == "encipher" ? name : "";
-}
-
-int fail(const Session& session, const std::string& command, const std::string& message) {
-    if (session.json) {
-        printResult(session, {{"error", message}}, "");
-    }
-    std::cerr << command << ": " << message << '\n';
-    return exitWrong;
 }
 
 int run(std::vector<std::string> arguments, const std::string& program) {
@@ -59,7 +51,11 @@ int run(std::vector<std::string> arguments, const std::string& program) {
     } catch (const CLI::ParseError& error) {
         return app.exit(error) == 0 ? exitGood : exitUsage;
     } catch (const std::exception& error) {
-        return fail(session, program, reasonOf(error));
+        if (session.json) {
+            printResult(session, {{"error", reasonOf(error)}}, "");
+        }
+        std::cerr << program << ": " << reasonOf(error) << '\n';
+        return exitWrong;
     }
 }
 
@@ -69,12 +65,12 @@ int run(std::vector<std::string> arguments, const std::string& program) {
 // NOLINTNEXTLINE(bugprone-exception-escape)
 int main(int count, char** arguments) {
     useCodePage(westernCodePage());
-    std::vector<std::string> words(arguments + 1, arguments + count);
+    // CLI11 takes them from the back.
+    std::vector<std::string> words(std::reverse_iterator(arguments + count),
+                                   std::reverse_iterator(arguments + 1));
     const std::string command = commandOfName(arguments[0]);
     if (!command.empty()) {
-        words.insert(words.begin(), command);
+        words.push_back(command);
     }
-    // CLI11 takes them from the back.
-    std::reverse(words.begin(), words.end());
     return run(std::move(words), command.empty() ? "installer-tool" : command);
 }

@@ -1,6 +1,7 @@
 // Makes the media folders of one or all products from a description.
 #include <CLI/CLI.hpp>
 #include <algorithm>
+#include <map>
 #include <memory>
 
 #include "desk/commands/command.h"
@@ -15,46 +16,26 @@ namespace {
 struct Choices {
     std::string description;
     std::string folder;
-    std::string release;
-    std::string build;
+    std::map<std::string, std::string> forAll;  ///< entries of all products
     std::vector<std::string> settings;
     std::vector<std::string> codes;
     SigningChoices signing;
-    bool launcher = false;
     bool links = false;
     bool example = false;
 };
 
-LayoutDescription describe(const Choices& choices) {
-    LayoutDescription description(choices.description, choices.settings);
-    for (const auto& [key, value] :
-         {std::pair("build", choices.build), std::pair("release", choices.release),
-          std::pair("launcher", std::string(choices.launcher ? "true" : ""))}) {
-        if (!value.empty()) {
-            description.setForAll(key, value);
-        }
-    }
-    return description;
-}
-
 void refuseAll(const std::string& what, const std::vector<std::string>& problems) {
     if (!problems.empty()) {
-        std::string all = what + "; nothing was changed:";
-        for (const std::string& problem : problems) {
-            all += "\n  " + problem;
-        }
-        throw Refusal(all);
+        throw Refusal(what + "; nothing was changed:\n  " + joined(problems, "\n  "));
     }
 }
 
 /// Takes the installers from a release that is as it should be.
 void takeInstallers(std::vector<MediaPlan>& all, const LayoutDescription& description,
                     const fs::path& release, const SignatureChoices& signature) {
+    refuseAll("The release " + inQuotes(release) + " is not as it should be",
+              asLines(examineRelease(release, "", signature).problems));
     std::vector<std::string> problems;
-    for (const FileProblem& problem : examineRelease(release, "", signature).problems) {
-        problems.push_back(asLine(problem));
-    }
-    refuseAll("The release " + inQuotes(release) + " is not as it should be", problems);
     for (MediaPlan& media : all) {
         if (description.has(media.facts.code, "name") && media.stamp.name != media.facts.name) {
             problems.push_back("\"name\" of product " + media.facts.code +
@@ -81,14 +62,6 @@ void makeOwnInstallers(std::vector<MediaPlan>& all, const LayoutDescription& des
         addInstaller(all[index], made / orders[index].path, problems);
     }
     refuseAll("The media cannot be made", problems);
-}
-
-/// Throws Refusal when the media that were made are not what a run needs.
-void check(const MediaPlan& media, const fs::path& folder) {
-    const Json found =
-        examineMedia(folder / media.installerName, folder, {.requiredBuild = media.build}, {});
-    refuseAll("The media of product " + media.facts.code + " would not be complete",
-              faultsOf(found));
 }
 
 void report(const std::vector<MediaPlan>& all, const std::vector<std::string>& made,
@@ -151,10 +124,12 @@ std::vector<std::string> makeChanged(const std::vector<MediaPlan>& all, bool lin
         set[folder] = {media.build, sha256(manifest)};
         if (readWholeFile(existing / manifestFile) != manifest) {
             makeMedia(media, fresh, links);
-            if (!Executable(summarize(fresh / media.installerName)).isSigned()) {
+            const fs::path installer = fresh / media.installerName;
+            if (!Executable(summarize(installer)).isSigned()) {
                 requireUnsigned(existing / media.installerName);
             }
-            check(media, fresh);
+            refuseAll("The media of product " + media.facts.code + " would not be complete",
+                      faultsOf(examineMedia(installer, fresh, {.requiredBuild = media.build}, {})));
             made.push_back(folder);
         }
     }
@@ -176,7 +151,7 @@ void layOut(const Choices& choices, const Session& session) {
     if (choices.folder.empty()) {
         throw CLI::ValidationError("layout", "needs DESCRIPTION and OUT, or --example");
     }
-    const LayoutDescription description = describe(choices);
+    const LayoutDescription description(choices.description, choices.settings, choices.forAll);
     const bool isReleased = description.has("", "release");
     if (isReleased && !choices.signing.command.empty()) {
         throw Refusal(
@@ -208,14 +183,15 @@ void addLayoutCommand(CLI::App& app, Session& session) {
                         "in it changes");
     addRepeated(*command, "--product", choices->codes, "CODE",
                 "Only this product; may be repeated");
-    command->add_option("--release", choices->release,
+    command->add_option("--release", choices->forAll["release"],
                         "Take the installers, byte for byte, from this release");
-    command->add_option("--build", choices->build, "The build of all products");
+    command->add_option("--build", choices->forAll["build"], "The build of all products");
     addRepeated(*command, "--set", choices->settings, "KEY=VALUE|CODE.KEY=VALUE",
                 "An entry of the description, or of one product in it; may be repeated");
-    command->add_flag("--launcher", choices->launcher,
-                      "Lay \"install.cmd\", which starts the installer with the right folder, and "
-                      "\"autorun.inf\" beside each installer");
+    command->add_flag_callback(
+        "--launcher", [choices] { choices->forAll["launcher"] = "true"; },
+        "Lay \"install.cmd\", which starts the installer with the right folder, and "
+        "\"autorun.inf\" beside each installer");
     addSigningOptions(*command, choices->signing, "How many installers to make at a time");
     command->add_flag("--link", choices->links, "Hard-link instead of copying where possible");
     command->add_flag("--example", choices->example, "Print an example description");

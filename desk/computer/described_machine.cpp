@@ -22,10 +22,10 @@ std::vector<std::string> sortedNames(const std::vector<InstalledProduct>& produc
     for (const InstalledProduct& product : products) {
         names.push_back(product.displayName);
     }
-    std::stable_sort(
-        names.begin(), names.end(), [](const std::string& left, const std::string& right) {
-            return compareLowerCaseNames(lowerCase(left), lowerCase(right), ascendingOrder) < 0;
-        });
+    const auto isBefore = [](const std::string& left, const std::string& right) {
+        return compareLowerCaseNames(left, right, ascendingOrder) < 0;
+    };
+    std::ranges::stable_sort(names, isBefore, lowerCase);
     return names;
 }
 
@@ -86,11 +86,13 @@ void DescribedMachine::pause(std::uint32_t milliseconds) {
 }
 
 bool DescribedMachine::showMessage(const Message& message) {
-    ShownDialog dialog{message.title, message.icon, {message.text}, {}, {}, {"OK"}};
-    if (message.buttons == MessageButtons::YesNo) {
-        dialog.buttons = {"Yes", "No"};
-    }
-    show(std::move(dialog));
+    const bool asks = message.buttons == MessageButtons::YesNo;
+    show({message.title,
+          message.icon,
+          {message.text},
+          {},
+          {},
+          asks ? std::vector<std::string>{"Yes", "No"} : std::vector<std::string>{"OK"}});
     return steps.back().answer == "Yes";
 }
 

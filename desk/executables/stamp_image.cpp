@@ -2,7 +2,7 @@
 
 #include <algorithm>
 #include <array>
-#include <charconv>
+#include <cstdio>
 #include <cstring>
 
 #include "catalogue/product_traits.h"
@@ -31,19 +31,13 @@ using BuildNumbers = std::array<unsigned, 4>;
 /// dots: version resources hold no others.
 std::optional<BuildNumbers> buildNumbers(std::string_view build) {
     BuildNumbers numbers{};
-    const char* position = build.data();
-    const char* const end = position + build.size();
-    for (unsigned& number : numbers) {
-        if (&number != numbers.data() && (position == end || *position++ != '.')) {
-            return std::nullopt;
-        }
-        const auto [next, failure] = std::from_chars(position, end, number);
-        if (failure != std::errc() || number > 0xFFFF) {
-            return std::nullopt;
-        }
-        position = next;
-    }
-    return position == end ? std::optional(numbers) : std::nullopt;
+    int size = 0;
+    const bool isRead = build.find_first_not_of("0123456789.") == std::string_view::npos &&
+                        std::sscanf(std::string(build).c_str(), "%9u.%9u.%9u.%9u%n", &numbers[0],
+                                    &numbers[1], &numbers[2], &numbers[3], &size) == 4;
+    const bool isBuild = isRead && static_cast<std::size_t>(size) == build.size() &&
+                         std::ranges::max(numbers) <= 0xFFFF;
+    return isBuild ? std::optional(numbers) : std::nullopt;
 }
 
 // VS_VERSIONINFO and String of verrsrc.h: length of the whole node in bytes, length of the value
@@ -102,11 +96,8 @@ std::optional<Node> findVersion(std::string_view image) {
 }
 
 std::optional<Node> findText(std::string_view image, std::string_view key) {
-    const std::optional<Node> version = findVersion(image);
-    std::optional<Node> text;
-    if (version) {
-        text = findNode(image, key, version->value, version->end);
-    }
+    const Node version = findVersion(image).value_or(Node());
+    const std::optional<Node> text = findNode(image, key, version.value, version.end);
     return text && shortAt(image, text->start + typeField) == 1 ? text : std::nullopt;
 }
 
@@ -191,14 +182,11 @@ void stampImage(std::string& image, std::string_view code, std::string_view name
     std::memcpy(image.data() + *offset, &block, sizeof block);
     // IMAGE_FILE_REMOVABLE_RUN_FROM_SWAP and IMAGE_FILE_NET_RUN_FROM_SWAP (winnt.h), which the
     // linker has no option for: a disc taken out or a share that is gone does not end the program.
-    char& fileFlags = image[static_cast<std::size_t>(executable.fileFlagsField()) + 1];
+    char& fileFlags = image[executable.fileFlagsField() + 1];
     fileFlags = static_cast<char>(fileFlags | 0x0C);
-    const Executable stamped(image);
-    const std::uint32_t checksum = stamped.checksum();
-    for (std::size_t index = 0; index < 4; ++index) {
-        image[static_cast<std::size_t>(stamped.checksumField()) + index] =
-            static_cast<char>(checksum >> (8 * index));
-    }
+    const std::uint32_t checksum = Executable(image).checksum();
+    setShort(image, executable.checksumField(), checksum);
+    setShort(image, executable.checksumField() + 2, checksum >> 16);
 }
 
 bool readStamp(std::string_view image, std::string& code, std::string& name) {
@@ -245,14 +233,11 @@ ProductStamp chooseStamp(const CProductData& catalogue, const std::string& code,
 }
 
 std::string readInstaller(const std::string& file) {
-    std::string image;
-    readInPieces(file, [&](std::string_view piece) {
-        image += piece;
-        if (image.size() > largestInstaller) {
-            throw Refusal(inQuotes(file) + " is larger than any installer.");
-        }
-    });
-    return image;
+    std::error_code failure;
+    if (const auto size = fs::file_size(file, failure); !failure && size > largestInstaller) {
+        throw Refusal(inQuotes(file) + " is larger than any installer.");
+    }
+    return readInput(file);
 }
 
 std::string stampedInstaller(const std::string& file, const ProductStamp& stamp) {
@@ -274,11 +259,9 @@ std::optional<std::string> versionText(std::string_view image, std::string_view 
         return std::nullopt;
     }
     std::string text;
-    for (std::size_t offset = node->value; offset + 2 <= node->end; offset += 2) {
+    for (std::size_t offset = node->value; offset + 2 <= node->end && shortAt(image, offset) != 0;
+         offset += 2) {
         const std::size_t character = shortAt(image, offset);
-        if (character == 0) {
-            break;
-        }
         text += character < 0x80 ? static_cast<char>(character) : '?';
     }
     text.erase(text.find_last_not_of(' ') + 1);

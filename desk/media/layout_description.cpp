@@ -30,7 +30,8 @@ const char* const exampleLayoutDescription =
     ;
 
 LayoutDescription::LayoutDescription(const std::string& descriptionFile,
-                                     const std::vector<std::string>& settings)
+                                     const std::vector<std::string>& settings,
+                                     const std::map<std::string, std::string>& forAll)
     : file(descriptionFile), document(readJson(file)) {
     requireKnown(document, "the description");
     document.emplace("products", Json::object());
@@ -44,6 +45,15 @@ LayoutDescription::LayoutDescription(const std::string& descriptionFile,
                 " in \"products\" is no product's code; \"installer-tool products\" shows them.");
         }
         requireKnown(entries, "product " + code);
+    }
+    for (const auto& [key, value] : forAll) {
+        if (value.empty()) {
+            continue;
+        }
+        for (Json& entries : document["products"]) {
+            entries.erase(key);
+        }
+        set(key + '=' + value);
     }
 }
 
@@ -93,13 +103,6 @@ void LayoutDescription::set(const std::string& setting) {
     if (value.empty()) {
         entries.erase(key);
     }
-}
-
-void LayoutDescription::setForAll(const std::string& key, const std::string& value) {
-    for (Json& entries : document["products"]) {
-        entries.erase(key);
-    }
-    set(key + '=' + value);
 }
 
 Json LayoutDescription::find(const std::string& code, const std::string& key) const {

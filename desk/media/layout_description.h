@@ -1,6 +1,7 @@
 // The description of media, in JSON; comments are allowed in it.
 #pragma once
 
+#include <map>
 #include <string>
 #include <vector>
 
@@ -17,11 +18,10 @@ class LayoutDescription {
   public:
     /// `settings` are entries from the command line, "KEY=VALUE" or "CODE.KEY=VALUE", which count
     /// before those of the file; their paths are relative to the current folder; an empty VALUE
-    /// takes the entry away.
-    LayoutDescription(const std::string& file, const std::vector<std::string>& settings);
-
-    /// Puts a general entry in the place of every product's own.
-    void setForAll(const std::string& key, const std::string& value);
+    /// takes the entry away. `forAll` are such entries by KEY, which count before every product's
+    /// own as well; an empty one says nothing.
+    LayoutDescription(const std::string& file, const std::vector<std::string>& settings,
+                      const std::map<std::string, std::string>& forAll);
 
     /// Whether there is an entry for the product, other than false; without a code, for all.
     [[nodiscard]] bool has(const std::string& code, const std::string& key) const;

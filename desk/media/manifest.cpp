@@ -107,19 +107,21 @@ void requireReplaceable(const fs::path& folder, const std::string& list) {
     }
     problems = compareWithList(folder, list);
     if (!leaveOutOurs(problems)) {
-        std::string told;
-        for (const FileProblem& problem : problems) {
-            told += "\n  " + asLine(problem);
-        }
         throw Refusal(inQuotes(folder) +
                       " holds something else than was made here, which is left alone; remove it "
-                      "or name another folder:" +
-                      told);
+                      "or name another folder:\n  " +
+                      joined(asLines(problems), "\n  "));
     }
 }
 
 void to_json(Json& json, const FileProblem& problem) {
     json = {{"file", problem.file}, {"problem", problem.what}};
+}
+
+std::vector<std::string> asLines(const std::vector<FileProblem>& problems) {
+    std::vector<std::string> lines;
+    std::ranges::transform(problems, std::back_inserter(lines), asLine);
+    return lines;
 }
 
 std::string asLine(const FileProblem& problem) {

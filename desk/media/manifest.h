@@ -21,6 +21,7 @@ struct FileProblem {
 
 void to_json(Json& json, const FileProblem& problem);
 [[nodiscard]] std::string asLine(const FileProblem& problem);
+[[nodiscard]] std::vector<std::string> asLines(const std::vector<FileProblem>& problems);
 
 /// The file of digests.
 [[nodiscard]] std::string asList(const Digests& digests);
