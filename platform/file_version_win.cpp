@@ -10,15 +10,16 @@
 
 bool fileVersionText(const std::string& path, std::string& text) {
     // Looked up rather than imported: imports are resolved before the library search is
-    // restricted, in the installer's own folder first.
+    // restricted, in the installer's own folder first. Once: an index reads thousands of files.
     using GetInfoSize = DWORD(WINAPI*)(const char*, DWORD*);
     using GetInfo = BOOL(WINAPI*)(const char*, DWORD, DWORD, void*);
     using QueryValue = BOOL(WINAPI*)(const void*, const char*, void**, UINT*);
     text.clear();
-    const HMODULE library = loadSystemLibrary("version.dll");
-    const auto getInfoSize = procedureAddress<GetInfoSize>(library, "GetFileVersionInfoSizeA");
-    const auto getInfo = procedureAddress<GetInfo>(library, "GetFileVersionInfoA");
-    const auto queryValue = procedureAddress<QueryValue>(library, "VerQueryValueA");
+    static const HMODULE library = loadSystemLibrary("version.dll");
+    static const auto getInfoSize =
+        procedureAddress<GetInfoSize>(library, "GetFileVersionInfoSizeA");
+    static const auto getInfo = procedureAddress<GetInfo>(library, "GetFileVersionInfoA");
+    static const auto queryValue = procedureAddress<QueryValue>(library, "VerQueryValueA");
     if (getInfoSize == nullptr || getInfo == nullptr || queryValue == nullptr) {
         return false;
     }

@@ -1,6 +1,6 @@
 #!/usr/bin/env python3
-"""Measures the installer beside what it can be compared with, under Wine, and prints a table. Rivals take
-turns within a round, so that what else the machine does falls on all of them."""
+"""Measures the installer beside what it can be compared with, under Wine or in a virtual machine, and
+prints a table. Rivals take turns within a round, so that what else the machine does falls on all."""
 
 import argparse
 import collections
@@ -11,9 +11,10 @@ import shutil
 import subprocess
 
 ROOT = pathlib.Path(__file__).resolve().parent.parent
+SCRIPTS = ROOT / "scripts"
 BUILD = ROOT / "build" / "benchmark"
-PROGRAMS = BUILD / "tools" / "benchmarks"
-MEDIA = BUILD / "media"
+KIT = BUILD / "kit"
+MEDIA = KIT / "media"
 PREFIX = f"benchmark.{os.getpid()}"
 SIZE_LIMIT = 300 * 1024
 
@@ -37,81 +38,91 @@ def chart(rows):
             f'the other: ratios (line: wanted at most)</text>\n{bars}</svg>\n')
 
 
-def measure(program, *arguments):
-    """What one of the benchmark programs printed: the numbers of each line."""
-    print("== benchmark:", program, *arguments, flush=True)
-    # To a file: what Wine leaves running would hold a pipe open.
-    with open(BUILD / "results", "w+", encoding="utf-8") as results:
-        subprocess.run([ROOT / "scripts" / "prefix.sh", "run", PREFIX, PROGRAMS / f"{program}.exe", *arguments],
-                       stdin=subprocess.DEVNULL, stdout=results, check=True)
-        results.seek(0)
-        return [line.split() for line in results]
+# A start benchmark's kind, the product that it starts, what else it starts; "%~dp0" is the kit's folder.
+STARTS = (
+    ("dialog", "04", (r"%~dp0bare_dialog.exe", r"%~dp0empty_dialog.exe", r"%~dp0media\same_dialog.exe")),
+    ("launch", "1q", (r"%~dp0bare_launch.exe %~dp0media\Setup.Exe", r"%~dp0media\same_launch.exe")))
 
 
-def lay_out_media():
-    """The installers that are measured, and the same dialog and launch made with NSIS."""
-    shutil.rmtree(MEDIA, ignore_errors=True)
+def lay_out_kit(rounds, image):
+    """What is measured, the same dialog and launch made with NSIS, and the command file that measures."""
+    shutil.rmtree(KIT, ignore_errors=True)
+    if image:
+        subprocess.run([SCRIPTS / "windows_kit.sh", KIT], check=True)
     MEDIA.mkdir(parents=True)
+    for program in (BUILD / "tools" / "benchmarks").glob("*.exe"):
+        shutil.copy(program, KIT)
     for rival in ("same_dialog", "same_launch"):
         subprocess.run(["makensis", "-V1", "-NOCD", f"-XOutFile {MEDIA / rival}.exe",
                         ROOT / "tools" / "benchmarks" / f"{rival}.nsi"], check=True)
-    shutil.copy(PROGRAMS / "launched.exe", MEDIA / "Setup.Exe")
+    shutil.copy(KIT / "launched.exe", MEDIA / "Setup.Exe")
     (MEDIA / "ProductData.ini").write_bytes(b"[Version Number]\r\nVersion Number=16.4.12000.0\r\n")
     for code in ("04", "1q"):
         subprocess.run([ROOT / "build" / "tools" / "stamp", BUILD / "installer.exe", code,
                         MEDIA / f"{code}.exe"], check=True, stdout=subprocess.DEVNULL)
+    with open(KIT / "run.cmd", "w", encoding="ascii", newline="\r\n") as file:
+        def write(program, *arguments):
+            quoted = " ".join(f'"{argument}"' for argument in arguments)
+            file.write(f'echo {program} {quoted}\n"%~dp0{program}.exe" {quoted} >>"%~dp0report.txt" 2>&1\n')
+        file.write("@echo off\n")
+        for kind, product, rivals in STARTS:
+            write("start_benchmark", kind, rounds, rf"%~dp0media\{product}.exe -dir %~dp0media", *rivals)
+        write("registry_benchmark")
 
 
-def starts(kind, rounds, product, what, rivals):
-    """Rows for the time from a product's start, beside each rival: name, command, wanted ratio."""
-    source = "Z:" + str(MEDIA).replace("/", "\\")
-    (ours, _), *others = measure("start_benchmark", kind, str(rounds),
-                                 f'"{source}\\{product}.exe" -dir "{source}"',
-                                 *(str(command) for _, command, _ in rivals))
-    return [Row(what, name, f"{ours} ms", f"{time} ms", float(ratio), wanted)
-            for (name, _, wanted), (time, ratio) in zip(rivals, others, strict=True)]
+def measure(image):
+    """What the benchmark programs printed: the numbers of each line."""
+    if image:
+        subprocess.run([SCRIPTS / "virtual_machine.sh", image, KIT, BUILD / "report"], check=True)
+    else:
+        # What Wine leaves running would hold a pipe open.
+        subprocess.run([SCRIPTS / "prefix.sh", "run", "win64", "cmd", "/c", r"P:\build\benchmark\kit\run.cmd"],
+                       stdin=subprocess.DEVNULL, check=True)
+    report = (BUILD / "report" if image else KIT) / "report.txt"
+    return [line.split() for line in report.read_text(encoding="ascii").splitlines()]
 
 
-def measure_all(rounds):
-    """The rows of the table, and the bytes that the discovery holds with many products to report."""
-    rows = starts("dialog", rounds, "04", "Start to first dialog", [
-        ("its dialog, shown bare", PROGRAMS / "bare_dialog.exe", 1.05),
-        ("an empty dialog", PROGRAMS / "empty_dialog.exe", 1.05),
-        ("NSIS, same dialog", MEDIA / "same_dialog.exe", 1)])
-    setup = str(MEDIA / "Setup.Exe").replace("/", "\\")
-    rows += starts("launch", rounds, "1q", "Start to launch, unattended", [
-        ("the one call of the shell", f'"{PROGRAMS / "bare_launch.exe"}" Z:{setup}', 1.05),
-        ("NSIS, starts it silently", MEDIA / "same_launch.exe", 1)])
-    discovery, index, (of_few, held, of_many) = measure("registry_benchmark")
-    for what, wanted, (ours, bare, ratio) in (("Discovery, 10,000 entries", 1.2, discovery),
-                                              ("Index, 5,000 records", 1.3, index)):
-        rows.append(Row(what, "a bare loop of the reads", f"{ours} ms", f"{bare} ms", float(ratio), wanted))
+def table_rows(dialog, bare, empty, nsis_dialog, launch, call, nsis_launch, discovery, index, memory):
+    """The table, of the lines that the benchmark programs printed."""
+    of_few, held, _ = memory
     size = (MEDIA / "04.exe").stat().st_size
-    rows.append(Row("Size", f"the {SIZE_LIMIT // 1024} KB allowed", f"{size / 1024:.0f} KB",
-                    f"{SIZE_LIMIT // 1024} KB", size / SIZE_LIMIT, 1))
-    rows.append(Row("Memory of the discovery", "a tenth of the entries", f"{held} bytes",
-                    f"{of_few} bytes", int(held) / int(of_few), 1))
-    return rows, of_many
+
+    def row(what, beside, ours, other, wanted):
+        # A start's line: its time, and the ratio to it. The registry's: both times, and the ratio.
+        return Row(what, beside, f"{ours} ms", f"{other[-2]} ms", float(other[-1]), wanted)
+
+    first, unattended = "Start to first dialog", "Start to launch, unattended"
+    loop = "a bare loop of the reads"
+    return [
+        row(first, "its dialog, shown bare", dialog[0], bare, 1.05),
+        row(first, "an empty dialog", dialog[0], empty, 1.05),
+        row(first, "NSIS, same dialog", dialog[0], nsis_dialog, 1),
+        row(unattended, "the one call of the shell", launch[0], call, 1.05),
+        row(unattended, "NSIS, starts it silently", launch[0], nsis_launch, 1),
+        row("Discovery, 10,000 entries", loop, discovery[0], discovery, 1.2),
+        row("Index, 5,000 records", loop, index[0], index, 1.3),
+        Row("Size", f"the {SIZE_LIMIT // 1024} KB allowed", f"{size / 1024:.0f} KB",
+            f"{SIZE_LIMIT // 1024} KB", size / SIZE_LIMIT, 1),
+        Row("Memory of the discovery", "a tenth of the entries", f"{held} bytes", f"{of_few} bytes",
+            int(held) / int(of_few), 1)]
 
 
 def main():
     parser = argparse.ArgumentParser(description=__doc__)
     parser.add_argument("rounds", nargs="?", type=int, default=41, help="of every start (default: 41)")
+    parser.add_argument("--image", help="the disk of a virtual machine that measures, as virtual_machine.sh takes it")
     parser.add_argument("--write-docs", action="store_true",
                         help="the results go into docs/benchmarks.md and docs/images/benchmark.svg")
     options = parser.parse_args()
-    scripts = ROOT / "scripts"
-    subprocess.run([scripts / "setup.sh", "nsis"], check=True)
-    subprocess.run([scripts / "build.sh", "benchmark", "tools"], check=True)
-    lay_out_media()
-    subprocess.run([scripts / "prefix.sh", "start", "win64", PREFIX], check=True)
-    try:
-        rows, memory_of_many = measure_all(options.rounds)
-    finally:
-        subprocess.run([scripts / "prefix.sh", "stop", PREFIX], check=False)
-    wine = subprocess.run(["wine", "--version"], capture_output=True, text=True, check=True).stdout.strip()
-    measured = (f"Medians of {options.rounds} rounds on {os.cpu_count()} processors under {wine}, load "
-                f"{os.getloadavg()[0]:.2f} at the end; {memory_of_many} bytes for ten times as many products.")
+    subprocess.run([SCRIPTS / "setup.sh", "nsis"], check=True)
+    subprocess.run([SCRIPTS / "build.sh", "benchmark", "tools"], check=True)
+    lay_out_kit(options.rounds, options.image)
+    lines = measure(options.image)
+    rows = table_rows(*lines)
+    system = os.path.basename(options.image) if options.image else subprocess.run(
+        ["wine", "--version"], capture_output=True, text=True, check=True).stdout.strip()
+    measured = (f"Medians of {options.rounds} rounds on {os.cpu_count()} processors under {system}, load "
+                f"{os.getloadavg()[0]:.2f} at the end; {lines[-1][-1]} bytes for ten times as many products.")
     table = "".join(["| What | Beside | Installer | The other | Ratio | Wanted |\n",
                      "|---|---|--:|--:|--:|--:|\n", *("| {} | {} | {} | {} | {:.2f} | <= {:g} |\n".format(*row) for row in rows)])
     print(table + measured)
