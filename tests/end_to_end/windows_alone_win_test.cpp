@@ -103,6 +103,29 @@ TEST(WindowsAlone, ComesInFrontOfWhatCoversTheScreen) {
     EXPECT_EQ(inTheMiddle, inFront);
 }
 
+/// Into the machine's own queue of input.
+void press(BYTE key) {
+    keybd_event(key, 0, 0, 0);
+    keybd_event(key, 0, KEYEVENTF_KEYUP, 0);
+}
+
+TEST(WindowsAlone, TakesNoAnswerThatWasTypedWhileAnUninstallerRan) {
+    const std::string uninstaller = scratch + "uninstall.exe", begun = scratch + "begun";
+    Step removal = ran(uninstaller);
+    removal.meanwhile = [&] {
+        const DWORD start = GetTickCount();
+        while (readFile(begun).empty() && GetTickCount() - start < 60000) {
+            Sleep(10);
+        }
+        press(VK_RETURN);
+    };
+    const Step choice{"* | Help", {}, Step::Kind::Dialog, [] { press(VK_ESCAPE); }};
+    play({{"04: typed ahead",
+           {{"* | No, Skip", {"Yes, Uninstall Selected Version(s)"}}, removal, choice},
+           {program(uninstaller, scratch + "Install.exe\t" + begun + "\n2000"),
+            installed("a", "Tavlink Classic Analyzer", uninstaller)}}});
+}
+
 // On the releases that Wine can report for a program.
 TEST(WindowsAlone, EveryReportedReleaseMeetsItsPolicy) {
     if (stageSystem() != System::Wine) {

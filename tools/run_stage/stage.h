@@ -38,7 +38,7 @@ struct Step {
     std::string seen;
     std::vector<std::string> actions = {};  ///< on a dialog, as DialogWindow::act takes them
     Kind kind = Kind::Dialog;
-    /// What happens while the dialog stands, ahead of the actions; on a real machine alone.
+    /// While the dialog stands, ahead of the actions, or the program runs; on a real machine alone.
     std::function<void()> meanwhile = {};
 };
 /// Whether this dialog is the one that `step` expects.

@@ -72,6 +72,9 @@ class Playback {
         }
         if (step.kind == Step::Kind::Program) {
             expected += step.seen;
+            if (step.meanwhile) {
+                step.meanwhile();
+            }
             return true;
         }
         lookOut();
