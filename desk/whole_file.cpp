@@ -1,5 +1,6 @@
 #include "desk/whole_file.h"
 
+#include <openssl/crypto.h>
 #include <openssl/evp.h>
 
 #include <cerrno>
@@ -7,6 +8,8 @@
 #include <memory>
 #include <random>
 #include <system_error>
+
+#include "platform/ansi_text.h"
 
 namespace {
 
@@ -27,13 +30,10 @@ class Digest {
     }
     std::string hexadecimal() {
         unsigned char digest[32];
+        char text[2 * sizeof digest + 1];
         EVP_DigestFinal_ex(context.get(), digest, nullptr);
-        std::string text;
-        for (const unsigned char byte : digest) {
-            text += "0123456789abcdef"[byte >> 4];
-            text += "0123456789abcdef"[byte & 0xF];
-        }
-        return text;
+        OPENSSL_buf2hexstr_ex(text, sizeof text, nullptr, digest, sizeof digest, '\0');
+        return lowerCase(text);
     }
 
   private:

@@ -154,25 +154,20 @@ std::string setInWords(const Json& document) {
 }
 
 // page.html, which CMake puts between quotes.
-constexpr std::string_view pageTemplate =
+constexpr const char* pageTemplate =
 #include "page.inc"
     ;
-
-constexpr std::string_view sampleStart = "<script type=\"application/json\" id=\"runs\">";
-constexpr std::string_view sampleEnd = "</script>";
-constexpr std::size_t reportAt = pageTemplate.find(sampleStart) + sampleStart.size();
-constexpr std::size_t restAt = pageTemplate.find(sampleEnd, reportAt);
-static_assert(reportAt < restAt && restAt < pageTemplate.size());
 
 /// The document as one page for a browser, for people who would rather look than read; it needs no
 /// other file.
 std::string pageOf(const Json& report) {
+    const std::string sampleStart = "<script type=\"application/json\" id=\"runs\">";
     std::string text = report.dump(-1, ' ', false, Json::error_handler_t::replace);
     hideArchiveKeys(text);
-    std::string page(pageTemplate.substr(0, reportAt));
-    // Or a text could end the script element that it stands in.
-    page += replaceAll(text, "<", "\\u003c", false);
-    return page.append(pageTemplate.substr(restAt));
+    text = replaceAll(text, "<", "\\u003c", false);  // or one could end the script element
+    std::string page = pageTemplate;
+    const std::size_t start = page.find(sampleStart) + sampleStart.size();
+    return page.replace(start, page.find("</script>", start) - start, text);
 }
 
 void check(const Choices& choices, Session& session) {

@@ -51,9 +51,12 @@ void printResult(const Session& session, const Json& document, const std::string
                                : words);
 }
 
-void printNote(const Session& session, const std::string& subject, const std::string& note) {
-    if (session.strict) {
-        throw Refusal(subject + ": " + note + ".");
+void printNotes(const Session& session, const std::string& subject,
+                const std::vector<std::string>& notes) {
+    for (const std::string& note : notes) {
+        if (session.strict) {
+            throw Refusal(subject + ": " + note + ".");
+        }
+        std::cerr << "note: " << subject << ": " << note << '\n';
     }
-    std::cerr << "note: " << subject << ": " << note << '\n';
 }

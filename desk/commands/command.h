@@ -41,7 +41,8 @@ void printResult(const Session& session, const Json& document, const std::string
 
 /// Prints to the error output: `subject` and what is noteworthy about it. Throws Refusal with that
 /// when the session is strict, so it comes before anything is written.
-void printNote(const Session& session, const std::string& subject, const std::string& note);
+void printNotes(const Session& session, const std::string& subject,
+                const std::vector<std::string>& notes);
 
 /// Adds a command to the program; its own file defines it.
 using CommandAdder = void(CLI::App& app, Session& session);

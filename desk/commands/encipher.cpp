@@ -52,9 +52,9 @@ void encipherFile(const Files& files, const Session& session) {
     const std::string ended =
         replaceAll(replaceAll(text, "\r\n", "\n", false), "\n", "\r\n", false);
     if (!files.keepsLineEnds && ended != text) {
-        printNote(session, files.input,
-                  "its lines are made to end in CR LF in the output; with bare line feeds the "
-                  "build would swallow what follows");
+        printNotes(session, files.input,
+                   {"its lines are made to end in CR LF in the output; with bare line feeds the "
+                    "build would swallow what follows"});
         text = ended;
     }
     const std::string build = buildIn(text, files.input);

@@ -77,13 +77,13 @@ void report(const std::vector<MediaPlan>& all, const std::vector<std::string>& m
         }
         document["media"].push_back({{"code", media.facts.code},
                                      {"folder", folder},
-                                     {"build", media.build},
+                                     {"build", media.stamp.build},
                                      {"files", files},
                                      {"endsSilently", media.facts.endsSilently},
                                      {"changed", isMade}});
         rows.push_back({folder, isMade ? "made" : "unchanged",
-                        std::to_string(files.size()) + " files", media.build, media.facts.name,
-                        silentMark(media.facts.endsSilently)});
+                        std::to_string(files.size()) + " files", media.stamp.build,
+                        media.facts.name, silentMark(media.facts.endsSilently)});
     }
     printResult(session, document,
                 inColumns(rows) + '\n' + std::to_string(all.size()) + " media folders in " +
@@ -102,9 +102,7 @@ std::vector<MediaPlan> planAll(const LayoutDescription& description, const Choic
     }
     refuseAll("The media cannot be made", problems);
     for (const MediaPlan& media : all) {
-        for (const std::string& note : media.stamp.notes) {
-            printNote(session, media.facts.code, note);
-        }
+        printNotes(session, media.facts.code, media.stamp.notes);
         requireReplaceable(fs::path(choices.folder) / folderOf(media.facts.code), manifestFile);
     }
     return all;
@@ -121,15 +119,16 @@ std::vector<std::string> makeChanged(const std::vector<MediaPlan>& all, bool lin
     for (const MediaPlan& media : all) {
         const std::string folder = folderOf(media.facts.code), manifest = manifestOf(media);
         const fs::path existing = output.path() / folder, fresh = output.staging() / folder;
-        set[folder] = {media.build, sha256(manifest)};
+        set[folder] = {media.stamp.build, sha256(manifest)};
         if (readWholeFile(existing / manifestFile) != manifest) {
             makeMedia(media, fresh, links);
             const fs::path installer = fresh / media.installerName;
             if (!Executable(summarize(installer)).isSigned()) {
                 requireUnsigned(existing / media.installerName);
             }
-            refuseAll("The media of product " + media.facts.code + " would not be complete",
-                      faultsOf(examineMedia(installer, fresh, {.requiredBuild = media.build}, {})));
+            refuseAll(
+                "The media of product " + media.facts.code + " would not be complete",
+                faultsOf(examineMedia(installer, fresh, {.requiredBuild = media.stamp.build}, {})));
             made.push_back(folder);
         }
     }

@@ -80,8 +80,7 @@ void release(const Choices& choices, const Session& session) {
         if (choices.signing.command.empty()) {
             requireUnsigned(fs::path(choices.folder) / path);
         }
-        orders.push_back(
-            {path, choices.installer, chooseStamp(CProductData(), facts.code, "", choices.build)});
+        orders.push_back({path, choices.installer, chooseStamp(facts.code, "", choices.build)});
         names.push_back(folderOf(facts.code));
     }
     OutputFolder output(choices.folder);

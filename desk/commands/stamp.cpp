@@ -16,10 +16,10 @@ struct Choices {
 };
 
 void stamp(const Choices& choices, const Session& session) {
-    CProductData catalogue;
     if (choices.list) {
         Json document = Json::array();
         std::string words;
+        const CProductData catalogue;
         for (const auto& [code, name] : catalogue.ProductNames) {
             document.push_back({{"code", code}, {"name", name}});
             words.append(code).append(" ").append(name).append("\n");
@@ -36,12 +36,10 @@ void stamp(const Choices& choices, const Session& session) {
     if (named && choices.words[2].empty()) {
         throw Refusal("The name is empty; leave it out to stamp the catalogue's.");
     }
-    const ProductStamp product = chooseStamp(
-        catalogue, choices.words[1], named ? requireWestern(choices.words[2]) : "", choices.build);
+    const ProductStamp product =
+        chooseStamp(choices.words[1], named ? requireWestern(choices.words[2]) : "", choices.build);
     refuseSameFile(input, output);
-    for (const std::string& note : product.notes) {
-        printNote(session, output, note);
-    }
+    printNotes(session, output, product.notes);
     writeOutput(output, stampedInstaller(input, product));
     printResult(session,
                 {{"output", output},

@@ -87,12 +87,11 @@ void DescribedMachine::pause(std::uint32_t milliseconds) {
 
 bool DescribedMachine::showMessage(const Message& message) {
     const bool asks = message.buttons == MessageButtons::YesNo;
-    show({message.title,
-          message.icon,
-          {message.text},
-          {},
-          {},
-          asks ? std::vector<std::string>{"Yes", "No"} : std::vector<std::string>{"OK"}});
+    show(
+        {.title = message.title,
+         .icon = message.icon,
+         .texts = {message.text},
+         .buttons = asks ? std::vector<std::string>{"Yes", "No"} : std::vector<std::string>{"OK"}});
     return steps.back().answer == "Yes";
 }
 
@@ -101,22 +100,21 @@ void DescribedMachine::offerRemoval(
     const std::function<void(const std::vector<std::string>& tickedNames)>& remove) {
     const UninstallPromptTexts texts = uninstallPromptTexts(products.size());
     const std::vector<std::string> names = sortedNames(products);
-    const std::vector<std::string> actions = show({TEXT_UNINSTALL_CAPTION,
-                                                   std::nullopt,
-                                                   {texts.found, texts.question},
-                                                   names,
-                                                   {TEXT_SELECT_ALL},
-                                                   {TEXT_UNINSTALL_YES, TEXT_UNINSTALL_NO}});
+    const std::vector<std::string> actions =
+        show({.title = TEXT_UNINSTALL_CAPTION,
+              .texts = {texts.found, texts.question},
+              .rows = names,
+              .choices = {TEXT_SELECT_ALL},
+              .buttons = {TEXT_UNINSTALL_YES, TEXT_UNINSTALL_NO}});
     std::vector<bool> ticked(names.size(), true);
     bool all = true;
     for (const std::string& action : actions) {
-        const auto row = std::find(names.begin(), names.end(), action);
+        const auto row = static_cast<std::size_t>(std::ranges::find(names, action) - names.begin());
         if (action == TEXT_SELECT_ALL) {
             all = !all;
             ticked.assign(names.size(), all);
-        } else if (row != names.end()) {
-            const auto position = static_cast<std::size_t>(row - names.begin());
-            ticked[position] = !ticked[position];
+        } else if (row < names.size()) {
+            ticked[row] = !ticked[row];
         }
     }
     if (steps.back().answer != TEXT_UNINSTALL_YES) {
@@ -134,12 +132,9 @@ void DescribedMachine::offerRemoval(
 }
 
 std::optional<unsigned> DescribedMachine::askProductType(const ProductTypeQuestion& question) {
-    ShownDialog dialog{question.title,
-                       std::nullopt,
-                       {question.prompt},
-                       {},
-                       {},
-                       {TEXT_INSTALL, TEXT_CANCEL, TEXT_HELP}};
+    ShownDialog dialog{.title = question.title,
+                       .texts = {question.prompt},
+                       .buttons = {TEXT_INSTALL, TEXT_CANCEL, TEXT_HELP}};
     for (const ProductChoice& choice : productChoices) {
         if ((question.offeredTypes & choice.type) != 0) {
             dialog.choices.emplace_back(choice.label);

@@ -15,12 +15,12 @@
 
 /// A dialog or message box.
 struct ShownDialog {
-    std::string title;
-    std::optional<MessageIcon> icon;
-    std::vector<std::string> texts;
-    std::vector<std::string> rows;     ///< of a list, in display order; all are ticked
-    std::vector<std::string> choices;  ///< option buttons, of which the first is set; check boxes
-    std::vector<std::string> buttons;
+    std::string title = {};
+    std::optional<MessageIcon> icon = std::nullopt;
+    std::vector<std::string> texts = {};
+    std::vector<std::string> rows = {};     ///< of a list, in display order; all are ticked
+    std::vector<std::string> choices = {};  ///< option buttons, the first is set; check boxes
+    std::vector<std::string> buttons = {};
 };
 
 /// One thing that a run did.

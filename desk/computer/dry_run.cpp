@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <cstdlib>
+#include <regex>
 #include <sstream>
 
 #include "app/direct_install.h"
@@ -52,7 +53,6 @@ int folderNumber(Trial& trial, const std::string& folder) {
     return folder.size() > free.size() ? std::atoi(&folder[free.size() + 1]) : 1;
 }
 
-/// Converts every text of a document.
 void convertToUtf8(Json& json) {
     if (json.is_string()) {
         json = toUtf8(json.get<std::string>());
@@ -337,9 +337,6 @@ Json dryRun(const DryRunMedia& media, const MachineDescription& description) {
 }
 
 void hideArchiveKeys(std::string& text) {
-    constexpr std::string_view option = "-fzxkey ";
-    for (std::size_t at = text.find(option); at != std::string::npos; at = text.find(option, at)) {
-        at += option.size();
-        text.replace(at, text.find_first_of(" \"", at) - at, "...");
-    }
+    static const std::regex key("-fzxkey [^ \"]*");
+    text = std::regex_replace(text, key, "-fzxkey ...");
 }

@@ -94,7 +94,7 @@ void readExport(std::string_view content, const std::string& name, bool bitsKnow
             continue;
         }
         RegistryValues& kept = machine.registry[path];
-        for (const auto& [name, value] : key.second.all()) {
+        for (const auto& [known, value] : key.second.all()) {
             kept.set(value);
         }
     }

@@ -114,15 +114,9 @@ class Reader {
     /// Texts in quotes and lists of bytes go over several lines.
     bool readValue() {
         RegistryValue value;
-        if (rest.front() == '@') {
-            rest.remove_prefix(1);
-        } else if (!takeQuoted(value.name)) {
+        if ((!take('@') && !takeQuoted(value.name)) || !take('=')) {
             return false;
         }
-        if (!rest.starts_with('=')) {
-            return false;
-        }
-        rest.remove_prefix(1);
         if (rest.starts_with('"')) {
             std::string content;
             if (!takeQuoted(content)) {
@@ -152,6 +146,12 @@ class Reader {
         return true;
     }
 
+    bool take(char character) {
+        const bool isThere = rest.starts_with(character);
+        rest.remove_prefix(isThere ? 1 : 0);
+        return isThere;
+    }
+
     /// A text in quotes at the front of the rest, and what it stands for. False, with nothing
     /// taken, when it does not end.
     bool takeQuoted(std::string& content) {
@@ -170,11 +170,11 @@ class Reader {
 
     /// "dword:", "hex:" or "hex(type):" and what follows.
     bool readData(std::string_view data, RegistryValue& value) const {
-        const std::size_t colon = std::min(data.find(':'), data.size());
-        const std::string_view type = data.substr(0, colon);
-        if (colon == data.size()) {
+        const std::size_t colon = data.find(':');
+        if (colon == std::string_view::npos) {
             return false;
         }
+        const std::string_view type = data.substr(0, colon);
         data.remove_prefix(colon + 1);
         if (type == "dword") {
             std::uint32_t number = 0;

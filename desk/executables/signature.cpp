@@ -30,12 +30,11 @@ CommandResult runCommand(std::string command, const std::map<std::string, std::s
         command.replace(start, 1, text);
         start += text.size();
     }
-    CommandResult result;
     std::FILE* const pipe = popen(("(" + command + "\n) 2>&1").c_str(), "r");
     if (pipe == nullptr) {
-        result.output = "the shell cannot be started";
-        return result;
+        return {.output = "the shell cannot be started"};
     }
+    CommandResult result;
     char buffer[4096];
     while (const std::size_t count = std::fread(buffer, 1, sizeof buffer, pipe)) {
         result.output.append(buffer, count);
@@ -103,12 +102,9 @@ Json signatureOf(const fs::path& file, const Executable& executable,
     // The certificate is looked at only when the content is as it was signed.
     const std::string distrust = result.exitCode == 127 ? "osslsigncode is not installed"
                                                         : behind(result.output, "Verify error: ");
-    if (result.exitCode == 0) {
-        signature["state"] = "good";
-    } else if (!distrust.empty()) {
-        signature.update({{"state", "untrusted"}, {"reason", distrust}});
-    } else {
-        signature.update({{"state", "broken"}, {"reason", "the content is not what was signed"}});
+    signature["state"] = result.exitCode == 0 ? "good" : distrust.empty() ? "broken" : "untrusted";
+    if (result.exitCode != 0) {
+        signature["reason"] = distrust.empty() ? "the content is not what was signed" : distrust;
     }
     return signature;
 }

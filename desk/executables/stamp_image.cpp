@@ -200,8 +200,9 @@ bool readStamp(std::string_view image, std::string& code, std::string& name) {
     return offset.has_value();
 }
 
-ProductStamp chooseStamp(const CProductData& catalogue, const std::string& code,
-                         const std::string& name, const std::string& build) {
+ProductStamp chooseStamp(const std::string& code, const std::string& name,
+                         const std::string& build) {
+    const CProductData catalogue;
     ProductStamp stamp{stampedCode(catalogue, code), name, build, {}};
     const auto& [ownCode, ownName] = *catalogue.ProductNames.find(lowerCase(code));
     if (code != stamp.code && code != ownCode) {

@@ -42,8 +42,8 @@ struct ProductStamp {
 
 /// `code` in any letter case; an empty `name` stands for the catalogue's. Throws Refusal for a code
 /// that is no product's, and for a name or build that does not fit.
-[[nodiscard]] ProductStamp chooseStamp(const CProductData& catalogue, const std::string& code,
-                                       const std::string& name, const std::string& build);
+[[nodiscard]] ProductStamp chooseStamp(const std::string& code, const std::string& name,
+                                       const std::string& build);
 
 /// Far more than an installer has: what is larger is not looked into.
 inline constexpr std::uintmax_t largestInstaller = 32 << 20;

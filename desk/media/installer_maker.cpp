@@ -48,15 +48,15 @@ fs::path makeInstallers(const std::vector<InstallerOrder>& orders, const Signing
             const fs::path file = folder / orders[index].path;
             if (signing.command.empty()) {
                 writeOutput(file, images[index]);
-            } else if (fs::exists(file)) {
-                ++kept;
-            } else {
+                return;
+            }
+            if (!fs::exists(file)) {
                 const std::string unfinished = file.string() + ".unsigned.exe";
                 writeOutput(unfinished, images[index]);
                 sign(unfinished, toUtf8(orders[index].stamp.name) + " Installation", signing);
                 fs::rename(unfinished, file);
-                ++kept;
             }
+            ++kept;
         });
     } catch (const Refusal& reason) {
         if (kept == 0) {

@@ -27,7 +27,7 @@ class Planner {
         }
     }
     void problem(const std::string& what) {
-        if (std::find(problems.begin(), problems.end(), what) == problems.end()) {
+        if (std::ranges::count(problems, what) == 0) {
             problems.push_back(what);
         }
     }
@@ -102,18 +102,17 @@ void addLauncher(Planner& planner, const MediaPlan& media) {
 
 MediaPlan planMedia(const LayoutDescription& description, const ProductFacts& facts,
                     std::vector<std::string>& problems) {
-    MediaPlan media{facts, "", "", {}, {}};
+    MediaPlan media{facts, "", {}, {}};
     Planner planner(media, problems);
     planner.step([&] { media.installerName = description.installerName(facts.code); });
     planner.step([&] {
-        media.build = description.text(facts.code, "build");
-        media.stamp =
-            chooseStamp(CProductData(), facts.code,
-                        requireWestern(description.text(facts.code, "name", "")), media.build);
+        const std::string build = description.text(facts.code, "build");
+        media.stamp = chooseStamp(facts.code,
+                                  requireWestern(description.text(facts.code, "name", "")), build);
     });
     planner.step([&] {
         const std::string data =
-            std::string(versionSectionHeader) + "\r\nVersion Number=" + media.build + "\r\n";
+            std::string(versionSectionHeader) + "\r\nVersion Number=" + media.stamp.build + "\r\n";
         const bool enciphered = description.isEnciphered(facts.code);
         planner.addBytes(enciphered ? "ProductData.inx" : "ProductData.ini",
                          enciphered ? encipher(data) : data);

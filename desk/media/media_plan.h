@@ -20,7 +20,6 @@ struct PlannedFile {
 
 struct MediaPlan {
     ProductFacts facts;
-    std::string build;
     std::string installerName;
     ProductStamp stamp;
     std::vector<PlannedFile> files;

@@ -44,20 +44,21 @@ class Examination {
 
   private:
     void problem(const std::string& what) { report["problems"].push_back(what); }
+    /// Nothing where `what` is empty.
+    void problem(const std::string& of, const std::string& what) {
+        if (!what.empty()) {
+            problem(of + ": " + what);
+        }
+    }
     void warning(const std::string& what) { report["warnings"].push_back(what); }
 
     void examineExecutable(const std::string& image) {
         const Executable executable(image);
-        if (const std::string damage = executable.damage(); !damage.empty()) {
-            problem("The installer: " + damage);
-        }
+        problem("The installer", executable.damage());
         if (executable.headerDamage().empty()) {
             report["signature"] = signatureOf(installer, executable, choices.signature);
         }
-        if (const std::string fault = signatureProblem(report["signature"], choices.signature);
-            !fault.empty()) {
-            problem("The installer: " + fault);
-        }
+        problem("The installer", signatureProblem(report["signature"], choices.signature));
     }
 
     void examineStamped(const std::vector<MachineDescription>& machines) {
@@ -89,9 +90,12 @@ class Examination {
                 "A run ends without a word and installs nothing. That is how this product is made, "
                 "but it is seldom what a customer should get.");
         }
+        for (const NeededFile& file : neededFiles(plan)) {
+            media.files.push_back(file.name);
+        }
+        tellLaunches(plan);
         examineFiles(plan);
         examineManifest();
-        tellLaunches(plan);
         for (const MachineDescription& machine : machines) {
             report["runs"].push_back(dryRun(media, machine));
         }
@@ -126,8 +130,8 @@ class Examination {
         }
         if (value.find('\n') != std::string_view::npos) {
             problem(file + ": lines do not end in CR LF; the build swallows what follows");
-        } else if (const std::string fault = buildFault(std::string(value)); !fault.empty()) {
-            problem(file + ": " + fault);
+        } else {
+            problem(file, buildFault(std::string(value)));
         }
         return file;
     }
@@ -155,6 +159,7 @@ class Examination {
             "beside the installer, so check the copy that is delivered.");
     }
 
+    /// Leaves those that are there.
     void examineFiles(const InstallPlan& plan) {
         for (const NeededFile& file : neededFiles(plan)) {
             const std::optional<fs::path> path = findInFolder(folder, file.name);
@@ -162,8 +167,8 @@ class Examination {
                                        {"purpose", file.purpose},
                                        {"present", path.has_value()},
                                        {"damage", path ? damageOf(*path) : ""}});
-            if (path) {
-                media.files.push_back(file.name);
+            if (!path) {
+                std::erase(media.files, file.name);
             }
             const std::string delivered = withTrailingBackslash(media.sourceDirectory) + file.name;
             if (delivered.size() >= maximumPathLength) {
@@ -188,13 +193,8 @@ class Examination {
     /// What each way of the run hands over on a machine without other versions, where all files
     /// are.
     void tellLaunches(const InstallPlan& plan) {
-        DryRunMedia whole = media;
-        whole.files.clear();
-        for (const NeededFile& file : neededFiles(plan)) {
-            whole.files.push_back(file.name);
-        }
-        const Json on32 = dryRun(whole, emptyMachine({"", 32}))["endings"];
-        const Json on64 = dryRun(whole, emptyMachine({"", 64}))["endings"];
+        const Json on32 = dryRun(media, emptyMachine({"", 32}))["endings"];
+        const Json on64 = dryRun(media, emptyMachine({"", 64}))["endings"];
         for (std::size_t index = 0; index < on32.size(); ++index) {
             if (!on32[index].contains("setup")) {
                 continue;  // a message in its place
@@ -203,15 +203,14 @@ class Examination {
             if (choice.empty()) {
                 choice = plan.route == Route::Direct ? "without a question" : TEXT_LIVE_PRODUCT;
             }
-            const auto add = [&](const char* windows, const Json& ending) {
-                report["handOvers"].push_back({{"choice", choice},
-                                               {"windows", windows},
-                                               {"parameters", ending["setup"]["arguments"]}});
+            const Json &setup32 = on32[index]["setup"], &setup64 = on64[index]["setup"];
+            const auto add = [&](const char* windows, const Json& setup) {
+                report["handOvers"].push_back(
+                    {{"choice", choice}, {"windows", windows}, {"parameters", setup["arguments"]}});
             };
-            const bool isSame = on32[index]["setup"] == on64[index]["setup"];
-            add(isSame ? "any Windows" : "32-bit Windows", on32[index]);
-            if (!isSame) {
-                add("64-bit Windows", on64[index]);
+            add(setup32 == setup64 ? "any Windows" : "32-bit Windows", setup32);
+            if (setup32 != setup64) {
+                add("64-bit Windows", setup64);
             }
         }
     }
@@ -232,16 +231,12 @@ Json examineMedia(const fs::path& installer, const fs::path& folder, const Media
 }
 
 Json emptyReport(const std::string& folder) {
-    Json report = {{"folder", folder}};
-    for (const char* name :
-         {"productCode", "productName", "title", "path", "build", "buildOrigin"}) {
-        report[name] = "";
-    }
-    report["signature"] = noSignature();
-    for (const char* name : {"files", "warnings", "problems", "handOvers", "runs"}) {
-        report[name] = Json::array();
-    }
-    return report;
+    const Json none = Json::array();
+    return {
+        {"folder", folder}, {"productCode", ""}, {"productName", ""}, {"title", ""},
+        {"path", ""},       {"build", ""},       {"buildOrigin", ""}, {"signature", noSignature()},
+        {"files", none},    {"warnings", none},  {"problems", none},  {"handOvers", none},
+        {"runs", none}};
 }
 
 std::string buildFault(const std::string& build) {

@@ -67,13 +67,15 @@ void examineInstaller(const fs::path& folder, const ProductFacts& facts, const J
                       const SignatureChoices& choices, ReleaseReport& report,
                       std::set<std::string>& builds) {
     const std::string path = releasedPath(facts.code);
-    const auto add = [&](const std::string& what) { report.problems.push_back({path, what}); };
+    const auto add = [&](const std::string& what) {
+        if (!what.empty()) {
+            report.problems.push_back({path, what});
+        }
+    };
     const std::string image = readInstaller(folder / path);
     ++report.installers;
     const Executable executable(image);
-    if (const std::string damage = executable.damage(); !damage.empty()) {
-        add(damage);
-    }
+    add(executable.damage());
     if (!executable.headerDamage().empty()) {
         return;
     }
@@ -90,9 +92,7 @@ void examineInstaller(const fs::path& folder, const ProductFacts& facts, const J
     }
     const Json signature = signatureOf(folder / path, executable, choices);
     report.signatures += executable.isSigned() ? 1 : 0;
-    if (const std::string problem = signatureProblem(signature, choices); !problem.empty()) {
-        add(problem);
-    }
+    add(signatureProblem(signature, choices));
     report.signers.insert(signatureInWords(signature));
 }
 
@@ -108,11 +108,9 @@ ReleaseReport examineRelease(const fs::path& folder, const std::string& build,
         throw Refusal(inQuotes(folder) + " is no folder that can be read; name a release.");
     }
     ReleaseReport report;
-    const auto add = [&report](const std::string& file, const std::string& what) {
-        report.problems.push_back({file, what});
-    };
-    report.problems = compareWithList(folder, checksumsFile);
-    const Json billed = billedComponents(folder, report.problems);
+    std::vector<FileProblem>& problems = report.problems;
+    problems = compareWithList(folder, checksumsFile);
+    const Json billed = billedComponents(folder, problems);
     std::set<std::string> builds, known = {checksumsFile, billOfMaterialsFile, noticesFile};
     for (const ProductFacts& facts : productFacts()) {
         const std::string path = releasedPath(facts.code);
@@ -120,27 +118,28 @@ ReleaseReport examineRelease(const fs::path& folder, const std::string& build,
         try {
             examineInstaller(folder, facts, billed, choices, report, builds);
         } catch (const Refusal& reason) {
-            if (std::ranges::count(report.problems, path, &FileProblem::file) == 0) {
-                add(path, reason.what());
+            if (std::ranges::count(problems, path, &FileProblem::file) == 0) {
+                problems.push_back({path, reason.what()});
             }
         }
     }
     std::vector<FileProblem> links;  // told already
     for (const std::string& file : filesBelow(folder, links)) {
         if (!known.contains(file)) {
-            add(file, "does not belong to a release");
+            problems.push_back({file, "does not belong to a release"});
         }
     }
     if (builds.size() > 1) {
-        add("", "the installers show different builds: " + joined(builds));
+        problems.push_back({"", "the installers show different builds: " + joined(builds)});
     }
     report.build = builds.size() == 1 ? *builds.begin() : "";
     if (!build.empty() && report.build != build) {
-        add("", "the installers do not all show the build " + build);
+        problems.push_back({"", "the installers do not all show the build " + build});
     }
     if (report.signatures != 0 && report.signatures != report.installers) {
-        add("", "some installers are signed and some are not: " +
-                    std::to_string(report.signatures) + " of " + std::to_string(report.installers));
+        problems.push_back({"", "some installers are signed and some are not: " +
+                                    std::to_string(report.signatures) + " of " +
+                                    std::to_string(report.installers)});
     }
     return report;
 }
