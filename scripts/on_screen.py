@@ -103,9 +103,8 @@ class Run(subprocess.Popen):
         drive.unlink(missing_ok=True)
         drive.symlink_to(self.media)
         super().__init__(
-            # The second backslash keeps the first from taking the quote that click_through puts behind it.
             [PREFIX, "run", screen.name, DRIVER / "click_through.exe", r"D:\Install.exe",
-             *(arguments or ("-dir", r"D:\\"))], env=os.environ | {"RECORD_FILE": r"C:\record.txt"},
+             *(arguments or ("-dir", "D:\\"))], env=os.environ | {"RECORD_FILE": r"C:\record.txt"},
             stdin=subprocess.PIPE, stdout=subprocess.PIPE, encoding="cp1252")
 
     def __exit__(self, *exception):

@@ -47,7 +47,7 @@ TEST_F(Disc, HoldsAllThatARunNeeds) {
            {chooseLive,
             setup("04", "Halvick Tavlink Classic Analyzer " + build, "LIVE", "x86", build, root)},
            {installerAt(root + "Install.exe")},
-           "-dir " + root}});
+           {"-dir", root}}});
 }
 
 TEST_F(Disc, IsMissedWhereItWasTakenOut) {
@@ -59,7 +59,7 @@ TEST_F(Disc, IsMissedWhereItWasTakenOut) {
            {choice, box("Failed to locate program installation utility: \"" + root + "Setup.Exe\"",
                         "error")},
            {installerAt(root + "Install.exe")},
-           "-dir " + root}});
+           {"-dir", root}}});
     SetErrorMode(errorMode);
     controlDrive(root, IOCTL_STORAGE_LOAD_MEDIA);
 }

@@ -36,7 +36,7 @@ TEST(Failures, EndTheRunBeforeAnythingIsInstalled) {
          {"1q: no administrator, and no media",
           {box("\n\nMissing directory argument.", "error")},
           {noAdministrator},
-          "-installdir x -installdir y"},
+          {"-installdir", "x", "-installdir", "y"}},
          {"04: a release that does not tell",
           {box("Invalid operating system detected.", "error")},
           {machine(

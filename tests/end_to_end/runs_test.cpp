@@ -9,24 +9,25 @@ namespace {
 TEST(CommandLine, EveryFailureIsShownAndEndsTheRun) {
     const std::string setupUtility = media + "Setup.Exe", missing = "C:\\" + std::string(397, 'x');
     const struct {
-        std::string arguments, text, icon = "error";
-    } table[] = {{"", "Invalid command line.", "warning"},
-                 {"-dir", "Invalid command line.", "warning"},
-                 {"-DIR C:\\ -b\xE4h x", "\n\nInvalid argument: -b\xE4h\n"},
-                 {"-dir C:\\ -dirs", "\n\nInvalid argument: -dirs\n"},
-                 {"-dir C:\\ -installdir", "\n\nInvalid argument: Directory missing.\n"},
-                 {"-installdir C:\\ -dir", "\n\nInvalid argument: Directory missing.\n"},
-                 {"-dir C:\\absent -dirs x", "\n\nError accessing \"C:\\absent\"."},
-                 {"-dir -dir", "\n\nError accessing \"-dir\"."},
-                 {"-dir \\\\absent\\share", "\n\nError accessing \"\\\\absent\\share\"."},
-                 {"-dir " + missing, "\n\nError accessing \"" + missing + "\"."},
+        std::vector<std::string> arguments;
+        std::string text, icon = "error";
+    } table[] = {{{}, "Invalid command line.", "warning"},
+                 {{"-dir"}, "Invalid command line.", "warning"},
+                 {{"-DIR", "C:\\", "-b\xE4h", "x"}, "\n\nInvalid argument: -b\xE4h\n"},
+                 {{"-dir", "C:\\", "-dirs"}, "\n\nInvalid argument: -dirs\n"},
+                 {{"-dir", "C:\\", "-installdir"}, "\n\nInvalid argument: Directory missing.\n"},
+                 {{"-installdir", "C:\\", "-dir"}, "\n\nInvalid argument: Directory missing.\n"},
+                 {{"-dir", "C:\\absent", "-dirs", "x"}, "\n\nError accessing \"C:\\absent\"."},
+                 {{"-dir", "-dir"}, "\n\nError accessing \"-dir\"."},
+                 {{"-dir", "\\\\absent\\share"}, "\n\nError accessing \"\\\\absent\\share\"."},
+                 {{"-dir", missing}, "\n\nError accessing \"" + missing + "\"."},
                  // The folders that it would match are there.
-                 {"-dir \"" + scratch + "med*\"", "\n\nError accessing \"" + scratch + "med*\"."},
-                 {"-dir \"" + setupUtility + "\" -dir C:\\absent",
+                 {{"-dir", scratch + "med*"}, "\n\nError accessing \"" + scratch + "med*\"."},
+                 {{"-dir", setupUtility, "-dir", "C:\\absent"},
                   "\n\n\"" + setupUtility + "\" is not a directory."},
-                 {"-installdir X -INSTALLDIR Z", "\n\nMissing directory argument."}};
+                 {{"-installdir", "X", "-INSTALLDIR", "Z"}, "\n\nMissing directory argument."}};
     for (const auto& row : table) {
-        play({"04: " + row.arguments, {box(row.text, row.icon)}, {}, row.arguments});
+        play({"04: " + row.text, {box(row.text, row.icon)}, {}, row.arguments});
     }
 }
 
@@ -37,14 +38,16 @@ TEST(CommandLine, SourceDirectoriesArePassedOnAsTheyAre) {
     const std::string longest = scratch + std::string(length - scratch.size(), 'm') + '\\';
     const std::string umlauts = scratch + "\xC4hnlich \xDF`\\";
     const struct {
-        std::string folder, arguments, passedOn;
+        std::string folder;
+        std::vector<std::string> arguments;
+        std::string passedOn;
         Where where = Where::Everywhere;
-    } table[] = {{media, "-installdir X -dir C:\\ -DIR \"" + media + "\\\"", media},
-                 {umlauts, "-dir \"" + umlauts + "\\\"", umlauts},
-                 {longest, "-dir \"" + longest + "\\\"", longest},
-                 {media, "-dir ..\\media", "..\\media\\", Where::OnWindows},
-                 {elsewhere, "-dir .", ".\\", Where::OnWindows},
-                 {media, "-dir \"\\\\?\\" + media + "\\\"", "\\\\?\\" + media, Where::OnWindows}};
+    } table[] = {{media, {"-installdir", "X", "-dir", "C:\\", "-DIR", media}, media},
+                 {umlauts, {"-dir", umlauts}, umlauts},
+                 {longest, {"-dir", longest}, longest},
+                 {media, {"-dir", "..\\media"}, "..\\media\\", Where::OnWindows},
+                 {elsewhere, {"-dir", "."}, ".\\", Where::OnWindows},
+                 {media, {"-dir", "\\\\?\\" + media}, "\\\\?\\" + media, Where::OnWindows}};
     for (const auto& row : table) {
         Step started = setup("0q", "Halvick Tavlink Universal Analyzer", "LIVE", "x86",
                              defaultBuild, row.passedOn);
@@ -52,7 +55,7 @@ TEST(CommandLine, SourceDirectoriesArePassedOnAsTheyAre) {
         if (!row.passedOn.starts_with("\\\\?\\") || stageSystem() == System::Wine) {
             started.seen.replace(1, row.passedOn.size(), row.folder);
         }
-        play({"0q: " + row.arguments,
+        play({"0q: " + row.passedOn,
               {chooseLive, started},
               {setupIn(row.folder)},
               row.arguments,
@@ -70,12 +73,12 @@ TEST(CommandLine, TooLongASourceDirectoryIsSaidToBeSo) {
              {"0q: a path of 260 characters",
               {chooseLive, shellMessage, {"* | OK", {"OK"}, Step::Kind::DialogOfSomePlatforms}},
               {setupIn(folder + '\\')},
-              "-dir \"" + folder + '"'}),
+              {"-dir", folder}}),
          {"0q: a path of 265 characters",
           {chooseLive,
            box("Failed to locate program installation utility: \"" + longer + "\\Setu\"", "error")},
           {setupIn(longer + '\\')},
-          "-dir \"" + longer + '"'}});
+          {"-dir", longer}}});
 }
 
 TEST(SetupLaunch, FollowsTheChoice) {

@@ -42,11 +42,7 @@ int main(int count, char** values) {
     if (count < 2) {
         return fail("no installer named");
     }
-    std::string arguments;
-    for (int index = 2; index < count; ++index) {
-        arguments += '"' + std::string(values[index]) + "\" ";
-    }
-    InstallerRun run(values[1], arguments);
+    InstallerRun run(values[1], {values + 2, values + count});
     for (Encounter met = run.nextDialog(INFINITE); met.dialog || !met.error.empty();
          met = run.nextDialog(INFINITE)) {
         if (!met.dialog) {

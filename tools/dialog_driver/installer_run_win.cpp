@@ -4,10 +4,14 @@
 
 constexpr DWORD pollInterval = 10;  // milliseconds
 
-InstallerRun::InstallerRun(const std::string& program, const std::string& arguments,
+InstallerRun::InstallerRun(const std::string& program, const std::vector<std::string>& arguments,
                            const std::string& currentFolder)
     : job(CreateJobObjectA(nullptr, nullptr)) {
-    std::string command = '"' + program + "\" " + arguments;
+    std::string command = '"' + program + '"';
+    for (const std::string& argument : arguments) {
+        // A backslash would take the quote behind it for a character.
+        command += " \"" + argument + (argument.ends_with('\\') ? "\\\"" : "\"");
+    }
     const std::string folder =
         currentFolder.empty() ? program.substr(0, program.rfind('\\') + 1) : currentFolder;
     GetDesktopWindow();  // has Wine start what it needs for windows outside of the job

@@ -20,9 +20,9 @@ class InstallerRun {
     /// Milliseconds: long enough for the first start of a program on a busy machine.
     static constexpr DWORD defaultDeadline = 60000;
 
-    /// Starts `program` with these arguments as they are; the current folder is its own, where
-    /// none is given. When it cannot be started, every call says so.
-    InstallerRun(const std::string& program, const std::string& arguments,
+    /// Starts `program` with these arguments, which have no quotes in them; the current folder is
+    /// its own, where none is given. When it cannot be started, every call says so.
+    InstallerRun(const std::string& program, const std::vector<std::string>& arguments,
                  const std::string& currentFolder = "");
     /// Ends what still runs.
     ~InstallerRun();

@@ -99,7 +99,7 @@ struct Case {
     std::string name;         ///< begins with the product's code and a colon
     std::vector<Step> steps;  ///< all that the run comes to, in this order
     std::vector<Given> given = {};
-    std::string arguments = "-dir \"C:\\end to end\\media\"";
+    std::vector<std::string> arguments = {"-dir", "C:\\end to end\\media"};
     Where where = Where::Everywhere;
 };
 inline Case onWindows(Case row) {

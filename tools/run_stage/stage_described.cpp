@@ -5,7 +5,6 @@
 #include <algorithm>
 #include <cstdlib>
 #include <iterator>
-#include <utility>
 
 #include "app/install_app.h"
 #include "catalogue/product_catalogue.h"
@@ -72,29 +71,6 @@ std::string wordsOf(const Step& step) {
             break;
     }
     return step.seen;
-}
-
-/// The arguments of a command line, as a program gets them.
-std::vector<std::string> argumentsOf(const std::string& commandLine) {
-    std::vector<std::string> arguments;
-    std::string argument;
-    bool quoted = false;
-    for (std::size_t at = 0; at < commandLine.size(); ++at) {
-        const char character = commandLine[at];
-        if (character == '"') {
-            quoted = !quoted;
-        } else if (character == ' ' && !quoted) {
-            arguments.push_back(std::exchange(argument, ""));
-        } else if (commandLine.compare(at, 3, "\\\\\"") == 0) {
-            argument += commandLine[at++];
-        } else {
-            argument += character;
-        }
-    }
-    if (!commandLine.empty()) {
-        arguments.push_back(argument);
-    }
-    return arguments;
 }
 
 void addFolders(const std::string& path) {
@@ -175,7 +151,7 @@ std::string play(const Case& row) {
     CProductData catalogue;
     described.identity.code = code == "1q" ? "1Q" : code;
     std::ignore = catalogue.productName(code, described.identity.name);
-    described.commandLine = argumentsOf(row.arguments);
+    described.commandLine = row.arguments;
     described.commandLine.insert(described.commandLine.begin(), scratch + "Install.exe");
     setupIn(media)();
     file(elsewhere + "ProductData.ini", "[Version Number]\r\nVersion Number=9.9.9.9\r\n")();

@@ -58,7 +58,7 @@ std::string longPath(const std::string& path) {
 /// A run as it is seen from outside, beside what is expected of it.
 class Playback {
   public:
-    Playback(const std::string& arguments, std::string passedQuestion)
+    Playback(const std::vector<std::string>& arguments, std::string passedQuestion)
         : run(installer, arguments, elsewhere), passedQuestion(std::move(passedQuestion)) {}
 
     /// False: the run is not what it should be, and is not to be followed any further.
