@@ -27,13 +27,3 @@ void expectRows(std::initializer_list<std::pair<Given, Expected>> rows, Answer a
         }
     }
 }
-
-/// "[one][two]".
-template <class Texts>
-std::string inBrackets(const Texts& texts) {
-    std::string joined;
-    for (const auto& text : texts) {
-        joined.append("[").append(text).append("]");
-    }
-    return joined;
-}

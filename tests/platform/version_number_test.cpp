@@ -4,23 +4,24 @@
 
 TEST(VersionNumber, FieldsAreSplitAndEscaped) {
     const std::string longText(2500, 'x');
-    expectRows<std::tuple<char, std::string>, std::string>(
-        {{{'.', ""}, ""},
-         {{'.', "."}, "[]"},
-         {{'.', "1.2.."}, "[1][2][]"},
-         {{'.', ".1.2"}, "[][1][2]"},
-         {{'.', "a`.b.c"}, "[a.b][c]"},
-         {{'.', "a`bc.d"}, "[a`bc][d]"},
-         {{'.', "a.b`"}, "[a][b`]"},
-         {{'`', "a``b`c"}, "[a`b][c]"},
-         {{'`', "a`b`"}, "[a][b]"},
-         {{'`', "```a"}, "[`][a]"},
-         {{'.', longText + ".y"}, '[' + longText + "][y]"}},
-        [](char delimiter, const std::string& text) {
-            std::vector<std::string> fields = {"left over"};
-            splitFields(text, fields, delimiter);
-            return inBrackets(fields);
-        });
+    using Fields = std::vector<std::string>;
+    const auto split = [](char delimiter, const std::string& text) {
+        Fields fields = {"left over"};
+        splitFields(text, fields, delimiter);
+        return fields;
+    };
+    expectRows<std::tuple<char, std::string>, Fields>({{{'.', ""}, {}},
+                                                       {{'.', "."}, {""}},
+                                                       {{'.', "1.2.."}, {"1", "2", ""}},
+                                                       {{'.', ".1.2"}, {"", "1", "2"}},
+                                                       {{'.', "a`.b.c"}, {"a.b", "c"}},
+                                                       {{'.', "a`bc.d"}, {"a`bc", "d"}},
+                                                       {{'.', "a.b`"}, {"a", "b`"}},
+                                                       {{'`', "a``b`c"}, {"a`b", "c"}},
+                                                       {{'`', "a`b`"}, {"a", "b"}},
+                                                       {{'`', "```a"}, {"`", "a"}},
+                                                       {{'.', longText + ".y"}, {longText, "y"}}},
+                                                      split);
 }
 
 TEST(VersionNumber, HasFourFieldsOrSaysWhyNot) {

@@ -3,20 +3,20 @@
 #include "tests/rows.h"
 
 TEST(InstallDialog, SplitsThePromptAtBreaks) {
-    expectRows<std::string, std::string>(
-        {{"", "[]"},
-         {"one", "[one]"},
-         {"a\nb\rc", "[a][b][c]"},
-         {"a\r\nb\n\rc", "[a][b][c]"},
-         {"a\n\nb", "[a][][b]"},
-         {"a\r\n\r\nb", "[a][][b]"},
-         {"\na", "[][a]"},
-         {"a\n", "[a\n]"},
-         {"a\r", "[a\r]"},
-         {"a\n\n", "[a][\n]"},
-         {"a\r\n", "[a][]"},
-         {"a\n\r\n", "[a][\n]"}},
-        [](const std::string& prompt) { return inBrackets(promptLines(prompt)); });
+    using Lines = std::vector<std::string_view>;
+    expectRows<std::string, Lines>({{"", {""}},
+                                    {"one", {"one"}},
+                                    {"a\nb\rc", {"a", "b", "c"}},
+                                    {"a\r\nb\n\rc", {"a", "b", "c"}},
+                                    {"a\n\nb", {"a", "", "b"}},
+                                    {"a\r\n\r\nb", {"a", "", "b"}},
+                                    {"\na", {"", "a"}},
+                                    {"a\n", {"a\n"}},
+                                    {"a\r", {"a\r"}},
+                                    {"a\n\n", {"a", "\n"}},
+                                    {"a\r\n", {"a", ""}},
+                                    {"a\n\r\n", {"a", "\n"}}},
+                                   promptLines);
 }
 
 TEST(InstallDialog, GrowsByTheLinesThatDoNotFit) {
