@@ -3,10 +3,9 @@ add_library(build_options INTERFACE)
 
 # Errors only where no warning is expected: a compiler that we have not tried may have new ones.
 set(compiler "${CMAKE_CXX_COMPILER_ID} ${CMAKE_CXX_COMPILER_VERSION}")
+set(known_compiler OFF)
 if(compiler MATCHES "^(GNU 1[2-4]|Clang 1[4-9]|MSVC 19)\\.")
   set(known_compiler ON)
-else()
-  set(known_compiler OFF)
 endif()
 option(INSTALLER_WARNINGS_AS_ERRORS "Let no warning pass" ${known_compiler})
 
@@ -38,11 +37,8 @@ if(INSTALLER_SANITIZE)
   target_link_options(build_options INTERFACE -fsanitize=address,undefined)
 endif()
 if(INSTALLER_FUZZERS)
-  target_compile_options(build_options INTERFACE
-    -fsanitize=fuzzer-no-link,address,undefined -fno-sanitize-recover=all
-    -fno-sanitize=vptr)  # the product is without type information
+  target_compile_options(build_options INTERFACE -fsanitize=fuzzer-no-link)
   target_compile_definitions(build_options INTERFACE _GLIBCXX_ASSERTIONS)
-  target_link_options(build_options INTERFACE -fsanitize=address,undefined)
 endif()
 
 if(MINGW)
