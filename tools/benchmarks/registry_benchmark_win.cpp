@@ -21,7 +21,6 @@
 #include "installed/installation_index.h"
 #include "installed/installed_product.h"
 #include "platform/registry_key_win.h"
-#include "platform/system_library_win.h"
 #include "tools/benchmarks/benchmark_win.h"
 
 namespace {
@@ -52,8 +51,6 @@ void operator delete(void* block, std::size_t) noexcept {
 namespace {
 
 constexpr const char* scratchKey = "Software\\Installer Benchmark";
-constexpr const char* uninstallList = "SOFTWARE\\Microsoft\\Windows\\CurrentVersion\\Uninstall";
-constexpr const char* makerTree = "Software\\Halvick Test Equipment";
 constexpr int entryCount = 10000;
 constexpr int ownEntryCount = 100;
 constexpr int recordCount = 5000;
@@ -81,7 +78,7 @@ void writeValues(const std::string& key, const Values& values) {
 /// Entries of the uninstall list from `first` to before `end`.
 void fillUninstallList(int first, int end, const char* displayName) {
     for (int entry = first; entry < end; ++entry) {
-        writeValues(uninstallList + ("\\Entry " + std::to_string(entry)),
+        writeValues(uninstallListKey + ("\\Entry " + std::to_string(entry)),
                     {{"DisplayName", displayName},
                      {"DisplayVersion", "12.0.0.0"},
                      {"UninstallString", "C:\\Program Files\\Program\\uninstall.exe"},
@@ -91,7 +88,7 @@ void fillUninstallList(int first, int end, const char* displayName) {
 
 void fillMakerTree() {
     for (int record = 0; record < recordCount; ++record) {
-        writeValues(makerTree + ("\\Installation " + std::to_string(record)),
+        writeValues(makerTree + ("Installation " + std::to_string(record)),
                     {{"Product Id", "0b"},
                      {"Product Name", "Analyzer"},
                      {"Program Folder", "Halvick Analyzer " + std::to_string(record)},
@@ -119,7 +116,7 @@ void forEachSubkey(const char* path, DWORD nameSize, Visit visit) {
 }
 
 void readEntriesBarely() {
-    forEachSubkey(uninstallList, 260, [](HKEY key) {
+    forEachSubkey(uninstallListKey, 260, [](HKEY key) {
         char text[260];
         const auto query = [&](const char* name) {
             DWORD size = sizeof text;
@@ -136,9 +133,6 @@ void readEntriesBarely() {
 }
 
 void readRecordsBarely() {
-    using GetInfoSize = DWORD(WINAPI*)(const char*, DWORD*);
-    static const auto getInfoSize =
-        procedureAddress<GetInfoSize>(LoadLibraryA("version.dll"), "GetFileVersionInfoSizeA");
     forEachSubkey(makerTree, 1024, [](HKEY key) {
         DWORD subkeyCount = 0;
         DWORD valueCount = 0;
@@ -154,8 +148,8 @@ void readRecordsBarely() {
                                    reinterpret_cast<BYTE*>(data), &size);
         }
         DWORD ignored = 0;
-        getInfoSize("C:\\Analyzer\\Executables\\Core\\qmx.exe", &ignored);
-        getInfoSize("\\bin\\release\\qmx.exe", &ignored);
+        GetFileVersionInfoSizeA("C:\\Analyzer\\Executables\\Core\\qmx.exe", &ignored);
+        GetFileVersionInfoSizeA("\\bin\\release\\qmx.exe", &ignored);
     });
 }
 

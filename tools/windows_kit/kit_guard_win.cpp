@@ -10,13 +10,13 @@
 // take away.
 #include <windows.h>
 
-#include <shellapi.h>
 #include <shlobj.h>
 #include <shlwapi.h>
 
 #include <algorithm>
 #include <cstdio>
 #include <cstring>
+#include <filesystem>
 #include <fstream>
 #include <iterator>
 #include <string>
@@ -147,15 +147,6 @@ std::vector<std::string> objections(const std::vector<std::string>& programs) {
     return found;
 }
 
-void removeFolder(const std::string& folder) {
-    const std::string list = folder + '\0';  // and one more terminator behind
-    SHFILEOPSTRUCTA operation{};
-    operation.wFunc = FO_DELETE;
-    operation.pFrom = list.c_str();
-    operation.fFlags = FOF_NOCONFIRMATION | FOF_NOERRORUI | FOF_SILENT;
-    SHFileOperationA(&operation);
-}
-
 int before() {
     const std::vector<std::string> programs = installedPrograms();
     const std::vector<std::string> found = objections(programs);
@@ -185,7 +176,8 @@ int after() {
     for (const std::string& folder : madeFolders()) {
         if (examinePath(folder) != PathKind::Inaccessible) {
             std::printf("left behind and removed: %s\n", folder.c_str());
-            removeFolder(folder);
+            std::error_code ignored;
+            std::filesystem::remove_all("\\\\?\\" + folder, ignored);  // has long paths in it
         }
     }
     std::vector<std::string> known;
@@ -194,19 +186,20 @@ int after() {
     }
     file.close();
     const std::vector<std::string> programs = installedPrograms();
-    std::vector<std::string> lost, gained;
-    std::set_difference(known.begin(), known.end(), programs.begin(), programs.end(),
-                        std::back_inserter(lost));
-    std::set_difference(programs.begin(), programs.end(), known.begin(), known.end(),
-                        std::back_inserter(gained));
-    for (const std::string& line : lost) {
-        std::printf("CHANGED: no longer there: %s\n", line.c_str());
-    }
-    for (const std::string& line : gained) {
-        std::printf("CHANGED: was not there: %s\n", line.c_str());
-    }
+    bool changed = false;
+    const auto compare = [&changed](const char* change, const auto& these, const auto& those) {
+        std::vector<std::string> lines;
+        std::set_difference(these.begin(), these.end(), those.begin(), those.end(),
+                            std::back_inserter(lines));
+        for (const std::string& line : lines) {
+            std::printf("CHANGED: %s: %s\n", change, line.c_str());
+            changed = true;
+        }
+    };
+    compare("no longer there", known, programs);
+    compare("was not there", programs, known);
     DeleteFileA(rememberedFile);
-    return lost.empty() && gained.empty() ? 0 : 1;
+    return changed ? 1 : 0;
 }
 
 }  // namespace
