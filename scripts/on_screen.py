@@ -24,7 +24,7 @@ PREFIX = ROOT / "scripts" / "prefix.sh"
 TEMPLATE = subprocess.run([PREFIX, "templates"], stdout=subprocess.PIPE, text=True, check=True).stdout.split()[0]
 SUFFIX = "-x64" if TEMPLATE == "x64" else ""
 VIEW = "/reg:64" if SUFFIX else "/reg:32"
-Dialog = collections.namedtuple("Dialog", "left top width height title texts")
+Dialog = collections.namedtuple("Dialog", "left top width height texts")
 DRIVER = BUILD / f"checked{SUFFIX}" / "dialog_driver"
 
 
@@ -113,18 +113,12 @@ class Run(subprocess.Popen):
         super().__exit__(*exception)
 
     def __iter__(self):
-        dialog = None
         for line in self.stdout:
             kind, *values = line.rstrip("\n").split("\t")
-            if kind == "dialog":
-                dialog = Dialog(*map(int, values[:4]), title=values[4], texts=[])
-            elif kind == "text":
-                dialog.texts.append(values[0])
-            elif kind == "?":
-                yield dialog
-                self.act("")
-            elif kind == "end":
+            if kind == "end":
                 return
+            yield Dialog(*map(int, values[:4]), texts=values[4].split(" | "))
+            self.act("")
         sys.exit("on_screen: click_through ended early")
 
     def act(self, action):
@@ -162,7 +156,7 @@ def demo(by_hand):
     with Screen() as screen:
         with Run(screen, "07") as run:
             for number, dialog in enumerate(run):
-                print(f'  dialog "{dialog.title}"', *dialog.texts, sep="\n    ", flush=True)
+                print(f'  dialog "{dialog.texts[0]}"', *dialog.texts[1:], sep="\n    ", flush=True)
                 if number == 0:
                     run.picture(dialog, shot)
                 if by_hand:
@@ -205,7 +199,7 @@ class Shots:
             for dialog, actions in zip(run, self.dialogs, strict=True):
                 for action in actions:
                     if action.startswith("picture "):
-                        print(f'  {action}{suffix}: "{dialog.title}"', flush=True)
+                        print(f'  {action}{suffix}: "{dialog.texts[0]}"', flush=True)
                         run.picture(dialog, ROOT / "docs" / "images" / f"{action[8:]}{suffix}.png")
                     else:
                         run.act(action)

@@ -2,10 +2,8 @@
 //
 //   click_through INSTALLER ARGUMENT...
 //
-// Prints each dialog as it comes up,
-//   dialog <tab> left <tab> top <tab> width <tab> height <tab> title
-//   text <tab> one visible text, on one line
-//   ?
+// Prints a line for each dialog as it comes up, with what DialogWindow tells of it,
+//   dialog <tab> left <tab> top <tab> width <tab> height <tab> description
 // then reads lines, each what DialogWindow::act takes, until an empty one or the end of input. Once
 // the installer and all that it started have ended, prints
 //   end
@@ -27,13 +25,10 @@ int fail(const std::string& reason) {
 void print(const DialogWindow& dialog) {
     RECT place{};
     GetWindowRect(dialog.window, &place);
+    std::string description = dialog.description();
+    std::replace(description.begin(), description.end(), '\n', ' ');
     std::cout << "dialog\t" << place.left << '\t' << place.top << '\t' << place.right - place.left
-              << '\t' << place.bottom - place.top << '\t' << dialog.title() << '\n';
-    for (std::string text : dialog.texts()) {
-        std::replace(text.begin(), text.end(), '\n', ' ');
-        std::cout << "text\t" << text << '\n';
-    }
-    std::cout << '?' << std::endl;
+              << '\t' << place.bottom - place.top << '\t' << description << std::endl;
 }
 
 }  // namespace

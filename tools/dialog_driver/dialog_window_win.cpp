@@ -122,16 +122,6 @@ std::string DialogWindow::title() const {
     return windowText(window);
 }
 
-std::vector<std::string> DialogWindow::texts() const {
-    std::vector<std::string> texts;
-    for (HWND child : visibleChildren(window)) {
-        if (const std::string text = windowText(child); !text.empty()) {
-            texts.push_back(text);
-        }
-    }
-    return texts;
-}
-
 std::string DialogWindow::description() const {
     std::string icon, texts, rows, buttons;
     for (HWND child : visibleChildren(window)) {

@@ -14,8 +14,6 @@ class DialogWindow {
     [[nodiscard]] static std::vector<DialogWindow> all();
 
     [[nodiscard]] std::string title() const;
-    /// Every visible child's text that is not empty, in tab order.
-    [[nodiscard]] std::vector<std::string> texts() const;
     /// Title ("(owned)" behind it where another window owns the dialog), icon (error, question,
     /// warning, information), texts, rows of a list with check boxes and buttons without their
     /// access keys, as "title | warning | text | [x] row | [ ] row | OK".
