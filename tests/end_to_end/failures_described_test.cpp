@@ -17,7 +17,6 @@ Given refused(const std::string& path, std::uint32_t error) {
         })();
     };
 }
-const Step cannotStart{"Error | warning | Unknown ShellExecute error ! | OK", {"OK"}};
 const Step denied{
     "Error | warning | The operating system denied access to the specified file. | OK", {"OK"}};
 

@@ -107,9 +107,7 @@ TEST(SetupLaunch, FollowsTheChoice) {
             box("Failed to locate program installation utility: \"" + setupUtility + '"', "error")},
            {removed(setupUtility)}},
           onWindows({"0q: a setup utility that is no program",
-                     {chooseLive,
-                      shellMessage,
-                      {"Error | warning | Unknown ShellExecute error ! | OK", {"OK"}}},
+                     {chooseLive, shellMessage, cannotStart},
                      {file(setupUtility)}})});
 }
 

@@ -49,6 +49,7 @@ struct Step {
 /// For a program that cannot be started the shell has a message of its own, ahead of what the
 /// installer has to say.
 inline const Step shellMessage{"* | OK", {"OK"}, Step::Kind::DialogOfSomePlatforms};
+inline const Step cannotStart{"Error | warning | Unknown ShellExecute error ! | OK", {"OK"}};
 [[nodiscard]] Step stopped(const std::string& path);
 [[nodiscard]] Step copiedOver(const std::string& from, const std::string& to);
 [[nodiscard]] Step logged(const std::string& line);
