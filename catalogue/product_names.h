@@ -8,8 +8,8 @@ struct TextRow {
 };
 
 /// The products that this installer can install. Discovery finds older versions by a product's name
-/// anywhere in a display name, so no name may occur within another one. None begins with the maker's
-/// name, which is put in front of it.
+/// anywhere in a display name, so no name may occur within another one. None begins with the
+/// maker's name, which is put in front of it.
 inline constexpr TextRow productNames[] = {
     {"04", "Tavlink Classic Analyzer"},
     {"07", "EtherTavlink"},
