@@ -164,12 +164,12 @@ class Delivery(unittest.TestCase):
                     "ending in .exe")
         self.assertFalse(Path("none").exists())
 
+    @unittest.skipIf(os.geteuid() != 0, "an ordinary user mounts nothing")
     def test_a_folder_that_cannot_be_moved_changes_nothing(self):
         copy = self.copy("media")
         before = files(copy)
         words = ["layout", "layout.json", copy, "--release", "signed", "--build", "17.0.0.0"]
-        if os.geteuid() == 0:
-            subprocess.run(["mount", "--bind", copy / "1k", copy / "1k"], check=True)
+        subprocess.run(["mount", "--bind", copy / "1k", copy / "1k"], check=True)
         try:
             self.expect(run(*words), 1, "nothing was changed")
         finally:
