@@ -2,7 +2,6 @@
 
 #include <algorithm>
 #include <cstdlib>
-#include <regex>
 #include <sstream>
 
 #include "app/direct_install.h"
@@ -337,6 +336,9 @@ Json dryRun(const DryRunMedia& media, const MachineDescription& description) {
 }
 
 void hideArchiveKeys(std::string& text) {
-    static const std::regex key("-fzxkey [^ \"]*");
-    text = std::regex_replace(text, key, "-fzxkey ...");
+    constexpr std::string_view option = "-fzxkey ";
+    for (std::size_t at = text.find(option); at != std::string::npos; at = text.find(option, at)) {
+        at += option.size();
+        text.replace(at, text.find_first_of(" \"", at) - at, "...");
+    }
 }
