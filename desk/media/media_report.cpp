@@ -159,7 +159,7 @@ class Examination {
             "beside the installer, so check the copy that is delivered.");
     }
 
-    /// Leaves those that are there.
+    /// Leaves in `media` those that are there.
     void examineFiles(const InstallPlan& plan) {
         for (const NeededFile& file : neededFiles(plan)) {
             const std::optional<fs::path> path = findInFolder(folder, file.name);
@@ -191,7 +191,7 @@ class Examination {
     }
 
     /// What each way of the run hands over on a machine without other versions, where all files
-    /// are.
+    /// are: before examineFiles has taken out what is missing.
     void tellLaunches(const InstallPlan& plan) {
         const Json on32 = dryRun(media, emptyMachine({"", 32}))["endings"];
         const Json on64 = dryRun(media, emptyMachine({"", 64}))["endings"];

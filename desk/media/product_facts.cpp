@@ -15,11 +15,14 @@ namespace {
 
 std::string editionOf(const CProductData& catalogue, const std::string& code,
                       const std::string& name) {
-    return traitsOf(code).freeViewer               ? "free viewer"
-           : catalogue.DemoProducts.contains(code) ? "demonstration"
-           // No table says so: such a product is one in name alone.
-           : name.ends_with(" Viewer") ? "viewer-only"
-                                       : "full";
+    if (traitsOf(code).freeViewer) {
+        return "free viewer";
+    }
+    if (catalogue.DemoProducts.contains(code)) {
+        return "demonstration";
+    }
+    // No table says so: such a product is one in name alone.
+    return name.ends_with(" Viewer") ? "viewer-only" : "full";
 }
 
 /// `code` as the catalogue has it.
