@@ -175,9 +175,9 @@ int after() {
     }
     for (const std::string& folder : madeFolders()) {
         if (examinePath(folder) != PathKind::Inaccessible) {
-            std::printf("left behind and removed: %s\n", folder.c_str());
-            std::error_code ignored;
-            std::filesystem::remove_all("\\\\?\\" + folder, ignored);  // has long paths in it
+            std::error_code error;
+            std::filesystem::remove_all("\\\\?\\" + folder, error);  // has long paths in it
+            std::printf("left behind%s: %s\n", error ? "" : " and removed", folder.c_str());
         }
     }
     std::vector<std::string> known;
