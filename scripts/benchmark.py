@@ -79,7 +79,10 @@ def measure(image):
         subprocess.run([SCRIPTS / "prefix.sh", "run", "win64", "cmd", "/c", r"P:\build\benchmark\kit\run.cmd"],
                        stdin=subprocess.DEVNULL, check=True)
     report = (BUILD / "report" if image else KIT) / "report.txt"
-    return [line.split() for line in report.read_text(encoding="ascii").splitlines()]
+    lines = [line.split() for line in report.read_text(encoding="ascii").splitlines()]
+    if len(lines) != 10:
+        raise SystemExit(f"benchmark: FAILED: a program did not measure; it says why in {report}")
+    return lines
 
 
 def table_rows(dialog, bare, empty, nsis_dialog, launch, call, nsis_launch, discovery, index, memory):
