@@ -36,7 +36,7 @@ for preset in "${suites[@]}"; do
     echo "== test: $preset"
     [ "$preset" != checked-x64 ] || left_out=()
     ctest --preset "$preset" -j2 "${left_out[@]}" -O "build/$preset/tests.log" || failed+=("$preset")
-    skipped+=$(sed -nE 's/^\[  SKIPPED \] ([^ ]+) \(.*/ \1/p; s/^\t *[0-9]+ - ([^ ]+) \((Skipped|Disabled)\).*/ \1/p' \
+    skipped+=$(sed -nE 's/^\[  SKIPPED \] ([^ ]+) \(.*/ \1/p; s/^(test_[^ ]+) .* skipped .*/ \1/p; s/^\t *[0-9]+ - ([^ ]+) \((Skipped|Disabled)\).*/ \1/p' \
         "build/$preset/Testing/Temporary/LastTest.log" "build/$preset/tests.log")
 done
 if [ ${#failed[@]} -gt 0 ]; then

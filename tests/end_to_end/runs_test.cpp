@@ -27,7 +27,10 @@ TEST(CommandLine, EveryFailureIsShownAndEndsTheRun) {
                   "\n\n\"" + setupUtility + "\" is not a directory."},
                  {{"-installdir", "X", "-INSTALLDIR", "Z"}, "\n\nMissing directory argument."}};
     for (const auto& row : table) {
-        play({"04: " + row.text, {box(row.text, row.icon)}, {}, row.arguments});
+        play({"04: " + testing::PrintToString(row.arguments),
+              {box(row.text, row.icon)},
+              {},
+              row.arguments});
     }
 }
 

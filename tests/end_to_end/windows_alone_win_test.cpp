@@ -96,8 +96,7 @@ TEST(WindowsAlone, ComesInFrontOfWhatCoversTheScreen) {
         inFront = DialogWindow(front).title();
         inTheMiddle = DialogWindow(GetAncestor(WindowFromPoint(middle), GA_ROOT)).title();
     };
-    const std::string programFolder = "Halvick Tavlink Classic Analyzer 16.4.10002.0";
-    play({{"04: covered", {choice, setup("04", programFolder)}}});
+    play({{"04: covered", {choice, classicSetup}}});
     DestroyWindow(cover);
     EXPECT_EQ(inFront, "Tavlink Classic Analyzer 16.4.10002.0 Installation");
     EXPECT_EQ(inTheMiddle, inFront);

@@ -224,4 +224,4 @@ class Delivery(unittest.TestCase):
 
 
 if __name__ == "__main__":
-    unittest.main()
+    unittest.main(verbosity=2)  # names what it skips

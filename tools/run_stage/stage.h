@@ -53,8 +53,8 @@ inline const Step cannotStart{"Error | warning | Unknown ShellExecute error ! | 
 [[nodiscard]] Step stopped(const std::string& path);
 [[nodiscard]] Step copiedOver(const std::string& from, const std::string& to);
 [[nodiscard]] Step logged(const std::string& line);
-/// The "Install Product" dialog of a product that has these choices.
 inline const std::string allChoices = "Live Product | File Viewer | Demonstration";
+/// The "Install Product" dialog of a product that has these choices.
 [[nodiscard]] Step dialogOf(const std::string& product, const std::string& choices,
                             const std::vector<std::string>& actions,
                             const std::string& build = defaultBuild);
