@@ -1,11 +1,9 @@
-// The program: the run on the real computer. In one file, since the application is constructed
-// after the computer that it runs on.
+// The program: the run on the real computer.
 #include "app/install_app.h"
 #include "app/windows_machine_win.h"
 
 namespace {
 
-WindowsMachine computer;
-CInstallApp application(computer);
+CInstallApp application(windowsMachine());
 
 }  // namespace

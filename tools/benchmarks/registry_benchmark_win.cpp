@@ -184,7 +184,7 @@ std::size_t discoveryMemory(std::size_t expectedCount) {
 }
 
 void run() {
-    WindowsMachine machine;
+    Machine& machine = windowsMachine();
     fillUninstallList(0, ownEntryCount, ownName);
     fillUninstallList(ownEntryCount, entryCount / 10, otherName);
     const std::size_t memoryOfFew = discoveryMemory(ownEntryCount);
