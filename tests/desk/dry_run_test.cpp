@@ -1,0 +1,123 @@
+#include "desk/computer/dry_run.h"
+
+#include "installed/installation_index.h"
+#include "tests/rows.h"
+
+namespace {
+
+using Texts = std::map<std::string, std::string>;
+
+void addKey(MachineDescription& machine, const std::string& path, const Texts& texts) {
+    for (const auto& [name, text] : texts) {
+        machine.registry[path].set(registryText(name, text));
+    }
+}
+
+Json dryRunOf(const std::string& code, const MachineDescription& machine) {
+    return dryRun({.identity = {code, "Name"},
+                   .sourceDirectory = "D:\\",
+                   .files = {"Setup.Exe", "flatten.exe"}},
+                  machine);
+}
+
+const std::string list = std::string(uninstallListKey) + '\\';
+const Texts entry = {{"DisplayName", "Halvick Tavlink Classic Analyzer"},
+                     {"DisplayVersion", "12.0.0.0"},
+                     {"UninstallString", "C:\\remove.exe"},
+                     {"InstallLocation", "C:\\"}};
+
+}  // namespace
+
+// Support asks for these first.
+TEST(DryRun, SaysWhyAnInstalledVersionIsNotRemoved) {
+    const std::string notFound = "\"Halvick Tavlink Classic Analyzer\" is not found: ";
+    using Value = std::pair<std::string, std::string>;
+    expectRows<Value, Json>(
+        {{{"DisplayVersion", "12.0.0.0"}, Json::array()},
+         {{"DisplayName", "Another Program"}, Json::array()},
+         {{"DisplayVersion", "12"},
+          {notFound +
+           "its \"DisplayVersion\" is missing or is not four numbers with dots between."}},
+         {{"DisplayVersion", "10.9.9.9"}, {notFound + "its version is not above 10."}},
+         {{"UninstallString", std::string(260, 'x')},
+          {notFound + "it gives no \"UninstallString\" of at most 259 characters."}},
+         {{"InstallLocation", std::string(260, 'x')},
+          {notFound + "it gives no \"InstallLocation\" of at most 259 characters."}},
+         {{"UninstallString", "C:\\remove.exe /S"},
+          {"\"Halvick Tavlink Classic Analyzer\" is not removed: \"C:\\remove.exe /S\" as a whole "
+           "is "
+           "not the path of a program."}}},
+        [](const Value& changed) {
+            MachineDescription machine = emptyMachine({});
+            addKey(machine, list + "one", entry);
+            addKey(machine, list + "one", {changed});
+            addKey(machine, list + "one\\below", {{"DisplayName", entry.at("DisplayName")}});
+            return dryRunOf("04", machine)["notes"];
+        });
+}
+
+TEST(DryRun, LooksAtTheVersionsThatTheRunOffers) {
+    MachineDescription machine = emptyMachine({});
+    addKey(machine, list + "one", entry);
+    addKey(machine, list + "one", {{"DisplayVersion", "10.0.0.0"}});
+    EXPECT_EQ(dryRunOf("1w", machine)["notes"].size(), 1u) << "any of the maker's";
+    EXPECT_EQ(dryRunOf("07", machine)["notes"].size(), 0u) << "its own";
+    EXPECT_EQ(dryRunOf("1m", machine)["notes"].size(), 0u) << "none";
+}
+
+TEST(DryRun, SaysWhereItEndsAndWhatItLeavesOut) {
+    MachineDescription user = emptyMachine({}), versions = emptyMachine({});
+    user.administrator = false;
+    EXPECT_EQ(dryRunOf("04", user)["earlyEnd"], "The run ends: the user is no administrator.");
+    EXPECT_EQ(dryRunOf("04", emptyMachine({"Windows 98"}))["earlyEnd"],
+              "The run ends: this Windows is refused.");
+    EXPECT_EQ(dryRunOf("16", versions)["endings"], Json::array());
+    EXPECT_EQ(dryRunOf("1m", emptyMachine({"Windows 2000"}))["notes"],
+              Json({"The drivers in SerialTavlinkDrivers.fzx are not for this Windows and are left "
+                    "out."}));
+    addKey(versions, list + "one", entry);
+    addKey(versions, std::string(makerTree) + "one",
+           {{"Path", "C:\\"},
+            {"Product Id", "04"},
+            {"Product Name", "x"},
+            {"Program Folder", "Halvick Tavlink Classic Analyzer 16.4.10002.0"},
+            {"Seinda", "x"},
+            {"Temp Reference", "x"}});
+    const Json run = dryRunOf("04", versions);
+    EXPECT_EQ(run["endings"][0]["programFolder"],
+              "Halvick Tavlink Classic Analyzer 16.4.10002.0 2");
+    EXPECT_EQ(run["endings"][0]["programFolderNumber"], 2);
+    EXPECT_EQ(run["notes"].size(), 1u) << "the numbers are those of what is not removed";
+}
+
+TEST(DryRun, HearsOfAReleaseWhatTheInstallerHears) {
+    expectRows<std::string, std::string>(
+        {{"windows xp", "Windows XP  32"},
+         {"Windows XP x64", "Windows XP Professional x64 Edition  64"},
+         {"Windows Server 2003", "Windows Server 2003  32"},
+         {"Windows Server 2003 R2", "Windows Server 2003 R2  32"},
+         {"Windows Home Server", "Windows Home Server  32"},
+         {"Windows 11", "Windows 8  64"},
+         {"Windows Server 2022", "Windows Server 2012  64"}},
+        [](const std::string& release) {
+            const Json run = dryRunOf("04", emptyMachine({release}));
+            return run["system"].get<std::string>() + ' ' + run["bits"].dump();
+        });
+}
+
+TEST(DryRun, TellsInWordsWhatBecomesOfAViewer) {
+    MachineDescription machine = emptyMachine({});
+    addKey(machine, list + "one", entry);
+    addKey(machine, list + "one",
+           {{"DisplayName", "Bluetooth Protocol Viewer"},
+            {"UninstallString", "\"C:\\V\\Setup.exe\" /remove"},
+            {"InstallLocation", "C:\\V"}});
+    const std::string words = runInWords(dryRunOf("1Q", machine));
+    for (const char* told :
+         {"stops  C:\\V\\",
+          "copies  D:\\UninstallQmx.exe\n     to C:\\V\\UninstallQmx.exe\n     fails", "logs  ",
+          "runs  \"C:\\V\\Setup.exe\" /remove\n     removes Bluetooth Protocol Viewer",
+          "waits  180 seconds", "starts    D:\\Setup.Exe\n"}) {
+        EXPECT_NE(words.find(told), std::string::npos) << told << " in\n" << words;
+    }
+}
