@@ -109,12 +109,14 @@ TEST(Machine, ReadsWhatRegeditExports) {
 TEST(Machine, NamesTheLinesOfAnExportThatItDoesNotUnderstand) {
     RegistryKeys keys;
     std::vector<std::string> problems;
-    readRegistryExport(
-        header + list + "]\n\"a\"=\"x\ny\"\n; a comment\nnonsense\n\"b\"=hex:4g\n\"c\n", keys,
-        problems);
+    readRegistryExport(header + list +
+                           "]\n\"a\"=\"x\ny\"\n\"n\"=dword:00000102\n; a comment\nnonsense\n"
+                           "\"b\"=hex:4g\n\"t\"=hax:41\n\"c\n",
+                       keys, problems);
     EXPECT_EQ(problems,
-              (std::vector<std::string>{"line 7 is not understood", "line 8 is not understood",
-                                        "line 9 is not understood"}));
+              (std::vector<std::string>{"line 8 is not understood", "line 9 is not understood",
+                                        "line 10 is not understood", "line 11 is not understood"}));
+    EXPECT_EQ(keys.begin()->second.find("n")->data, std::string("\2\1\0\0", 4));
 }
 
 TEST(Machine, ReadsJson) {

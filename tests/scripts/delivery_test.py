@@ -99,8 +99,10 @@ class Delivery(unittest.TestCase):
         shutil.copy(copy / "1m/Install.exe", copy / "1w/Install.exe")
         (copy / "1k/Setup.Exe").write_bytes(b"")
         (copy / "07/Install.exe").unlink()
+        (copy / "0g/ProductData.inx").unlink()
         self.expect(run("check", "--release", copy, *demanded), 1, "product 04 are missing",
-                    "is that of product 1m", "Setup.Exe: differs", "no stamped installer")
+                    "is that of product 1m", "Setup.Exe: differs", "no stamped installer",
+                    "ProductData.inx: is missing")
         self.expect(run("check", "--release", "media", "--strict"), 1)
 
     def test_a_failed_signature_keeps_the_others(self):

@@ -248,7 +248,8 @@ def formats(work):
     page = (Path(__file__).resolve().parents[2] / "docs/formats.md").read_text(encoding="utf-8")
     (work / "machine.json").write_text(page.split("```json\n")[1].split("```")[0])
     for words in (["products"], ["stamp", "--list"], ["stamp", "installer.exe", "1k", "f.exe"],
-                  ["encipher", "data.ini", "f.inx"], ["release", "formats"], ["verify", "formats"],
+                  ["encipher", "data.ini", "f.inx"], ["decipher", "f.inx", "f.ini"],
+                  ["release", "formats"], ["verify", "formats"],
                   ["layout", "layout.json", "media"], ["check", "--html", "runs.html"],
                   ["check", "--release", "media", "--installed", "machine.json"],
                   ["check", "media/1q/Install.exe", "media/1q", "--installed", "machine.json"]):
