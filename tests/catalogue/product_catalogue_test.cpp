@@ -25,10 +25,8 @@ TEST(ProductCatalogue, ListsNameNothingThatIsNotThere) {
         }
     }
     for (const auto& [format, name] : data.ImportFormatNames) {
-        EXPECT_EQ(data.ImportFormatShortNames.contains(format) &&
-                      data.ImportFormatFilters.contains(format),
-                  format != "-1")
-            << name;
+        EXPECT_EQ(data.ImportFormatShortNames.contains(format), format != "-1") << name;
+        EXPECT_EQ(data.ImportFormatFilters.contains(format), format != "-1") << name;
     }
     EXPECT_EQ(data.ProductIds.size(), data.ProductNames.size());
     EXPECT_EQ(data.FullProductOf.size(), data.DemoOf.size());

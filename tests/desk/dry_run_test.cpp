@@ -20,17 +20,27 @@ Json dryRunOf(const std::string& code, const MachineDescription& machine) {
                   machine);
 }
 
+const std::string version = "Halvick Tavlink Classic Analyzer";
 const std::string list = std::string(uninstallListKey) + '\\';
-const Texts entry = {{"DisplayName", "Halvick Tavlink Classic Analyzer"},
-                     {"DisplayVersion", "12.0.0.0"},
-                     {"UninstallString", "C:\\remove.exe"},
-                     {"InstallLocation", "C:\\"}};
+
+/// A machine with one version installed, whose entry says this otherwise.
+MachineDescription withVersion(const Texts& changed) {
+    MachineDescription machine = emptyMachine({});
+    addKey(machine, list + "one",
+           {{"DisplayName", version},
+            {"DisplayVersion", "12.0.0.0"},
+            {"UninstallString", "C:\\remove.exe"},
+            {"InstallLocation", "C:\\"}});
+    addKey(machine, list + "one", changed);
+    return machine;
+}
 
 }  // namespace
 
 // Support asks for these first.
 TEST(DryRun, SaysWhyAnInstalledVersionIsNotRemoved) {
-    const std::string notFound = "\"Halvick Tavlink Classic Analyzer\" is not found: ";
+    const std::string notFound = inQuotes(version) + " is not found: ";
+    const std::string notRemoved = inQuotes(version) + " is not removed: ";
     using Value = std::pair<std::string, std::string>;
     expectRows<Value, Json>(
         {{{"DisplayVersion", "12.0.0.0"}, Json::array()},
@@ -44,29 +54,23 @@ TEST(DryRun, SaysWhyAnInstalledVersionIsNotRemoved) {
          {{"InstallLocation", std::string(260, 'x')},
           {notFound + "it gives no \"InstallLocation\" of at most 259 characters."}},
          {{"UninstallString", "C:\\remove.exe /S"},
-          {"\"Halvick Tavlink Classic Analyzer\" is not removed: \"C:\\remove.exe /S\" as a whole "
-           "is "
-           "not the path of a program."}}},
+          {notRemoved + "\"C:\\remove.exe /S\" as a whole is not the path of a program."}}},
         [](const Value& changed) {
-            MachineDescription machine = emptyMachine({});
-            addKey(machine, list + "one", entry);
-            addKey(machine, list + "one", {changed});
-            addKey(machine, list + "one\\below", {{"DisplayName", entry.at("DisplayName")}});
+            MachineDescription machine = withVersion({changed});
+            addKey(machine, list + "one\\below", {{"DisplayName", version}});
             return dryRunOf("04", machine)["notes"];
         });
 }
 
 TEST(DryRun, LooksAtTheVersionsThatTheRunOffers) {
-    MachineDescription machine = emptyMachine({});
-    addKey(machine, list + "one", entry);
-    addKey(machine, list + "one", {{"DisplayVersion", "10.0.0.0"}});
+    const MachineDescription machine = withVersion({{"DisplayVersion", "10.0.0.0"}});
     EXPECT_EQ(dryRunOf("1w", machine)["notes"].size(), 1u) << "any of the maker's";
     EXPECT_EQ(dryRunOf("07", machine)["notes"].size(), 0u) << "its own";
     EXPECT_EQ(dryRunOf("1m", machine)["notes"].size(), 0u) << "none";
 }
 
 TEST(DryRun, SaysWhereItEndsAndWhatItLeavesOut) {
-    MachineDescription user = emptyMachine({}), versions = emptyMachine({});
+    MachineDescription user = emptyMachine({}), versions = withVersion({});
     user.administrator = false;
     EXPECT_EQ(dryRunOf("04", user)["earlyEnd"], "The run ends: the user is no administrator.");
     EXPECT_EQ(dryRunOf("04", emptyMachine({"Windows 98"}))["earlyEnd"],
@@ -75,7 +79,6 @@ TEST(DryRun, SaysWhereItEndsAndWhatItLeavesOut) {
     EXPECT_EQ(dryRunOf("1m", emptyMachine({"Windows 2000"}))["notes"],
               Json({"The drivers in SerialTavlinkDrivers.fzx are not for this Windows and are left "
                     "out."}));
-    addKey(versions, list + "one", entry);
     addKey(versions, std::string(makerTree) + "one",
            {{"Path", "C:\\"},
             {"Product Id", "04"},
@@ -106,13 +109,10 @@ TEST(DryRun, HearsOfAReleaseWhatTheInstallerHears) {
 }
 
 TEST(DryRun, TellsInWordsWhatBecomesOfAViewer) {
-    MachineDescription machine = emptyMachine({});
-    addKey(machine, list + "one", entry);
-    addKey(machine, list + "one",
-           {{"DisplayName", "Bluetooth Protocol Viewer"},
-            {"UninstallString", "\"C:\\V\\Setup.exe\" /remove"},
-            {"InstallLocation", "C:\\V"}});
-    const std::string words = runInWords(dryRunOf("1Q", machine));
+    const std::string words =
+        runInWords(dryRunOf("1Q", withVersion({{"DisplayName", "Bluetooth Protocol Viewer"},
+                                               {"UninstallString", "\"C:\\V\\Setup.exe\" /remove"},
+                                               {"InstallLocation", "C:\\V"}})));
     for (const char* told :
          {"stops  C:\\V\\",
           "copies  D:\\UninstallQmx.exe\n     to C:\\V\\UninstallQmx.exe\n     fails", "logs  ",
@@ -120,4 +120,10 @@ TEST(DryRun, TellsInWordsWhatBecomesOfAViewer) {
           "waits  180 seconds", "starts    D:\\Setup.Exe\n"}) {
         EXPECT_NE(words.find(told), std::string::npos) << told << " in\n" << words;
     }
+}
+
+// Texts go to customers; the archives' key does not.
+TEST(DryRun, HidesTheKeyOfTheArchives) {
+    const std::string words = runInWords(dryRunOf("1m", emptyMachine({})));
+    EXPECT_NE(words.find(" -fzxkey ... -rep "), std::string::npos) << words;
 }

@@ -116,7 +116,10 @@ TEST(Machine, NamesTheLinesOfAnExportThatItDoesNotUnderstand) {
     EXPECT_EQ(problems,
               (std::vector<std::string>{"line 8 is not understood", "line 9 is not understood",
                                         "line 10 is not understood", "line 11 is not understood"}));
-    EXPECT_EQ(keys.begin()->second.find("n")->data, std::string("\2\1\0\0", 4));
+    ASSERT_EQ(keys.size(), 1u);
+    const RegistryValue* const number = keys.begin()->second.find("n");
+    ASSERT_NE(number, nullptr);
+    EXPECT_EQ(number->data, std::string("\2\1\0\0", 4));
 }
 
 TEST(Machine, ReadsJson) {

@@ -70,9 +70,9 @@ TEST(ShellRunner, HandsNoMissingFileToTheShell) {
                 StartResult{.started = false, .lastError = cancelled};
             const bool started = start(machine, row.file, "");
             const auto& steps = machine.steps;
-            EXPECT_EQ(!steps.empty() && steps[0].kind != RunStep::Kind::Dialog, row.reachesTheShell)
-                << row.file;
-            EXPECT_EQ(started, row.reachesTheShell && steps[0].succeeded) << row.file;
+            const bool reached = !steps.empty() && steps[0].kind != RunStep::Kind::Dialog;
+            EXPECT_EQ(reached, row.reachesTheShell) << row.file;
+            EXPECT_EQ(started, reached && steps[0].succeeded) << row.file;
             const ShownDialog shown = steps.size() == 2 ? steps[1].dialog : ShownDialog();
             EXPECT_EQ(shown.texts.empty() ? "" : shown.texts[0], row.message) << row.file;
             EXPECT_EQ(shown.title, *row.message == '\0' ? "" : "Error");
