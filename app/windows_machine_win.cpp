@@ -22,7 +22,8 @@
 #include "ui/ask_uninstall_dialog_win.h"
 #include "ui/install_dialog_win.h"
 
-/// Nothing of Windows is decided here: each operation hands on to the file that touches it.
+/// Nothing of Windows is decided here: each operation hands on to the file that touches it. Not in
+/// an unnamed namespace, where the table of its operations costs the executable 512 bytes more.
 class WindowsMachine : public Machine {
   public:
     WindowsMachine() {
