@@ -4,14 +4,14 @@
 
 namespace code = operating_system_code;
 
-EnvironmentPolicy environmentPolicy(bool administrator, int systemCode, const std::string& name) {
-    if (!administrator) {
-        return {false,
-                Message{"You must be logged in as the Administrator, or be a member of the "
-                        "Administrator Group in order to install this product.\n\nPlease log in "
-                        "as an Administrator and retry this installation.\n\nYou do not need to be "
-                        "an Administrator to run the product."}};
-    }
+Message notAdministratorMessage() {
+    return {
+        "You must be logged in as the Administrator, or be a member of the Administrator Group "
+        "in order to install this product.\n\nPlease log in as an Administrator and retry this "
+        "installation.\n\nYou do not need to be an Administrator to run the product."};
+}
+
+EnvironmentPolicy environmentPolicy(int systemCode, const std::string& name) {
     // Kept: the refusal names two systems only, the workstation releases from XP on pass without
     // a word and the servers before 2012 are asked about. Customers install on all of them.
     switch (systemCode) {

@@ -6,13 +6,13 @@
 
 #include "platform/message.h"
 
+[[nodiscard]] Message notAdministratorMessage();
+
 struct EnvironmentPolicy {
     /// False: the run ends. True: it goes on, provided a question in `message` is answered Yes.
     bool accepted = false;
     std::optional<Message> message;
 };
 
-/// `systemCode` (one of operating_system_code) and `name` as the identification gave them; neither
-/// counts for a user who is no administrator.
-[[nodiscard]] EnvironmentPolicy environmentPolicy(bool administrator, int systemCode,
-                                                  const std::string& name);
+/// `systemCode` (one of operating_system_code) and `name` as the identification gave them.
+[[nodiscard]] EnvironmentPolicy environmentPolicy(int systemCode, const std::string& name);

@@ -71,10 +71,13 @@ bool CInstallApp::ParseCommandLine(std::string& sourceDirectory, std::string& in
 }
 
 bool CInstallApp::CheckEnvironment() {
-    const bool administrator = machine.isAdministrator();
+    if (!machine.isAdministrator()) {
+        machine.showMessage(notAdministratorMessage());
+        return false;
+    }
     char name[256] = "";
     operatingSystemCode = operatingSystemName(machine, name, sizeof name);
-    const EnvironmentPolicy policy = environmentPolicy(administrator, operatingSystemCode, name);
+    const EnvironmentPolicy policy = environmentPolicy(operatingSystemCode, name);
     const bool agreed = !policy.message || machine.showMessage(*policy.message);
     return policy.accepted && agreed;
 }

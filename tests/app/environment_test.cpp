@@ -14,7 +14,7 @@ TEST(Environment, HasAnAnswerForEveryOperatingSystem) {
                                       server2008,  server2008R2, unknownNewer};
     for (int release = win32s; release <= unknownNewer + 1; ++release) {
         const bool refused = release <= windowsNt4, asks = askedAbout.contains(release);
-        const EnvironmentPolicy policy = environmentPolicy(true, release, "Windows");
+        const EnvironmentPolicy policy = environmentPolicy(release, "Windows");
         EXPECT_EQ(policy.accepted, !refused) << release;
         EXPECT_EQ(
             policy.message ? policy.message->text : "",

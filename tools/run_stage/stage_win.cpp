@@ -46,7 +46,7 @@ bool awaitRecords(const std::string& expected) {
 /// What the installer asks on this release, whatever a row is about; empty where it asks nothing.
 std::string questionAboutRelease() {
     const OperatingSystemIdentity identity = identifyOperatingSystem(queryOperatingSystem());
-    const auto message = environmentPolicy(true, identity.code, identity.name).message;
+    const auto message = environmentPolicy(identity.code, identity.name).message;
     return message ? box(message->text, "warning", "Yes | No").seen : "";
 }
 
