@@ -44,11 +44,11 @@ bool CInstallApp::InitInstance() {
         InstallDirectly();
         return true;
     }
+    deviceFamily = plan.deviceFamily;
+    productNumber = plan.productNumber;
     if (plan.route == Route::EndSilently) {
         return false;
     }
-    deviceFamily = plan.deviceFamily;
-    productNumber = plan.productNumber;
     const bool prepared = plan.route == Route::HardwareFamily ? PrepareHardwareFamily(plan)
                                                               : PrepareOrdinaryProduct(plan);
     if (!prepared || !SwitchToDemonstration()) {

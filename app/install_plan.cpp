@@ -27,11 +27,11 @@ DriverStep driverStepOf(const DeviceFamily* family) {
 InstallPlan planInstallation(std::string_view productCode, const CProductData& catalogue,
                              const DriverPackageTable& drivers) {
     InstallPlan plan;
+    plan.productNumber = numberFromCode(productCode);
     if (traitsOf(productCode).freeViewer) {
         plan.route = Route::Direct;
         return plan;
     }
-    plan.productNumber = numberFromCode(productCode);
     plan.deviceFamily = findDeviceFamily(drivers, lowerCase(productCode));
     plan.route = routeOf(plan.deviceFamily);
     if (plan.route == Route::EndSilently) {

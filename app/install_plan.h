@@ -27,7 +27,7 @@ enum class DriverStep {
 
 struct InstallPlan {
     Route route = Route::Ordinary;
-    int productNumber = -1;  ///< -1 for a code that is not one
+    int productNumber = -1;  ///< -1 for a code that is none
     OlderVersions olderVersions = OlderVersions::Leave;
     DriverStep driverStep = DriverStep::None;
     /// The drivers' family, within the table that the plan was made from; null for none.
