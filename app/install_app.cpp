@@ -24,7 +24,6 @@
 #include "catalogue/program_texts.h"
 #include "drivers/driver_installation.h"
 #include "platform/format_text.h"
-#include "ui/ask_uninstall_dialog.h"
 #include "ui/product_type.h"
 
 CInstallApp::CInstallApp(Machine& machine)
@@ -127,9 +126,12 @@ void CInstallApp::OfferUninstall(OlderVersions which) {
     if (!found) {
         return;
     }
-    machine.offerRemoval(products, [&](const std::vector<std::string>& tickedNames) {
-        for (const std::string& command : uninstallCommands(tickedNames, products)) {
-            launchAndWait(machine, command, "");
+    machine.offerRemoval(products, [&](const std::string& tickedName) {
+        // Kept: every version of the name, and again when another of the name is ticked too.
+        for (const InstalledProduct& product : products) {
+            if (product.displayName == tickedName) {
+                launchAndWait(machine, product.uninstallString, "");
+            }
         }
     });
 }

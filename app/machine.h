@@ -25,12 +25,11 @@ class Machine : public Computer {
     /// UTC.
     [[nodiscard]] virtual SystemTime currentTime() = 0;
 
-    /// Lists `products`, all ticked, until the user decides. `remove` is called with the names that
-    /// are still ticked, in the order of the list, while the list stands, once and only where the
-    /// user confirmed. Whatever the user does, the run goes on.
-    virtual void offerRemoval(
-        const std::vector<InstalledProduct>& products,
-        const std::function<void(const std::vector<std::string>& tickedNames)>& remove) = 0;
+    /// Lists `products`, all ticked, until the user decides. Where the user confirmed, `remove` is
+    /// called with each name that is still ticked, in the order of the list, while the list
+    /// stands. Whatever the user does, the run goes on.
+    virtual void offerRemoval(const std::vector<InstalledProduct>& products,
+                              const std::function<void(const std::string& tickedName)>& remove) = 0;
     /// The product type that the user chose, one bit of product_type; nothing when the user
     /// cancelled.
     [[nodiscard]] virtual std::optional<unsigned> askProductType(

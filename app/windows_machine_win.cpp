@@ -92,9 +92,8 @@ class WindowsMachine : public Machine {
         return {now.wYear, now.wMonth, now.wDay, now.wHour, now.wMinute, now.wSecond};
     }
 
-    void offerRemoval(
-        const std::vector<InstalledProduct>& products,
-        const std::function<void(const std::vector<std::string>& tickedNames)>& remove) override {
+    void offerRemoval(const std::vector<InstalledProduct>& products,
+                      const std::function<void(const std::string& tickedName)>& remove) override {
         std::ignore = CAskUninstallDlg(products, remove).DoModal();
     }
     std::optional<unsigned> askProductType(const ProductTypeQuestion& question) override {

@@ -22,16 +22,3 @@ ListColumnWidths listColumnWidths(int dotsPerInch) {
 int compareLowerCaseNames(const std::string& left, const std::string& right, long order) {
     return order == ascendingOrder ? left.compare(right) : 0;
 }
-
-std::vector<std::string> uninstallCommands(const std::vector<std::string>& tickedNames,
-                                           const std::vector<InstalledProduct>& products) {
-    std::vector<std::string> commands;
-    for (const std::string& name : tickedNames) {
-        for (const InstalledProduct& product : products) {
-            if (product.displayName == name) {
-                commands.push_back(product.uninstallString);
-            }
-        }
-    }
-    return commands;
-}

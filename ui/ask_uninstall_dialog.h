@@ -1,11 +1,8 @@
-// What the uninstall prompt says, how it sorts and what it runs.
+// What the uninstall prompt says and how it sorts.
 #pragma once
 
 #include <cstddef>
 #include <string>
-#include <vector>
-
-#include "installed/installed_product.h"
 
 struct UninstallPromptTexts {
     const char* found;     ///< above the list
@@ -30,8 +27,3 @@ inline constexpr long ascendingOrder = 1;
 /// Negative, 0 or positive, for lower-case names.
 [[nodiscard]] int compareLowerCaseNames(const std::string& left, const std::string& right,
                                         long order);
-
-/// The uninstall commands to run, in order: for each ticked name those of all products that bear
-/// it (letter case counts). A name ticked twice is run twice.
-[[nodiscard]] std::vector<std::string> uninstallCommands(
-    const std::vector<std::string>& tickedNames, const std::vector<InstalledProduct>& products);

@@ -73,17 +73,13 @@ void CAskUninstallDlg::OnConfirm() {
         return;
     }
     confirmed = true;
-    std::vector<std::string> tickedNames;
+    // Windows would put a frozen copy in the place of a window that is not looked after, and take
+    // clicks for it.
+    DisableProcessWindowsGhosting();
     for (int item = 0; item < list.GetItemCount(); ++item) {
         if (list.GetCheck(item)) {
-            tickedNames.push_back(list.GetItemText(item, nameColumn));
+            (*remove)(list.GetItemText(item, nameColumn));
         }
-    }
-    if (list.GetItemCount() > 0) {
-        // Windows would put a frozen copy in the place of a window that is not looked after, and
-        // take clicks for it.
-        DisableProcessWindowsGhosting();
-        (*remove)(tickedNames);
     }
     EndDialog(IDOK);
 }

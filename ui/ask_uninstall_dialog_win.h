@@ -12,11 +12,11 @@
 /// DoModal says nothing of how that went.
 class CAskUninstallDlg : public CDialog {
   public:
-    /// Removes the versions of these names.
-    using Remove = std::function<void(const std::vector<std::string>& tickedNames)>;
+    /// Removes the versions of this name.
+    using Remove = std::function<void(const std::string& tickedName)>;
 
-    /// Both outlive the dialog. Once the user has confirmed, `remove` is called with the ticked
-    /// names in the order of the list, which may be none, before the dialog ends.
+    /// Both outlive the dialog. Once the user has confirmed, `remove` is called for each item that
+    /// is ticked when its turn comes, in the order of the list, before the dialog ends.
     CAskUninstallDlg(const std::vector<InstalledProduct>& products, const Remove& remove);
 
   protected:

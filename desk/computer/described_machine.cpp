@@ -97,7 +97,7 @@ bool DescribedMachine::showMessage(const Message& message) {
 
 void DescribedMachine::offerRemoval(
     const std::vector<InstalledProduct>& products,
-    const std::function<void(const std::vector<std::string>& tickedNames)>& remove) {
+    const std::function<void(const std::string& tickedName)>& remove) {
     const UninstallPromptTexts texts = uninstallPromptTexts(products.size());
     const std::vector<std::string> names = sortedNames(products);
     const std::vector<std::string> actions =
@@ -120,14 +120,12 @@ void DescribedMachine::offerRemoval(
     if (steps.back().answer != TEXT_UNINSTALL_YES) {
         return;
     }
-    std::vector<std::string> tickedNames;
+    prompted = true;
     for (std::size_t row = 0; row < names.size(); ++row) {
         if (ticked[row]) {
-            tickedNames.push_back(names[row]);
+            remove(names[row]);
         }
     }
-    prompted = true;
-    remove(tickedNames);
     prompted = false;
 }
 

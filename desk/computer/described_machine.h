@@ -126,9 +126,8 @@ class DescribedMachine : public Machine {
     [[nodiscard]] bool isAdministrator() override { return administrator; }
     [[nodiscard]] SystemTime currentTime() override { return time; }
 
-    void offerRemoval(
-        const std::vector<InstalledProduct>& products,
-        const std::function<void(const std::vector<std::string>& tickedNames)>& remove) override;
+    void offerRemoval(const std::vector<InstalledProduct>& products,
+                      const std::function<void(const std::string& tickedName)>& remove) override;
     [[nodiscard]] std::optional<unsigned> askProductType(
         const ProductTypeQuestion& question) override;
     void dispatchPendingMessage() override {}

@@ -83,7 +83,12 @@ TEST(OlderVersions, AreThoseOfTheProductOrOfTheMaker) {
           {asks("[x] Halvick Anything 12", {skip}),
            setup("1w", "Halvick 16.4.10002.0", "LIVE x86")},
           {version("a", "Halvick Anything 12"), version("b", "HALVICK Anything 12"),
-           version("c", "Tavlink Multiprotocol Analyzer 12")}}});
+           version("c", "Tavlink Multiprotocol Analyzer 12")}},
+         onDescribedMachine({"04: both of one name, for each tick",
+                             {asks("[x] " + name + " | [x] " + name, {confirm}, true),
+                              ran(uninstaller("a")), ran(uninstaller("b")), ran(uninstaller("a")),
+                              ran(uninstaller("b")), chooseLive, classicSetup},
+                             {version("a", name), version("b", name)}})});
 }
 
 TEST(OlderVersions, HaveTheirProgramFoldersLeftAlone) {

@@ -16,12 +16,3 @@ TEST(AskUninstallDialog, SortsInOneOrderOnly) {
     EXPECT_GT(compareLowerCaseNames("\xE9", "z", 1), 0);
     EXPECT_EQ(compareLowerCaseNames("alpha 12", "beta 2", 0), 0);
 }
-
-TEST(AskUninstallDialog, RunsEveryProductOfATickedNameForEveryTick) {
-    const std::vector<InstalledProduct> products{
-        {"Beta", "b1", ""}, {"Alpha", "a", ""}, {"Beta", "b2", ""}, {"beta", "lower", ""}};
-    using Commands = std::vector<std::string>;
-    EXPECT_EQ(uninstallCommands({}, products), Commands());
-    EXPECT_EQ(uninstallCommands({"Alpha", "Beta"}, products), (Commands{"a", "b1", "b2"}));
-    EXPECT_EQ(uninstallCommands({"Beta", "Beta"}, products), (Commands{"b1", "b2", "b1", "b2"}));
-}

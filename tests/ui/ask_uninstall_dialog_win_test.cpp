@@ -9,11 +9,11 @@ namespace {
 
 TEST(AskUninstallDialog, TakesNoSecondAnswer) {
     const std::vector<InstalledProduct> products{{"beta", "", ""}, {"Alpha", "", ""}};
-    std::vector<std::vector<std::string>> removed;
+    std::vector<std::string> removed;
     const CAskUninstallDlg* shown = nullptr;
     // As while a message box stands that the prompt does not own.
-    const CAskUninstallDlg::Remove remove = [&](const std::vector<std::string>& names) {
-        removed.push_back(names);
+    const CAskUninstallDlg::Remove remove = [&](const std::string& name) {
+        removed.push_back(name);
         for (const WPARAM button : {IDYES, IDNO, IDOK, IDCANCEL}) {
             if (removed.size() == 1) {
                 SendMessageA(shown->m_hWnd, WM_COMMAND, button, 0);
@@ -27,7 +27,7 @@ TEST(AskUninstallDialog, TakesNoSecondAnswer) {
         driveModal(dialog,
                    [](HWND window) { SendMessageA(GetDlgItem(window, IDYES), BM_CLICK, 0, 0); }),
         IDOK);
-    EXPECT_EQ(removed, (std::vector<std::vector<std::string>>{{"Alpha", "beta"}}));
+    EXPECT_EQ(removed, (std::vector<std::string>{"Alpha", "beta"}));
 }
 
 }  // namespace
