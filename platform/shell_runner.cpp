@@ -49,16 +49,9 @@ constexpr FailureMessage errorMessages[] = {
     {1223, "Operation cancelled by user."},
 };
 
-/// Whether `file` is the full path, in quotes or without, of what is no file.
-bool isMissing(Computer& computer, const std::string& file) {
-    const bool quoted = file.size() > 1 && file.front() == '"' && file.back() == '"';
-    const std::string path = quoted ? file.substr(1, file.size() - 2) : file;
-    return isFullPath(path) && computer.pathKind(path) != PathKind::File;
-}
-
 bool launch(Computer& computer, const std::string& file, const std::string& parameters,
             bool waits) {
-    if (file.empty() || isMissing(computer, file)) {
+    if (file.empty() || isMissingProgram(computer, file)) {
         return false;
     }
     const StartResult result =
@@ -71,6 +64,12 @@ bool launch(Computer& computer, const std::string& file, const std::string& para
 }
 
 }  // namespace
+
+bool isMissingProgram(Computer& computer, const std::string& file) {
+    const bool quoted = file.size() > 1 && file.front() == '"' && file.back() == '"';
+    const std::string path = quoted ? file.substr(1, file.size() - 2) : file;
+    return isFullPath(path) && !computer.isListed(path) && !computer.isListed(path + ".exe");
+}
 
 const char* shellFailureMessage(const StartResult& failure) {
     for (const FailureMessage& message : instanceMessages) {

@@ -149,7 +149,10 @@ std::optional<unsigned> DescribedMachine::askProductType(const ProductTypeQuesti
 
 StartResult DescribedMachine::startProgram(RunStep::Kind kind, const std::string& file,
                                            const std::string& parameters) {
-    const std::string path = withoutQuotes(file);
+    std::string path = withoutQuotes(file);
+    if (pathKind(path) == PathKind::Inaccessible) {
+        path += ".exe";
+    }
     const DescribedProgram* const program = valueIn(programs, path);
     StartResult result{.started = true};
     if (pathKind(path) != PathKind::File) {

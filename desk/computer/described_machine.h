@@ -101,7 +101,9 @@ class DescribedMachine : public Machine {
         return commandLine.empty() ? std::string() : commandLine.front();
     }
     [[nodiscard]] PathKind pathKind(const std::string& path) override;
-    [[nodiscard]] bool isListed(const std::string& path) override { return files.contains(path); }
+    [[nodiscard]] bool isListed(const std::string& path) override {
+        return pathKind(path) != PathKind::Inaccessible;
+    }
     [[nodiscard]] std::optional<std::string> fileContent(const std::string& path) override;
     [[nodiscard]] bool fileVersion(const std::string& path, std::string& text) override;
     [[nodiscard]] std::uint32_t copyFile(const std::string& source,

@@ -216,8 +216,8 @@ void noteEntries(Trial& trial, const InstallPlan& plan, std::vector<std::string>
             notes.push_back(inQuotes(product.displayName) + " is not found: " + reason->second +
                             '.');
         }
-        if (state == EntryState::Reported && isFullPath(product.uninstallString) &&
-            trial.machine->pathKind(product.uninstallString) != PathKind::File) {
+        if (state == EntryState::Reported &&
+            isMissingProgram(*trial.machine, product.uninstallString)) {
             notes.push_back(inQuotes(product.displayName) +
                             " is not removed: " + inQuotes(product.uninstallString) +
                             " as a whole is not the path of a program.");
@@ -285,7 +285,9 @@ std::unique_ptr<DescribedMachine> machineWith(const DryRunMedia& media,
     machine->otherPaths = [folder](const std::string& path) {
         const bool onMedia = equalIgnoringCase(path.substr(0, folder.size()), folder);
         const std::string name = lowerCase(path);
-        const bool isTaken = name.ends_with(".exe") || name.ends_with("\\liveimport.ini");
+        // One with arguments is no program's path, whatever ends it.
+        const bool isProgram = name.ends_with(".exe") && name.find(".exe ") == std::string::npos;
+        const bool isTaken = isProgram || name.ends_with("\\liveimport.ini");
         return isTaken && !onMedia ? PathKind::File : PathKind::Inaccessible;
     };
     // Where the tool puts the driver installer, its archive alone knows.

@@ -43,7 +43,7 @@ TEST(ShellRunner, TellsTheShellsResultElseTheLastError) {
     }
 }
 
-// The shell would say so itself where a file is missing.
+// The shell would say so itself where a file is missing. It looks for a program without ".exe".
 TEST(ShellRunner, HandsNoMissingFileToTheShell) {
     const struct {
         const char* file;
@@ -52,11 +52,12 @@ TEST(ShellRunner, HandsNoMissingFileToTheShell) {
     } rows[] = {{"", false},
                 {"C:\\there.exe", true},
                 {"\"C:\\there.exe\"", true},
+                {"C:\\there", true},
                 {"C:\\there.exe /S", false},
                 {"C:\\gone.exe", false},
                 {"\"C:\\gone.exe\"", false},
                 {"\\\\server\\share\\gone.exe", false},
-                {"C:\\folder", false},
+                {"C:\\folder", true},
                 {"gone.exe", true},
                 {"\"C:\\there.exe\" /S", true},
                 {"C:\\refused.exe", true, "Operation cancelled by user."}};
