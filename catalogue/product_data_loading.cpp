@@ -17,8 +17,9 @@ std::string ownFolder(Computer& computer) {
 
 bool loadProductDataText(CProductData& catalogue, Computer& computer, const std::string& folder,
                          std::string& path, std::string& error) {
-    path = catalogue.productDataPath;
+    path.clear();
     if (!catalogue.productDataText.empty()) {
+        path = catalogue.productDataPath;
         return true;
     }
     const std::string base = folder.empty() ? ownFolder(computer) : withTrailingBackslash(folder);

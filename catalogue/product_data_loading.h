@@ -6,8 +6,8 @@
 #include "platform/computer.h"
 
 /// Loads the text of "ProductData.inx", else "ProductData.ini", from `folder`, or from the
-/// program's own folder when that is empty, into the catalogue, and reads its values. Once a text
-/// was loaded, returns its path without another look. False with `error` filled and an empty
+/// program's own folder when that is empty, into the catalogue. Once a text that is not empty was
+/// loaded, returns its path without another look. False with `error` filled and an empty
 /// `path` when there is no such file or it cannot be read or deciphered; a later call then tries
 /// again.
 [[nodiscard]] bool loadProductDataText(CProductData& catalogue, Computer& computer,
