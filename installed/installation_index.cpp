@@ -92,10 +92,8 @@ bool InstallationIndex::readTree(const std::string& subkeyPath,
     for (InstallationRecord& record : read) {
         record.legacy = mode == MergeMode::Legacy;
     }
-    const std::size_t known = records.size();
     mergeInstallations(records, read);
-    for (std::size_t position = known; position < records.size(); ++position) {
-        InstallationRecord& record = records[position];
+    for (InstallationRecord& record : records) {
         std::ignore = readExecutableVersion(record, record.executableVersion);  // else empty
         record.fields["Version"] = record.executableVersion;
     }

@@ -38,9 +38,9 @@ class InstallationIndex {
     bool load(bool includeLegacy);
 
     /// Reads one tree below HKEY_LOCAL_MACHINE into `read` and `extras` (emptied first) and
-    /// merges the records into the index, each with the version that its analyser executable has;
-    /// what an installation wrote about its version is not trusted. False when the index holds no
-    /// record.
+    /// merges the records into the index. Then every record of the index gets the version that its
+    /// analyser executable has; what an installation wrote about its version is not trusted. False
+    /// when the index holds no record.
     bool readTree(const std::string& subkeyPath, std::vector<InstallationRecord>& read,
                   FieldMap& extras, MergeMode mode);
 

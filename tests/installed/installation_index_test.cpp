@@ -30,6 +30,7 @@ TEST(InstallationIndex, HoldsBothTreesOnce) {
     EXPECT_TRUE(index.load(false));
     EXPECT_EQ(index.records.size(), 1u);
     EXPECT_TRUE(index.load(true));
+    machine.files["C:\\Analyzer\\Executables\\Core\\qmx.exe"].version = "Version Build 12.4.2";
     std::vector<InstallationRecord> records(3);
     FieldMap extras{{"of an earlier", "tree"}};
     EXPECT_TRUE(
@@ -40,7 +41,7 @@ TEST(InstallationIndex, HoldsBothTreesOnce) {
     EXPECT_STREQ(walkError(), "") << "of the empty machine";
     EXPECT_FALSE(index.records[0].legacy);
     EXPECT_TRUE(index.records[1].legacy);
-    EXPECT_EQ(index.records[0].fields["Version"], "12.4.1");
+    EXPECT_EQ(index.records[0].fields["Version"], "12.4.2") << "looked at anew";
     EXPECT_EQ(index.helperLocation, "C:\\Helper");
     EXPECT_EQ(index.field(1, "user data KEY"), "old") << "older releases had another name for it";
     EXPECT_EQ(index.field(0, "Product Id") + index.field(0, "Version") + index.field(2, "Lard"),
