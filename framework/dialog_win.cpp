@@ -1,5 +1,7 @@
 #include "framework/dialog_win.h"
 
+#include <utility>
+
 CDialog::CDialog(UINT resourceId, CWnd* parent) : resourceId(resourceId), parent(parent) {}
 
 CDialog::CDialog(const DLGTEMPLATE* dialogTemplate, CWnd* parent)
@@ -76,9 +78,10 @@ INT_PTR CDialog::HandleMessage(UINT message, WPARAM wParam, LPARAM lParam) {
     }
     for (const MessageEntry& entry : map.messages) {
         if (entry.message == message) {
-            passedOn = false;
+            // A handler that waits, as help does, may be given further messages meanwhile.
+            const bool outerPassedOn = std::exchange(passedOn, false);
             const LRESULT result = entry.handler(*this, wParam, lParam);
-            if (passedOn) {
+            if (std::exchange(passedOn, outerPassedOn)) {
                 return FALSE;
             }
             // A dialog procedure returns a few results directly, the others through the window.

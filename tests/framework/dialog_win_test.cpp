@@ -32,6 +32,7 @@ class MappedDialog : public CDialog {
 
   private:
     LRESULT OnAnswered(WPARAM wParam, LPARAM lParam) {
+        SendMessageA(m_hWnd, leftToDefault, 0, 0);  // as while it waits
         return static_cast<LRESULT>(wParam) * 10 + lParam;
     }
     LRESULT OnLeftToDefault(WPARAM, LPARAM) { return Default() + 5; }
