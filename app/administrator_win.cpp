@@ -29,10 +29,8 @@ DWORD containsAdministrators(const TOKEN_GROUPS& groups, bool& administrator) {
                                   administrators.receive())) {
         return GetLastError();
     }
-    for (DWORD index = 0; index < groups.GroupCount; ++index) {
-        if (EqualSid(groups.Groups[index].Sid, administrators.get())) {
-            administrator = true;
-        }
+    for (DWORD index = 0; index < groups.GroupCount && !administrator; ++index) {
+        administrator = EqualSid(groups.Groups[index].Sid, administrators.get()) != FALSE;
     }
     return ERROR_SUCCESS;
 }
