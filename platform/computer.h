@@ -60,9 +60,10 @@ class Computer {
     /// As start, and returns when the program has ended.
     [[nodiscard]] virtual StartResult startAndWait(const std::string& file,
                                                    const std::string& parameters) = 0;
-    /// Stops every process whose executable is called `fileName` and has the full path `path`, both
-    /// without regard to letter case. Returns 0 when that was done or none runs, else why not: the
-    /// wait's result of the last one (258 when it did not end in time) or a Windows error code.
+    /// Stops every process whose executable is called `fileName` and that has loaded `path`, a full
+    /// path, both without regard to letter case; one that cannot be stopped is passed over. Returns
+    /// the wait's result of the last one stopped, 0 for none (258: it did not end in time), or the
+    /// Windows error code of a failed look at the processes.
     [[nodiscard]] virtual std::uint32_t stopRunning(const std::string& fileName,
                                                     const std::string& path) = 0;
     virtual void pause(std::uint32_t milliseconds) = 0;
