@@ -12,12 +12,13 @@ Message invalid(const std::string& text) {
 }  // namespace
 
 std::optional<Message> parseCommandLine(const std::vector<std::string>& arguments,
-                                        Computer& computer, CommandLine& commandLine) {
-    commandLine = {};
+                                        Computer& computer, std::string& sourceDirectory,
+                                        std::string& installDirectory) {
+    sourceDirectory.clear();
+    installDirectory.clear();
     if (arguments.size() < 3) {
         return Message{"Invalid command line."};
     }
-    bool sourceGiven = false;
     for (std::size_t index = 1; index < arguments.size(); index += 2) {
         const std::string& option = arguments[index];
         const bool isSource = equalIgnoringCase(option, "-dir");
@@ -29,7 +30,7 @@ std::optional<Message> parseCommandLine(const std::vector<std::string>& argument
         }
         const std::string& value = arguments[index + 1];
         if (!isSource) {
-            commandLine.installDirectory = value;
+            installDirectory = value;
             continue;
         }
         switch (computer.pathKind(value)) {
@@ -38,11 +39,10 @@ std::optional<Message> parseCommandLine(const std::vector<std::string>& argument
             case PathKind::File:
                 return invalid("\"" + value + "\" is not a directory.");
             case PathKind::Directory:
-                commandLine.sourceDirectory = withTrailingBackslash(value);
-                sourceGiven = true;
+                sourceDirectory = withTrailingBackslash(value);
         }
     }
-    if (!sourceGiven) {
+    if (sourceDirectory.empty()) {
         return invalid("Missing directory argument.");
     }
     return std::nullopt;

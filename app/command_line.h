@@ -6,13 +6,10 @@
 
 #include "platform/computer.h"
 
-/// The two directories that the installer is started with.
-struct CommandLine {
-    std::string sourceDirectory;   ///< "-dir"; ends in a backslash
-    std::string installDirectory;  ///< "-installdir" as given, unchecked; may be empty
-};
-
-/// Reads `arguments`, the program's path first, into `commandLine`; a "-dir" value is looked up on
-/// `computer`. The first error ends the reading and is returned.
+/// Reads `arguments`, the program's path first: "-dir" into `sourceDirectory`, looked up on
+/// `computer` and ending in a backslash, and "-installdir" into `installDirectory`, as given; empty
+/// where it is missing. The first error ends the reading and is returned.
 [[nodiscard]] std::optional<Message> parseCommandLine(const std::vector<std::string>& arguments,
-                                                      Computer& computer, CommandLine& commandLine);
+                                                      Computer& computer,
+                                                      std::string& sourceDirectory,
+                                                      std::string& installDirectory);

@@ -20,6 +20,7 @@
 #include "app/environment.h"
 #include "app/messages.h"
 #include "app/setup_parameters.h"
+#include "catalogue/product_code.h"
 #include "catalogue/product_data_loading.h"
 #include "catalogue/program_texts.h"
 #include "drivers/driver_installation.h"
@@ -58,11 +59,8 @@ bool CInstallApp::InitInstance() {
 }
 
 bool CInstallApp::ParseCommandLine(std::string& sourceDirectory, std::string& installDirectory) {
-    CommandLine commandLine;
     const std::optional<Message> error =
-        parseCommandLine(machine.arguments(), machine, commandLine);
-    sourceDirectory = commandLine.sourceDirectory;
-    installDirectory = commandLine.installDirectory;
+        parseCommandLine(machine.arguments(), machine, sourceDirectory, installDirectory);
     if (error) {
         machine.showMessage(*error);
     }
@@ -97,9 +95,7 @@ void CInstallApp::IdentifyProduct() {
 }
 
 bool CInstallApp::PrepareHardwareFamily(const InstallPlan& plan) {
-    if (plan.driverStep == DriverStep::BeforeChoice) {
-        InstallDrivers();
-    }
+    InstallDrivers();
     if (SelectProductType(plan)) {
         return true;
     }
@@ -111,7 +107,7 @@ bool CInstallApp::PrepareHardwareFamily(const InstallPlan& plan) {
 
 bool CInstallApp::PrepareOrdinaryProduct(const InstallPlan& plan) {
     OfferUninstall(plan.olderVersions);
-    if (plan.driverStep == DriverStep::InPlaceOfChoice) {
+    if (plan.deviceFamily != nullptr) {
         InstallDrivers();
     }
     return SelectProductType(plan);
@@ -163,12 +159,18 @@ bool CInstallApp::SelectProductType(const InstallPlan& plan) {
 }
 
 bool CInstallApp::SwitchToDemonstration() {
-    if ((productType & product_type::demonstration) == 0 ||
-        switchToDemonstration(catalogue, productCode, productName, productNumber)) {
+    if ((productType & product_type::demonstration) == 0) {
         return true;
     }
-    machine.showMessage(invalidInstallerMessage(productCode));
-    return false;
+    std::string demonstrationCode;
+    if (!catalogue.demonstrationCode(productCode, demonstrationCode)) {
+        machine.showMessage(invalidInstallerMessage(productCode));
+        return false;
+    }
+    productCode = demonstrationCode;
+    std::ignore = catalogue.productName(productCode, productName);  // the catalogue has them all
+    productNumber = numberFromCode(productCode);
+    return true;
 }
 
 void CInstallApp::LaunchSetup() {

@@ -14,14 +14,6 @@ Route routeOf(const DeviceFamily* family) {
                                                                   : Route::EndSilently;
 }
 
-DriverStep driverStepOf(const DeviceFamily* family) {
-    if (family == nullptr || family->packages.empty()) {
-        return DriverStep::None;
-    }
-    return family->installKind == install_kind::liveOnly ? DriverStep::InPlaceOfChoice
-                                                         : DriverStep::BeforeChoice;
-}
-
 }  // namespace
 
 InstallPlan planInstallation(std::string_view productCode, const CProductData& catalogue,
@@ -37,13 +29,12 @@ InstallPlan planInstallation(std::string_view productCode, const CProductData& c
     if (plan.route == Route::EndSilently) {
         return plan;
     }
-    plan.driverStep = driverStepOf(plan.deviceFamily);
     if (plan.route == Route::Ordinary) {
         plan.olderVersions = traitsOf(plan.productNumber).replacesMakerProducts
                                  ? OlderVersions::OfMaker
                                  : OlderVersions::OfProduct;
     }
-    if (plan.driverStep != DriverStep::InPlaceOfChoice) {
+    if (plan.route == Route::HardwareFamily || plan.deviceFamily == nullptr) {
         plan.offeredTypes =
             product_type::live |
             (catalogue.hasFileViewerEdition(productCode) ? product_type::viewer : 0) |

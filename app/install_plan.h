@@ -19,18 +19,12 @@ enum class Route {
 /// Whose installed versions are looked for and offered for removal.
 enum class OlderVersions { Leave, OfProduct, OfMaker };
 
-enum class DriverStep {
-    None,
-    BeforeChoice,
-    InPlaceOfChoice,  ///< the live product follows without a question
-};
-
 struct InstallPlan {
     Route route = Route::Ordinary;
     int productNumber = -1;  ///< -1 for a code that is none
     OlderVersions olderVersions = OlderVersions::Leave;
-    DriverStep driverStep = DriverStep::None;
-    /// The drivers' family, within the table that the plan was made from; null for none.
+    /// The drivers' family, within the table that the plan was made from; null for none. Its
+    /// packages come before the choice of the product type or, on the ordinary route, in its place.
     const DeviceFamily* deviceFamily = nullptr;
     /// What the user may choose from, bits of product_type; none: the live product is taken
     /// without a question.

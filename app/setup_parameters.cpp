@@ -5,7 +5,6 @@
 #include <tuple>
 #include <utility>
 
-#include "catalogue/product_code.h"
 #include "catalogue/product_traits.h"
 #include "platform/ansi_text.h"
 #include "platform/format_text.h"
@@ -24,10 +23,7 @@ std::string compose(std::initializer_list<Field> fields) {
     for (const Field& field : fields) {
         parameters.append(field.name).append("=").append(field.value).append("`");
     }
-    if (parameters.size() > maximumLength) {
-        parameters.resize(maximumLength);
-    }
-    return parameters;
+    return parameters.substr(0, maximumLength);
 }
 
 /// Of several bits the last choice's counts, of none the live product's.
@@ -114,16 +110,4 @@ std::string uniqueProgramFolder(const std::string& folderName, int productNumber
         candidate = std::move(next);
     }
     return candidate;
-}
-
-bool switchToDemonstration(CProductData& catalogue, std::string& productCode,
-                           std::string& productName, int& productNumber) {
-    std::string demonstrationCode;
-    if (!catalogue.demonstrationCode(productCode, demonstrationCode)) {
-        return false;
-    }
-    productCode = demonstrationCode;
-    std::ignore = catalogue.productName(productCode, productName);  // the catalogue has them all
-    productNumber = numberFromCode(productCode);
-    return true;
 }

@@ -40,7 +40,3 @@ struct SetupRequest {
 /// returned although it is taken.
 [[nodiscard]] std::string uniqueProgramFolder(const std::string& folderName, int productNumber,
                                               InstallationIndex& index);
-
-/// Replaces a product by its demonstration edition. False, with nothing changed, when it has none.
-[[nodiscard]] bool switchToDemonstration(CProductData& catalogue, std::string& productCode,
-                                         std::string& productName, int& productNumber);

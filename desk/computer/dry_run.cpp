@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <cstdlib>
+#include <regex>
 #include <sstream>
 
 #include "app/direct_install.h"
@@ -226,7 +227,7 @@ void noteEntries(Trial& trial, const InstallPlan& plan, std::vector<std::string>
 }
 
 void noteDrivers(const InstallPlan& plan, int systemCode, std::vector<std::string>& notes) {
-    if (plan.deviceFamily == nullptr || plan.driverStep == DriverStep::None) {
+    if (plan.deviceFamily == nullptr || plan.route == Route::EndSilently) {
         return;
     }
     for (const DriverPackage& package : plan.deviceFamily->packages) {
@@ -338,9 +339,5 @@ Json dryRun(const DryRunMedia& media, const MachineDescription& description) {
 }
 
 void hideArchiveKeys(std::string& text) {
-    constexpr std::string_view option = "-fzxkey ";
-    for (std::size_t at = text.find(option); at != std::string::npos; at = text.find(option, at)) {
-        at += option.size();
-        text.replace(at, text.find_first_of(" \"", at) - at, "...");
-    }
+    text = std::regex_replace(text, std::regex("-fzxkey [^ \"]*"), "-fzxkey ...");
 }

@@ -13,28 +13,21 @@
 
 namespace {
 
-std::string editionOf(const CProductData& catalogue, const std::string& code,
-                      const std::string& name) {
-    if (traitsOf(code).freeViewer) {
-        return "free viewer";
-    }
-    if (catalogue.DemoProducts.contains(code)) {
-        return "demonstration";
-    }
-    // No table says so: such a product is one in name alone.
-    return name.ends_with(" Viewer") ? "viewer-only" : "full";
-}
-
 /// `code` as the catalogue has it.
 ProductFacts factsOf(CProductData& catalogue, const std::string& code, const std::string& name) {
     DriverPackageTable drivers;
     buildDriverPackageTable(drivers);
     const InstallPlan plan = planInstallation(stampedCode(catalogue, code), catalogue, drivers);
     const auto full = catalogue.FullProductOf.find(code);
+    // "viewer-only": no table says so, such a product is one in name alone.
+    const char* const edition = traitsOf(code).freeViewer               ? "free viewer"
+                                : catalogue.DemoProducts.contains(code) ? "demonstration"
+                                : name.ends_with(" Viewer")             ? "viewer-only"
+                                                                        : "full";
     ProductFacts facts{.code = stampedCode(catalogue, code),
                        .number = numberFromCode(code),
                        .name = name,
-                       .edition = editionOf(catalogue, code, name),
+                       .edition = edition,
                        .demonstrationOf = full == catalogue.FullProductOf.end() ? "" : full->second,
                        .route = routeInWords(plan),
                        .endsSilently = plan.route == Route::EndSilently,
@@ -78,7 +71,7 @@ std::vector<NeededFile> neededFiles(const InstallPlan& plan) {
     }
     if (plan.route == Route::Direct) {
         files.push_back({replacementUninstallerFile, "removes older viewers"});
-    } else if (plan.driverStep != DriverStep::None) {
+    } else if (plan.deviceFamily != nullptr) {
         files.push_back({extractionToolFile, "unpacks the driver archives"});
         for (const DriverPackage& package : plan.deviceFamily->packages) {
             files.push_back({package.archive, "drivers; the archive's form is not looked into"});
