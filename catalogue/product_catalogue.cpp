@@ -83,7 +83,6 @@ constexpr const char* wirelessDecoders[] = {
     "bc", "bt", "b5", "cs", "eb", "sb", "zt", "z*", "zb", "zp",
 };
 constexpr const char* otherDecoders[] = {"cf", "DD", "fd"};
-constexpr const char* commonDecoders[] = {"su"};
 
 constexpr TextRow productGroups[] = {
     {"Async", "01;1k;02;0d;0p;1e"},
@@ -193,8 +192,6 @@ constexpr const char* ordinarilyDisplayed[] = {
     "04", "07", "0g", "0h", "0u", "1b", "1c", "1m", "16", "17", "19",
     "1d", "1e", "1h", "1k", "1p", "1r", "1s", "1t", "1u", "1v",
 };
-// Kept: this product's folders in the field bear the build alone.
-constexpr const char* displayedAsBuild[] = {"1w"};
 
 constexpr TextRow productConfigurations[] = {
     {"04", "TavlinkClassic"}, {"0h", "TavlinkDemo"}, {"0g", "AsyncDemo"},    {"1f", "AsyncDemo"},
@@ -223,31 +220,25 @@ void addText(CProductData::TextMap& map, const char* key, const char* value) {
     }
 }
 
-CProductData::TextMap inverse(std::span<const TextRow> rows) {
-    CProductData::TextMap map;
-    for (const TextRow& row : rows) {
-        map.emplace(row.value, row.key);
-    }
-    return map;
-}
-
 }  // namespace
 
 CProductData::CProductData()
     : DecoderDescriptions(textMap(decoderDescriptions)),
       ProductNames(textMap(productNames)),
-      ProductIds(inverse(productNames)),
       DemoOf(textMap(demoOf)),
       ViewerProducts(std::begin(viewerProducts), std::end(viewerProducts)),
-      FullProductOf(inverse(demoOf)),
       ProductGroups(textMap(productGroups)),
       RelatedProducts(textMap(relatedProducts)),
       ProductImportFormats(textMap(productImportFormats)),
       FieldbusTypes(textMap(fieldbusTypes)),
       ProductDecoders(textMap(productDecoders)),
       ProductConfigurations(textMap(productConfigurations)) {
-    for (const TextRow& row : demoOf) {
-        DemoProducts.emplace(row.value);
+    for (const auto& [code, name] : ProductNames) {
+        ProductIds.emplace(name, code);
+    }
+    for (const auto& [code, demonstration] : DemoOf) {
+        DemoProducts.emplace(demonstration);
+        FullProductOf.emplace(demonstration, code);
     }
     for (const ImportFormat& format : importFormats) {
         addText(ImportFormatNames, format.number, format.name);
@@ -258,9 +249,10 @@ CProductData::CProductData()
     assignAll(industrialDecoders, "Vostrel", DecoderCategories);
     assignAll(wirelessDecoders, "Wireless", DecoderCategories);
     assignAll(otherDecoders, "Other", DecoderCategories);
-    assignAll(commonDecoders, "Vostrel;Wireless", DecoderCategories);
+    DecoderCategories.emplace("su", "Vostrel;Wireless");
     assignAll(ordinarilyDisplayed, "<PRODUCT NAME> <BUILD>", DisplayNameTemplates);
-    assignAll(displayedAsBuild, "<BUILD>", DisplayNameTemplates);
+    // Kept: this product's folders in the field bear the build alone.
+    DisplayNameTemplates.emplace("1w", "<BUILD>");
 }
 
 CProductData::~CProductData() = default;
@@ -302,10 +294,6 @@ void CProductData::keepProductData(std::string path, std::string text) {
     ProductDataValues.clear();
     productDataPath = std::move(path);
     productDataText = std::move(text);
-}
-
-bool CProductData::readBuildSection() {
-    return readVersionSection(productDataText, ProductDataValues);
 }
 
 std::string CProductData::buildVersion() const {

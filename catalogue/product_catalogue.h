@@ -34,9 +34,6 @@ class CProductData {
     /// Keeps `text`, the product-data file's without its comments, and the path that it was loaded
     /// from; the values of an earlier text go.
     void keepProductData(std::string path, std::string text);
-    /// Refills ProductDataValues from the text that is kept. True when its version section yields
-    /// a key; the values are left alone when there is no such section.
-    [[nodiscard]] bool readBuildSection();
 
     /// The build being installed: the product-data file's, else the compiled-in one.
     [[nodiscard]] std::string buildVersion() const;

@@ -48,5 +48,5 @@ bool loadProductValues(CProductData& catalogue, Computer& computer, std::string*
     if (path != nullptr) {
         *path = loaded;
     }
-    return catalogue.readBuildSection();
+    return readVersionSection(catalogue.productDataText, catalogue.ProductDataValues);
 }

@@ -28,10 +28,6 @@ const ProductTraits& traitsOf(std::string_view productCode) {
 }
 
 const ProductTraits& traitsOf(int productNumber) {
-    for (const ProductTraits& row : rows) {
-        if (numberFromCode(row.code) == productNumber) {
-            return row;
-        }
-    }
-    return none;
+    // A negative number is no product's, but its last digits would be the code of one.
+    return productNumber < 0 ? none : traitsOf(codeFromNumber(productNumber));
 }
