@@ -129,10 +129,8 @@ bool InstallationIndex::find(std::string_view value, int selector,
     const auto comparable = [selector](std::string_view text) {
         return selector == installation_selector::path ? withoutOuterBackslashes(text) : text;
     };
-    const std::string wanted = lowerCase(comparable(value));
     for (std::size_t position = records.size(); position-- > 0;) {
-        const std::string_view text = comparable(fieldText(records[position], field));
-        if (text.size() == wanted.size() && lowerCase(text) == wanted) {
+        if (equalIgnoringCase(comparable(fieldText(records[position], field)), comparable(value))) {
             matches.push_back(position);
         }
     }

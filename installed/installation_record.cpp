@@ -1,7 +1,5 @@
 #include "installed/installation_record.h"
 
-#include <utility>
-
 #include "installed/analyser_path.h"
 #include "platform/ansi_text.h"
 #include "platform/format_text.h"
@@ -57,16 +55,6 @@ void storeValue(InstallationRecord& record, FieldMap& extras, std::string_view n
         // Not a field of every record, yet a legacy one answers from it.
         record.fields.emplace(name, text);
     }
-}
-
-void appendIfValid(InstallationRecord record, const std::string& keyPath,
-                   const std::string& keyName, std::vector<InstallationRecord>& records) {
-    if (!isValid(record)) {
-        return;
-    }
-    record.fields["Registry Key"] = keyPath;
-    record.fields["Registry Subkey"] = keyName;
-    records.push_back(std::move(record));
 }
 
 std::array<std::string, 2> analyserPaths(const InstallationRecord& record) {

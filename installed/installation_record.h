@@ -4,7 +4,6 @@
 #include <map>
 #include <string>
 #include <string_view>
-#include <vector>
 
 /// Texts by name; letter case counts.
 using FieldMap = std::map<std::string, std::string, std::less<>>;
@@ -31,10 +30,6 @@ inline constexpr std::string_view oldUserDataKey = "Old User Data Key";
 /// Sets the record's field of this name, or else the extra value.
 void storeValue(InstallationRecord& record, FieldMap& extras, std::string_view name,
                 std::string_view text);
-
-/// Appends the record, with its key's full path and own name filled in, when it is valid.
-void appendIfValid(InstallationRecord record, const std::string& keyPath,
-                   const std::string& keyName, std::vector<InstallationRecord>& records);
 
 /// Where the installation's analyser executable can be, the likelier place first.
 [[nodiscard]] std::array<std::string, 2> analyserPaths(const InstallationRecord& record);

@@ -46,16 +46,6 @@ bool readValues(const KeyReader& key, InstallationRecord& record, FieldMap& extr
     }
 }
 
-bool readLeaf(const KeyReader& key, const std::string& subkeyName, const std::string& path,
-              std::vector<InstallationRecord>& records, FieldMap& extras) {
-    InstallationRecord record;
-    if (!readValues(key, record, extras)) {
-        return false;
-    }
-    appendIfValid(std::move(record), path, subkeyName, records);
-    return true;
-}
-
 bool walkSubkeys(const KeyReader& key, const std::string& path,
                  std::vector<InstallationRecord>& records, FieldMap& extras) {
     std::string name(bufferSize, '\0');
@@ -98,7 +88,16 @@ bool walkKeyTree(const KeyReader* parent, const std::string& subkeyName,
     if (subkeys != 0) {
         return walkSubkeys(*key, path, records, extras);
     }
-    return values != 0 && readLeaf(*key, subkeyName, path, records, extras);
+    InstallationRecord record;
+    if (values == 0 || !readValues(*key, record, extras)) {
+        return false;
+    }
+    if (isValid(record)) {
+        record.fields["Registry Key"] = path;
+        record.fields["Registry Subkey"] = subkeyName;
+        records.push_back(std::move(record));
+    }
+    return true;
 }
 
 const char* walkError() {
