@@ -2,7 +2,6 @@
 
 #include <objbase.h>
 
-#include "platform/pending_input_win.h"
 #include "platform/system_library_win.h"
 
 namespace {
@@ -25,6 +24,12 @@ void initializeCom() {
     if (const auto initialize =
             procedureAddress<Initialize>(loadSystemLibrary("ole32.dll"), "CoInitializeEx")) {
         initialize(nullptr, COINIT_APARTMENTTHREADED | COINIT_DISABLE_OLE1DDE);
+    }
+}
+
+void discardMessages(UINT first, UINT last) {
+    MSG message;
+    while (PeekMessageA(&message, nullptr, first, last, PM_REMOVE)) {
     }
 }
 
@@ -65,6 +70,10 @@ bool ShellRunner::runAndWait(const char* file, const char* parameters, const cha
         Sleep(pollInterval);
     } while (exitCode == STILL_ACTIVE);
     execution.fMask = SEE_MASK_NOCLOSEPROCESS;
-    discardInput();
+    // Input that waits for the thread, posted messages of these kinds included, would go to a
+    // window that the user had not seen then. All else stays but WM_QUIT, which nothing here posts.
+    discardMessages(WM_KEYFIRST, WM_KEYLAST);
+    discardMessages(WM_MOUSEFIRST, WM_MOUSELAST);
+    discardMessages(WM_NCMOUSEMOVE, WM_NCXBUTTONDBLCLK);
     return true;
 }
