@@ -5,9 +5,9 @@
 
 #include <utility>
 
-/// The one owner of a handle, which it closes with `Close`. Empty is null, or what CreateFile and
+/// The one owner of a handle, which it closes with `close`. Empty is null, or what CreateFile and
 /// its like return on failure. Closing keeps the thread's last error.
-template <class Handle, class Close>
+template <class Handle, auto close>
 class UniqueHandle {
   public:
     UniqueHandle() = default;
@@ -29,7 +29,7 @@ class UniqueHandle {
     /// when nothing was held.
     auto reset(Handle owned = nullptr) {
         const DWORD lastError = GetLastError();
-        const auto result = *this ? Close()(handle) : decltype(Close()(handle))();
+        const auto result = *this ? close(handle) : decltype(close(handle))();
         SetLastError(lastError);
         handle = owned;
         return result;
@@ -39,28 +39,13 @@ class UniqueHandle {
     Handle handle = nullptr;
 };
 
-struct CloseKernelHandle {
-    BOOL operator()(HANDLE handle) const { return CloseHandle(handle); }
-};
-using KernelHandle = UniqueHandle<HANDLE, CloseKernelHandle>;
+using KernelHandle = UniqueHandle<HANDLE, CloseHandle>;
+using FileSearch = UniqueHandle<HANDLE, FindClose>;
+using RegistryHandle = UniqueHandle<HKEY, RegCloseKey>;
+using SecurityId = UniqueHandle<PSID, FreeSid>;
 
-struct CloseFileSearch {
-    BOOL operator()(HANDLE search) const { return FindClose(search); }
-};
-using FileSearch = UniqueHandle<HANDLE, CloseFileSearch>;
-
-struct CloseRegistryKey {
-    LSTATUS operator()(HKEY key) const { return RegCloseKey(key); }
-};
-using RegistryHandle = UniqueHandle<HKEY, CloseRegistryKey>;
-
-struct ReleaseScreenDeviceContext {
-    int operator()(HDC context) const { return ReleaseDC(nullptr, context); }
-};
+inline int releaseScreen(HDC context) {
+    return ReleaseDC(nullptr, context);
+}
 /// Of the whole screen, GetDC(nullptr).
-using ScreenDeviceContext = UniqueHandle<HDC, ReleaseScreenDeviceContext>;
-
-struct FreeSecurityId {
-    PSID operator()(PSID id) const { return FreeSid(id); }
-};
-using SecurityId = UniqueHandle<PSID, FreeSecurityId>;
+using ScreenDeviceContext = UniqueHandle<HDC, releaseScreen>;

@@ -6,10 +6,10 @@ namespace {
 
 int closed = 0;
 
-struct CountClose {
-    BOOL operator()(HANDLE) const { return SetLastError(static_cast<DWORD>(++closed)), TRUE; }
-};
-using CountedHandle = UniqueHandle<HANDLE, CountClose>;
+BOOL countClose(HANDLE) {
+    return SetLastError(static_cast<DWORD>(++closed)), TRUE;
+}
+using CountedHandle = UniqueHandle<HANDLE, countClose>;
 
 TEST(UniqueHandle, IsClosedOnceByItsLastOwnerAndKeepsTheLastError) {
     SetLastError(ERROR_FILE_NOT_FOUND);
