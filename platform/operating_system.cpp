@@ -1,7 +1,6 @@
 #include "platform/operating_system.h"
 
 #include <cstring>
-#include <utility>
 
 #include "platform/ansi_text.h"
 #include "platform/computer.h"
@@ -11,11 +10,8 @@ namespace code = operating_system_code;
 
 namespace {
 
-/// A release before the service pack is appended to its name.
-struct Release {
-    int code = code::notRecognised;
-    std::string name;
-};
+/// Before the service pack is appended to its name.
+using Release = OperatingSystemIdentity;
 
 OperatingSystemIdentity queryFailure(std::uint32_t error) {
     return {code::notRecognised,
@@ -24,7 +20,8 @@ OperatingSystemIdentity queryFailure(std::uint32_t error) {
 }
 
 OperatingSystemIdentity withServicePack(Release release, const OperatingSystemFacts& facts) {
-    return {release.code, std::move(release.name) + ' ' + facts.servicePack, NameDelivery::Checked};
+    release.name += ' ' + facts.servicePack;
+    return release;
 }
 
 OperatingSystemIdentity windows9x(const OperatingSystemFacts& facts) {
@@ -39,13 +36,12 @@ OperatingSystemIdentity windows9x(const OperatingSystemFacts& facts) {
     switch (facts.minorVersion) {
         case 0:
             if (equalIgnoringCase(facts.servicePack, " C")) {
-                return {code::windows95Osr2, "Windows 95 OSR2", NameDelivery::Checked};
+                return {code::windows95Osr2, "Windows 95 OSR2"};
             }
             return withServicePack({code::windows95, "Windows 95"}, facts);
         case 10:
             if (equalIgnoringCase(facts.servicePack, " A")) {
-                return {code::windows98SecondEdition, "Windows 98 Second Edition",
-                        NameDelivery::Checked};
+                return {code::windows98SecondEdition, "Windows 98 Second Edition"};
             }
             return withServicePack({code::windows98, "Windows 98"}, facts);
         case 90:
