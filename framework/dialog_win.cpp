@@ -2,11 +2,6 @@
 
 #include <utility>
 
-CDialog::CDialog(UINT resourceId, CWnd* parent) : resourceId(resourceId), parent(parent) {}
-
-CDialog::CDialog(const DLGTEMPLATE* dialogTemplate, CWnd* parent)
-    : dialogTemplate(dialogTemplate), parent(parent) {}
-
 INT_PTR CDialog::DoModal() {
     const HINSTANCE module = GetModuleHandleA(nullptr);
     const HWND owner = parent != nullptr ? parent->m_hWnd : nullptr;
@@ -18,30 +13,6 @@ INT_PTR CDialog::DoModal() {
                               argument);
     m_hWnd = nullptr;
     return result;
-}
-
-bool CDialog::OnInitDialog() {
-    return true;
-}
-
-void CDialog::OnOK() {
-    EndDialog(IDOK);
-}
-
-void CDialog::OnCancel() {
-    EndDialog(IDCANCEL);
-}
-
-MessageMap CDialog::GetMessageMap() const {
-    return {};
-}
-
-void CDialog::EndDialog(INT_PTR result) {
-    ::EndDialog(m_hWnd, result);
-}
-
-void CDialog::BindControl(CWnd& control, int id) {
-    control.m_hWnd = GetDlgItem(m_hWnd, id);
 }
 
 LRESULT CDialog::Default() {

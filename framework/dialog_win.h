@@ -28,9 +28,11 @@ class CWnd {
 class CDialog : public CWnd {
   public:
     /// From a dialog resource of the program. `parent` may be null.
-    explicit CDialog(UINT resourceId, CWnd* parent = nullptr);
+    explicit CDialog(UINT resourceId, CWnd* parent = nullptr)
+        : resourceId(resourceId), parent(parent) {}
     /// From a template in memory, which must outlive DoModal.
-    explicit CDialog(const DLGTEMPLATE* dialogTemplate, CWnd* parent = nullptr);
+    explicit CDialog(const DLGTEMPLATE* dialogTemplate, CWnd* parent = nullptr)
+        : dialogTemplate(dialogTemplate), parent(parent) {}
 
     /// Shows the dialog until EndDialog; returns the result given there, -1 when the dialog could
     /// not be created.
@@ -38,16 +40,16 @@ class CDialog : public CWnd {
 
   protected:
     /// Return true to let the dialog manager set the initial focus.
-    virtual bool OnInitDialog();
+    virtual bool OnInitDialog() { return true; }
     /// End the dialog with IDOK, IDCANCEL.
-    virtual void OnOK();
-    virtual void OnCancel();
+    virtual void OnOK() { EndDialog(IDOK); }
+    virtual void OnCancel() { EndDialog(IDCANCEL); }
     /// Messages and commands that are handled here; anything else is left to the dialog manager.
-    [[nodiscard]] virtual MessageMap GetMessageMap() const;
+    [[nodiscard]] virtual MessageMap GetMessageMap() const { return {}; }
 
-    void EndDialog(INT_PTR result);
+    void EndDialog(INT_PTR result) { ::EndDialog(m_hWnd, result); }
     /// Gives `control` the handle of the child window with this id. In OnInitDialog.
-    void BindControl(CWnd& control, int id);
+    void BindControl(CWnd& control, int id) { control.m_hWnd = GetDlgItem(m_hWnd, id); }
     /// Within a message handler: the message goes on to the dialog manager as if it had no
     /// handler. What the handler returns is then not looked at.
     LRESULT Default();
