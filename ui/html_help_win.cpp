@@ -46,15 +46,12 @@ std::string machineVariable(const std::string& name) {
     return variable.type == REG_SZ ? variable.text : std::string();
 }
 
-/// The path in the control's registration; empty when there is none. In the machine's half of the
-/// classes: HKEY_CLASSES_ROOT puts the user's, where any program may write, before it.
-std::string registeredPath() {
-    const RegistryText registration = machineText(controlKey, nullptr);
-    return registeredControlPath(registration.type, registration.text, machineVariable);
-}
-
+/// As registered in the machine's half of the classes, else the system's: HKEY_CLASSES_ROOT puts
+/// the user's half, where any program may write, before it.
 HMODULE loadControl() {
-    const std::string path = registeredPath();
+    const RegistryText registration = machineText(controlKey, nullptr);
+    const std::string path =
+        registeredControlPath(registration.type, registration.text, machineVariable);
     const HMODULE control = path.empty() ? nullptr : loadLibrary(path);
     return control != nullptr ? control : loadSystemLibrary("hhctrl.ocx");
 }
@@ -67,13 +64,9 @@ HtmlHelpControl::~HtmlHelpControl() {
     }
 }
 
-HtmlHelpControl::EntryPoint HtmlHelpControl::load() {
-    return procedureAddress<EntryPoint>(loadControl(), MAKEINTRESOURCEA(htmlHelpOrdinal));
-}
-
 void HtmlHelpControl::displayTopic(HWND owner, const std::string& file) {
     if (!entryPoint) {
-        entryPoint = load();
+        entryPoint = procedureAddress<EntryPoint>(loadControl(), MAKEINTRESOURCEA(htmlHelpOrdinal));
     }
     if (*entryPoint != nullptr) {
         (*entryPoint)(owner, file.c_str(), HH_DISPLAY_TOPIC, 0);

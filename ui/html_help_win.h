@@ -20,7 +20,5 @@ class HtmlHelpControl {
 
   private:
     using EntryPoint = HWND(WINAPI*)(HWND, const char*, UINT, DWORD_PTR);
-    static EntryPoint load();
-
     std::optional<EntryPoint> entryPoint;  ///< null within, where loading failed
 };
