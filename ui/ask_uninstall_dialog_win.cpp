@@ -43,7 +43,7 @@ bool CAskUninstallDlg::OnInitDialog() {
 
 MessageMap CAskUninstallDlg::GetMessageMap() const {
     static constexpr CommandEntry commands[] = {
-        onClicked<&CAskUninstallDlg::OnSkip>(IDNO),
+        onClicked<&CAskUninstallDlg::OnCancel>(IDNO),
         onClicked<&CAskUninstallDlg::OnConfirm>(IDYES),
         onClicked<&CAskUninstallDlg::OnSelectAll>(IDC_SELECT_ALL),
     };
@@ -62,10 +62,6 @@ void CAskUninstallDlg::OnCancel() {
     if (!confirmed) {
         CDialog::OnCancel();
     }
-}
-
-void CAskUninstallDlg::OnSkip() {
-    OnCancel();
 }
 
 void CAskUninstallDlg::OnConfirm() {

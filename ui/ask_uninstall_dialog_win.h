@@ -26,7 +26,6 @@ class CAskUninstallDlg : public CDialog {
     [[nodiscard]] MessageMap GetMessageMap() const override;
 
   private:
-    void OnSkip();
     void OnConfirm();
     void OnSelectAll();
 
