@@ -24,9 +24,7 @@ void FormatTimestamp(const SystemTime& time, std::string& text, bool readable, c
                                  time.hour, time.minute, time.second)
                     : formatText("%c%4d%02d%02d%02d%02d%02d", lead, time.year, time.month, time.day,
                                  time.hour, time.minute, time.second);
-    if (text.size() > maximumLength) {
-        text.resize(maximumLength);
-    }
+    text = text.substr(0, maximumLength);
 }
 
 std::string copyFailedLogLine(const SystemTime& time, const std::string& source,

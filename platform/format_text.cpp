@@ -29,6 +29,5 @@ std::string composeCut(std::initializer_list<std::string_view> parts) {
     for (const std::string_view part : parts) {
         text.append(part);
     }
-    text.resize(std::min(text.size(), maximumPathLength));
-    return text;
+    return text.substr(0, maximumPathLength);
 }
