@@ -45,7 +45,7 @@ class DescribedKey : public KeyReader {
             failures = *known;
         }
         if (values != nullptr) {
-            for (const auto& [name, value] : values->all()) {
+            for (const auto& value : *values) {
                 inOrder.push_back(&value);
             }
         }
@@ -100,14 +100,14 @@ class DescribedKey : public KeyReader {
         if (index >= inOrder.size()) {
             return errorNoMoreItems;
         }
-        const RegistryValue& value = *inOrder[index];
-        const std::uint32_t named = giveText(value.name, name, nameSize);
+        const auto& [ownName, value] = *inOrder[index];
+        const std::uint32_t named = giveText(ownName, name, nameSize);
         return named != errorSuccess ? named : giveData(value.data, data, dataSize);
     }
 
     [[nodiscard]] std::uint32_t queryValue(const char* name, std::uint32_t& type, char* data,
                                            std::uint32_t& size) const override {
-        const RegistryValue* const value = values == nullptr ? nullptr : values->find(name);
+        const RegistryValue* const value = values == nullptr ? nullptr : valueIn(*values, name);
         if (value == nullptr) {
             return errorFileNotFound;
         }
@@ -125,7 +125,7 @@ class DescribedKey : public KeyReader {
     const DescribedRegistry& registry;
     const std::string path;
     const RegistryValues* const values;  ///< null: the key itself is not there
-    std::vector<const RegistryValue*> inOrder;
+    std::vector<const RegistryValues::value_type*> inOrder;
     KeyFailures failures;
     std::vector<std::string> subkeys;  ///< their names, in the order of enumeration
 };
@@ -143,8 +143,8 @@ bool isBelow(std::string_view path, std::string_view parent) {
            equalIgnoringCase(path.substr(0, parent.size()), parent);
 }
 
-RegistryValue registryText(std::string name, std::string text) {
-    return {std::move(name), stringType, std::move(text) + '\0'};
+RegistryValue registryText(const std::string& text) {
+    return {stringType, text + '\0'};
 }
 
 std::unique_ptr<KeyReader> describedLocalMachine(const DescribedRegistry& registry) {

@@ -6,7 +6,6 @@
 #include <memory>
 #include <string>
 #include <string_view>
-#include <utility>
 
 #include "platform/ansi_text.h"
 #include "platform/registry_key.h"
@@ -19,34 +18,20 @@ template <class Map, class Key>
 }
 
 struct RegistryValue {
-    std::string name;  ///< empty for the key's default value
     std::uint32_t type = 0;
     std::string data;  ///< bytes, terminator included; of string types in the ANSI code page
 };
 
 /// Paths of keys in the order in which Windows enumerates keys, letter case ignored: every key
-/// stands directly in front of those below it.
+/// stands directly in front of those below it. Names of values too, of which Windows promises no
+/// order.
 struct KeyPathOrder {
     using is_transparent = void;
     [[nodiscard]] bool operator()(std::string_view left, std::string_view right) const;
 };
 
-/// A key's values, found by name in any letter case. Windows promises no order of them.
-class RegistryValues {
-  public:
-    /// In place of one of its name.
-    void set(RegistryValue value) { values[lowerCase(value.name)] = std::move(value); }
-    void remove(std::string_view name) { values.erase(lowerCase(name)); }
-    /// Null where there is none.
-    [[nodiscard]] const RegistryValue* find(std::string_view name) const {
-        return valueIn(values, lowerCase(name));
-    }
-    /// By name in lower case.
-    [[nodiscard]] const std::map<std::string, RegistryValue>& all() const { return values; }
-
-  private:
-    std::map<std::string, RegistryValue> values;
-};
+/// A key's values by their name, which is empty for the default value.
+using RegistryValues = std::map<std::string, RegistryValue, KeyPathOrder>;
 
 /// Keys below HKEY_LOCAL_MACHINE by their path.
 using RegistryKeys = std::map<std::string, RegistryValues, KeyPathOrder>;
@@ -55,7 +40,7 @@ using RegistryKeys = std::map<std::string, RegistryValues, KeyPathOrder>;
 [[nodiscard]] bool isBelow(std::string_view path, std::string_view parent);
 
 /// A terminated text.
-[[nodiscard]] RegistryValue registryText(std::string name, std::string text);
+[[nodiscard]] RegistryValue registryText(const std::string& text);
 
 /// Where reading a key fails, and with which Windows error code; 0: nowhere.
 struct KeyFailures {

@@ -11,11 +11,6 @@ std::string text(const Json& object, const char* name) {
     return object.value(name, "");
 }
 
-/// The text with every line set in behind `start`.
-std::string lines(const std::string& text, const std::string& start) {
-    return start + replaceAll(text, "\n", "\n" + start, false) + '\n';
-}
-
 std::string commandLine(const Json& call) {
     const std::string arguments = text(call, "arguments");
     return text(call, "program") + (arguments.empty() ? "" : " ") + arguments;
@@ -27,7 +22,7 @@ std::string dialogInWords(const Json& dialog) {
     std::string words = margin + '"' + text(dialog, "title") + '"' + icon + '\n';
     bool isFirst = true;
     for (const std::string part : dialog["texts"]) {
-        words += lines(part, margin + "| ");
+        words += margin + "| " + replaceAll(part, "\n", '\n' + margin + "| ", false) + '\n';
         for (const std::string row : isFirst ? dialog["rows"] : Json()) {
             words += margin + "|   [x] " + row + '\n';
         }

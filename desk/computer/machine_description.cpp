@@ -14,6 +14,7 @@ namespace {
 // VER_NT_SERVER of winnt.h, and of the documentation of GetVersionEx.
 constexpr std::uint8_t productTypeServer = 3;
 constexpr std::size_t longestServicePack = 127;
+constexpr char usualRelease[] = "Windows 7";
 
 constexpr std::string_view softwareKey = "SOFTWARE";
 /// Where Windows keeps what 32-bit programs see as that key.
@@ -86,17 +87,15 @@ void readExport(std::string_view content, const std::string& name, bool bitsKnow
         machine.notes.emplace_back(
             "The export holds no \"Wow6432Node\" and is taken for the view of 32-bit programs.");
     }
-    for (const auto& key : exported) {
+    for (auto& key : exported) {
         std::string path = key.first;
         if (isRedirected(key)) {
             path.replace(0, redirectedKey.size(), softwareKey);
         } else if (bothViews && isBelow(path, softwareKey)) {
             continue;
         }
-        RegistryValues& kept = machine.registry[path];
-        for (const auto& [known, value] : key.second.all()) {
-            kept.set(value);
-        }
+        key.second.merge(machine.registry[path]);
+        machine.registry[path].swap(key.second);
     }
 }
 
@@ -119,7 +118,7 @@ void addKeys(const Json& document, const char* list, RegistryKeys& keys,
         RegistryValues& values = keys[parent + fromUtf8(object.value("key", numbered))];
         for (const auto& [name, value] : object.items()) {
             if (name != "key" && name != "older") {
-                values.set(registryText(name, fromUtf8(value.get<std::string>())));
+                values[name] = registryText(fromUtf8(value.get<std::string>()));
             }
         }
     }
@@ -143,8 +142,6 @@ MachineDescription fromJson(const Json& document, const fs::path& folder, Machin
         requireMembers(windows, "\"windows\"",
                        {"platform", "major", "minor", "server", "homeServer", "r2"});
         setRelease(windows, machine);
-        machine.windows = "Windows that reports " + std::to_string(machine.facts.majorVersion) +
-                          "." + std::to_string(machine.facts.minorVersion);
     }
     machine.facts.servicePack =
         fromUtf8(document.value("servicePack", "")).substr(0, longestServicePack);
@@ -169,13 +166,12 @@ MachineDescription fromJson(const Json& document, const fs::path& folder, Machin
 }  // namespace
 
 MachineDescription emptyMachine(const MachineChoices& choices) {
-    const std::string wanted = choices.windows.empty() ? "Windows 7" : choices.windows;
+    const std::string wanted = choices.windows.empty() ? usualRelease : choices.windows;
     std::vector<std::string> known;
     for (const Json& release : releases()) {
         const std::string name = release["name"];
         if (equalIgnoringCase(name, wanted)) {
             MachineDescription machine;
-            machine.windows = name;
             setRelease(release, machine);
             setBits(choices.bits != 0 ? choices.bits : release.value("bits", 64), machine);
             return machine;
@@ -193,7 +189,7 @@ MachineDescription readMachine(const std::string& file, MachineChoices choices) 
             machine = emptyMachine(choices);
             if (choices.windows.empty()) {
                 machine.notes.push_back("An export does not tell the release; it is taken for " +
-                                        machine.windows + ".");
+                                        std::string(usualRelease) + '.');
             }
             readExport(content, "the export", choices.bits != 0, machine);
         } else {

@@ -10,7 +10,6 @@
 
 struct MachineDescription {
     std::string name;            ///< what a page calls it, UTF-8
-    std::string windows;         ///< how the description calls the release
     OperatingSystemFacts facts;  ///< what Windows answers to the installer
     bool is64Bit = true;
     bool administrator = true;

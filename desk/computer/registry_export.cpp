@@ -88,7 +88,7 @@ class Reader {
         if (path.empty() || path.front() == ';') {
             return true;
         }
-        values = nullptr;
+        values = &others;
         if (!path.starts_with('[') || !path.ends_with(']') || path.size() > longestPath) {
             return false;
         }
@@ -113,8 +113,9 @@ class Reader {
 
     /// Texts in quotes and lists of bytes go over several lines.
     bool readValue() {
+        std::string name;
         RegistryValue value;
-        if ((!take('@') && !takeQuoted(value.name)) || !take('=')) {
+        if ((!take('@') && !takeQuoted(name)) || !take('=')) {
             return false;
         }
         if (rest.starts_with('"')) {
@@ -122,7 +123,7 @@ class Reader {
             if (!takeQuoted(content)) {
                 return false;
             }
-            value = registryText(value.name, content);
+            value = registryText(content);
         } else {
             std::string data(line());
             while (data.ends_with('\\') && rest.find('\n') < rest.size() - 1) {
@@ -131,18 +132,14 @@ class Reader {
                 data += line();
             }
             if (data == "-") {
-                if (values != nullptr) {
-                    values->remove(value.name);
-                }
+                values->erase(name);
                 return true;
             }
             if (!readData(data, value)) {
                 return false;
             }
         }
-        if (values != nullptr) {
-            values->set(std::move(value));
-        }
+        (*values)[name] = std::move(value);
         return true;
     }
 
@@ -203,7 +200,8 @@ class Reader {
     std::string_view rest;
     RegistryKeys& keys;
     std::vector<std::string>& problems;
-    RegistryValues* values = nullptr;  ///< of the current key; null: passed over
+    RegistryValues others;             ///< of all that is passed over
+    RegistryValues* values = &others;  ///< of the current key
 };
 
 }  // namespace

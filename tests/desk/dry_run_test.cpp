@@ -9,7 +9,7 @@ using Texts = std::map<std::string, std::string>;
 
 void addKey(MachineDescription& machine, const std::string& path, const Texts& texts) {
     for (const auto& [name, text] : texts) {
-        machine.registry[path].set(registryText(name, text));
+        machine.registry[path][name] = registryText(text);
     }
 }
 

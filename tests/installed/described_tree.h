@@ -22,7 +22,7 @@ inline InstallationRecord sampleRecord() {
 
 inline void setText(DescribedMachine& machine, const std::string& key, const std::string& name,
                     const std::string& text) {
-    machine.registry.keys[key].set(registryText(name, text));
+    machine.registry.keys[key][name] = registryText(text);
 }
 
 /// As an installation would.

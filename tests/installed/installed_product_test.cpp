@@ -23,7 +23,7 @@ void setEntry(DescribedMachine& machine, const std::string& key, const std::stri
 EntryState stateWith(const std::string& name, std::uint32_t type, const std::string& data) {
     DescribedMachine machine;
     setEntry(machine, "entry", "Halvick Viewer 12");
-    machine.registry.keys["entry"].set({name, type, data});
+    machine.registry.keys["entry"][name] = {type, data};
     std::unique_ptr<KeyReader> entry;
     EXPECT_EQ(machine.localMachine()->openSubkey("entry", entry), errorSuccess);
     InstalledProduct product;

@@ -34,7 +34,7 @@ TEST_F(KeyTreeWalk, TakesDataOfAnyTypeUpToTheirFirstZero) {
     for (const auto& row : rows) {
         machine.registry.keys.clear();
         setRecord(machine, "A");
-        machine.registry.keys["A"].set({"Lard", row.type, row.data});
+        machine.registry.keys["A"]["Lard"] = {row.type, row.data};
         EXPECT_EQ(walk("A") ? records.at(0).fields["Lard"] : "broken off", row.read)
             << "type " << row.type << ", " << row.data.substr(0, 9);
     }
@@ -46,7 +46,7 @@ TEST_F(KeyTreeWalk, ReachesEveryLeaf) {
         deep += "\\L";
     }
     const std::string longName(255, '\xE9');
-    machine.registry.keys["T\\B\\C"].set({"!", 3, std::string(1025, 'x')});  // a first: passed over
+    machine.registry.keys["T\\B\\C"]["!"] = {3, std::string(1025, 'x')};  // a first: passed over
     for (const std::string& key : {"T"s, "T\\A"s, "T\\B"s, "T\\B\\C"s, deep, "T\\E"s,
                                    "T\\" + longName, "T\\F"s, "T\\G"s, "T\\H\\I"s}) {
         setRecord(machine, key);

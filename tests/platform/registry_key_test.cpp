@@ -24,7 +24,7 @@ TEST(RegistryKey, ReadsTerminatedStringsOnly) {
                 {texts, "a\0b\0\0"s, "", errorInvalidData}};
     for (const auto& row : rows) {
         DescribedMachine machine;
-        machine.registry.keys["A"].set({"name", row.type, row.data});
+        machine.registry.keys["A"]["name"] = {row.type, row.data};
         std::unique_ptr<KeyReader> key;
         ASSERT_EQ(machine.localMachine()->openSubkey("A", key), errorSuccess);
         std::uint32_t size = 0;

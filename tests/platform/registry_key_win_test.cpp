@@ -56,7 +56,7 @@ TEST(RegistryKey, AnswersAsTheDescribedOne) {
                   {"f", REG_EXPAND_SZ, "%a%\0"s}};
     for (const auto& [name, type, data] : values) {
         machine.setValue("K", name, type, data);
-        described.registry.keys["K"].set({name, type, data});
+        described.registry.keys["K"][name] = {type, data};
     }
     for (const char* subkey : {"K\\one", "K\\two long name"}) {
         machine.createKey(subkey);

@@ -103,8 +103,8 @@ class ComputerMaker {
         }
     }
 
-    RegistryValue value(std::string name, std::string data) {
-        RegistryValue made = registryText(std::move(name), std::move(data));
+    RegistryValue value(const std::string& data) {
+        RegistryValue made = registryText(data);
         if (rarely()) {
             made.type = input.ConsumeIntegralInRange<std::uint32_t>(0, 11);
         }
@@ -129,12 +129,12 @@ class ComputerMaker {
         while (input.ConsumeBool()) {
             const std::string key = uninstallListKey + ("\\" + text());
             RegistryValues& values = registry.keys[key];
-            values.set(value("DisplayName", oneOf({protocolViewerName, testSuiteViewerName,
-                                                   "Halvick Tavlink Serial Analyzer", ""})));
-            values.set(value("DisplayVersion", oneOf({"11.0.0.0", "10.0.0.0", "12.1", ""})));
+            values["DisplayName"] = value(oneOf(
+                {protocolViewerName, testSuiteViewerName, "Halvick Tavlink Serial Analyzer", ""}));
+            values["DisplayVersion"] = value(oneOf({"11.0.0.0", "10.0.0.0", "12.1", ""}));
             const std::string program = oneOf({"C:\\v\\setup.exe", "C:\\v\\uninst.exe", ""});
-            values.set(value("UninstallString", program + oneOf({"", " /x", "\" /x"})));
-            values.set(value("InstallLocation", oneOf({"C:\\v", "C:\\v\\", ""})));
+            values["UninstallString"] = value(program + oneOf({"", " /x", "\" /x"}));
+            values["InstallLocation"] = value(oneOf({"C:\\v", "C:\\v\\", ""}));
             failSometimes(registry, key);
         }
     }
@@ -145,10 +145,10 @@ class ComputerMaker {
             const std::string key = tree + text();
             for (const char* const name :
                  {"Product Id", "Product Name", "Seinda", "Temp Reference", "Path"}) {
-                registry.keys[key].set(value(name, "x"));
+                registry.keys[key][name] = value("x");
             }
-            registry.keys[key].set(value("Program Folder", oneOf({"Halvick Tavlink Serial Analyzer",
-                                                                  "Bluetooth SIG", "x"})));
+            registry.keys[key]["Program Folder"] =
+                value(oneOf({"Halvick Tavlink Serial Analyzer", "Bluetooth SIG", "x"}));
             failSometimes(registry, key);
         }
     }
@@ -195,11 +195,11 @@ bool mayRun(const RunStep& step, const DescribedMachine& machine,
         program.find("\\Halvick Test System II\\Drivers\\") != std::string::npos) {
         return true;
     }
-    return std::any_of(machine.registry.keys.begin(), machine.registry.keys.end(),
-                       [&](const auto& key) {
-                           const RegistryValue* const command = key.second.find("UninstallString");
-                           return command != nullptr && command->data.starts_with(program);
-                       });
+    return std::any_of(
+        machine.registry.keys.begin(), machine.registry.keys.end(), [&](const auto& key) {
+            const RegistryValue* const command = valueIn(key.second, "UninstallString");
+            return command != nullptr && command->data.starts_with(program);
+        });
 }
 
 void requireOrder(const DescribedMachine& machine, const CInstallApp& app) {

@@ -128,7 +128,7 @@ Given extractionTool(const std::string& report) {
 }
 
 Given registered(const std::string& key, const std::string& name, const std::string& text) {
-    return [=] { onStage->registry.keys[key].set(registryText(name, text)); };
+    return [=] { onStage->registry.keys[key][name] = registryText(text); };
 }
 
 Given release(const std::string& name) {
