@@ -189,15 +189,13 @@ void stampImage(std::string& image, std::string_view code, std::string_view name
     setShort(image, executable.checksumField() + 2, checksum >> 16);
 }
 
-bool readStamp(std::string_view image, std::string& code, std::string& name) {
-    const std::optional<std::size_t> offset = findBlock(image);
-    if (offset) {
-        StampedIdentity block;
+ProductIdentity readStamp(std::string_view image) {
+    StampedIdentity block{};
+    if (const std::optional<std::size_t> offset = findBlock(image)) {
         std::memcpy(&block, image.data() + *offset, sizeof block);
-        code.assign(block.productCode, strnlen(block.productCode, sizeof block.productCode));
-        name.assign(block.productName, strnlen(block.productName, sizeof block.productName));
     }
-    return offset.has_value();
+    return {{block.productCode, strnlen(block.productCode, sizeof block.productCode)},
+            {block.productName, strnlen(block.productName, sizeof block.productName)}};
 }
 
 ProductStamp chooseStamp(const std::string& code, const std::string& name,

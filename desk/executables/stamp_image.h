@@ -25,8 +25,8 @@
 void stampImage(std::string& image, std::string_view code, std::string_view name,
                 std::string_view build = {});
 
-/// Reads the block. False when the image does not hold it exactly once.
-bool readStamp(std::string_view image, std::string& code, std::string& name);
+/// Reads the block; empty texts when the image does not hold it exactly once.
+[[nodiscard]] ProductIdentity readStamp(std::string_view image);
 
 /// A text of the version resource, such as "ProductName", without blanks at its end and with "?"
 /// for characters that are not ASCII. Nothing when the image does not hold it.

@@ -51,9 +51,8 @@ fs::path findInstaller(const fs::path& folder) {
     std::vector<fs::path> found;
     for (const fs::path& file : entriesIn(folder)) {
         std::error_code ignored;
-        std::string code, name;
         if (isExecutable(file) && fs::file_size(file, ignored) <= largestInstaller &&
-            readStamp(readWholeFile(file).value_or(""), code, name)) {
+            !readStamp(readWholeFile(file).value_or("")).code.empty()) {
             found.push_back(file);
         }
     }

@@ -30,8 +30,8 @@ class Examination {
         if (!fs::is_directory(folder, failure)) {
             throw Refusal(inQuotes(folder) + " is not a folder.");
         }
-        auto& [code, name] = media.identity;
-        if (!readStamp(image, code, name) || code.empty()) {
+        media.identity = readStamp(image);
+        if (media.identity.code.empty()) {
             problem(
                 "The executable is not a stamped installer; \"installer-tool stamp\" makes one.");
         } else {

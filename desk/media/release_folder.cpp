@@ -46,8 +46,8 @@ Json billedComponents(const fs::path& folder, std::vector<FileProblem>& problems
 
 template <class Add>
 void examineStamp(const std::string& image, const ProductFacts& facts, Add add) {
-    std::string code, name;
-    if (!readStamp(image, code, name) || code.empty()) {
+    const auto [code, name] = readStamp(image);
+    if (code.empty()) {
         add("is not stamped; make it with \"installer-tool stamp\"");
         return;
     }

@@ -45,10 +45,8 @@ TEST(StampImage, FillsTheBlockAndTheChecksum) {
     EXPECT_EQ(image, expected);
 
     const std::string longest(103, 'n');
-    std::string code, name;
     stampImage(image, "1234567", longest);
-    EXPECT_TRUE(readStamp(image, code, name));
-    EXPECT_EQ(code + name, "1234567" + longest);
+    EXPECT_EQ(readStamp(image).code + readStamp(image).name, "1234567" + longest);
 }
 
 // The program's own block, without a terminator, as another tool might fill it.

@@ -37,23 +37,20 @@ int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
         }
     }
     const std::string before = image;
-    std::string readCode = "old", readName = "old";
     try {
         stampImage(image, code, name);
     } catch (const Refusal&) {
         require(image == before);
-        readStamp(image, readCode, readName);
+        std::ignore = readStamp(image);
         return 0;
     }
     require(image.size() == before.size());
     require(!code.empty() && code.size() < 8 && !name.empty() && name.size() < 104);
-    if (readStamp(image, readCode, readName)) {
-        require(readCode == code && readName == name);
-    } else {
-        // A name can hold the marker itself.
-        require(name.find(std::string_view(stampMarker, sizeof stampMarker)) !=
-                std::string_view::npos);
-    }
+    const ProductIdentity read = readStamp(image);
+    // A name can hold the marker itself.
+    require(read.code.empty()
+                ? name.find(std::string_view(stampMarker, sizeof stampMarker)) != std::string::npos
+                : read.code == code && read.name == name);
     std::string again = image;
     try {
         stampImage(again, code, name);
