@@ -40,15 +40,12 @@ std::string convert(std::string_view text, const char* from, const char* to, std
 
 CodePage westernCodePage() {
     CodePage page = asciiCodePage;
-    for (unsigned upper = 0xC0; upper <= 0xDE; ++upper) {
-        if (upper != 0xD7) {  // the multiplication sign
-            page.lower[upper] = static_cast<unsigned char>(upper + 0x20);
-        }
+    const std::string capital = fromUtf8("ŠŒŽŸÀÁÂÃÄÅÆÇÈÉÊËÌÍÎÏÐÑÒÓÔÕÖØÙÚÛÜÝÞ");
+    const std::string small = fromUtf8("šœžÿàáâãäåæçèéêëìíîïðñòóôõöøùúûüýþ");
+    for (std::size_t index = 0; index < capital.size(); ++index) {
+        page.lower[static_cast<unsigned char>(capital[index])] =
+            static_cast<unsigned char>(small[index]);
     }
-    for (const unsigned upper : {0x8Au, 0x8Cu, 0x8Eu}) {
-        page.lower[upper] = static_cast<unsigned char>(upper + 0x10);
-    }
-    page.lower[0x9F] = 0xFF;
     return page;
 }
 

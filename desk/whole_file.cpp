@@ -7,6 +7,7 @@
 #include <fstream>
 #include <memory>
 #include <random>
+#include <regex>
 #include <system_error>
 
 #include "platform/ansi_text.h"
@@ -98,13 +99,8 @@ Json readJson(const std::string& file) {
 
 std::string reasonOf(const std::exception& error) {
     // "[json.exception.parse_error.101] parse error at line 1, column 2: ...", "[...] (/bits) ..."
-    std::string reason = error.what();
-    for (const std::string_view prefix : {"[json.exception.", "parse error at "}) {
-        if (reason.starts_with(prefix)) {
-            reason.erase(0, prefix.front() == '[' ? reason.find(' ') + 1 : prefix.size());
-        }
-    }
-    return reason;
+    static const std::regex prefix(R"(^\[json\.exception\.\S+ (parse error at )?)");
+    return std::regex_replace(error.what(), prefix, "");
 }
 
 FileSummary summarize(const std::string& file) {
