@@ -1,8 +1,7 @@
 // Times the discovery and the index against bare loops of the same reads, on a scratch registry.
-// Prints a line for each: the medians of ours, of the bare loop, in milliseconds, and of the
-// ratios. Then the most memory that the discovery held at a time, in bytes: with a tenth of the
-// entries and the same number of products to report, with all entries, and with ten times as many
-// to report.
+// Prints five lines for each, the milliseconds of ours and of the bare loop. Then the most memory
+// that the discovery held at a time, in bytes: with a tenth of the entries and the same number of
+// products to report, with all entries, and with ten times as many to report.
 #include <windows.h>
 
 #include <malloc.h>
@@ -156,19 +155,14 @@ void readRecordsBarely() {
 /// Alternates the two, so that what else the machine does falls on both.
 template <class Measured, class Bare>
 void compare(Measured measured, Bare bare) {
-    std::vector<double> measuredTimes;
-    std::vector<double> bareTimes;
-    std::vector<double> ratios;
     for (int run = 0; run < runCount; ++run) {
-        const Stopwatch bareTime;
+        const auto beforeBare = std::chrono::steady_clock::now();
         bare();
-        bareTimes.push_back(bareTime.milliseconds());
-        const Stopwatch measuredTime;
+        const double bareTime = millisecondsSince(beforeBare);
+        const auto before = std::chrono::steady_clock::now();
         measured();
-        measuredTimes.push_back(measuredTime.milliseconds());
-        ratios.push_back(measuredTimes.back() / bareTimes.back());
+        std::printf("%.2f %.2f\n", millisecondsSince(before), bareTime);
     }
-    std::printf("%.2f %.2f %.3f\n", median(measuredTimes), median(bareTimes), median(ratios));
 }
 
 /// The most memory that the discovery of so many products held at a time.
@@ -183,7 +177,14 @@ std::size_t discoveryMemory(std::size_t expectedCount) {
     return mostHeldMemory - heldBefore;
 }
 
-void run() {
+}  // namespace
+
+int main() {
+    // A path without a drive, as records have it, is looked for on the drive of the current folder.
+    SetCurrentDirectoryA("C:\\");
+    HKEY scratch = nullptr;
+    RegCreateKeyA(HKEY_CURRENT_USER, scratchKey, &scratch);
+    RegOverridePredefKey(HKEY_LOCAL_MACHINE, scratch);
     Machine& machine = windowsMachine();
     fillUninstallList(0, ownEntryCount, ownName);
     fillUninstallList(ownEntryCount, entryCount / 10, otherName);
@@ -208,17 +209,6 @@ void run() {
     const std::size_t memoryOfAll = discoveryMemory(ownEntryCount);
     fillUninstallList(ownEntryCount, 10 * ownEntryCount, ownName);
     std::printf("%u %u %u\n", memoryOfFew, memoryOfAll, discoveryMemory(10 * ownEntryCount));
-}
-
-}  // namespace
-
-int main() {
-    // A path without a drive, as records have it, is looked for on the drive of the current folder.
-    SetCurrentDirectoryA("C:\\");
-    HKEY scratch = nullptr;
-    RegCreateKeyA(HKEY_CURRENT_USER, scratchKey, &scratch);
-    RegOverridePredefKey(HKEY_LOCAL_MACHINE, scratch);
-    run();
     RegOverridePredefKey(HKEY_LOCAL_MACHINE, nullptr);
     RegCloseKey(scratch);
     SHDeleteKeyA(HKEY_CURRENT_USER, scratchKey);

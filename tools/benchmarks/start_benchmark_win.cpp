@@ -3,8 +3,7 @@
 //   start_benchmark dialog|launch ROUNDS COMMAND...
 //
 // Every round runs each command once, so that what else the machine does falls on all of them.
-// Prints a line for each command: the median in milliseconds, and the median of the ratios, round
-// by round, of the first command's time to this one's.
+// Prints a line for each round: the milliseconds of each command.
 #include <cstdio>
 #include <cstdlib>
 #include <string>
@@ -67,10 +66,10 @@ class Process {
 };
 
 double timeToDialog(const std::string& command) {
-    const Stopwatch stopwatch;
+    const auto before = std::chrono::steady_clock::now();
     const Process process(command);
     const HWND dialog = process.awaitDialog();
-    const double time = stopwatch.milliseconds();
+    const double time = millisecondsSince(before);
     PostMessageA(dialog, WM_COMMAND, IDCANCEL, 0);
     process.awaitEnd();
     return time;
@@ -78,12 +77,12 @@ double timeToDialog(const std::string& command) {
 
 double timeToLaunch(const std::string& command) {
     static const HANDLE launched = CreateEventA(nullptr, FALSE, FALSE, launchEvent);
-    const Stopwatch stopwatch;
+    const auto before = std::chrono::steady_clock::now();
     const Process process(command);
     if (WaitForSingleObject(launched, deadline) != WAIT_OBJECT_0) {
         fail("no launch");
     }
-    const double time = stopwatch.milliseconds();
+    const double time = millisecondsSince(before);
     process.awaitEnd();
     return time;
 }
@@ -97,24 +96,17 @@ int main(int count, char** arguments) {
     const auto measure = std::string_view(arguments[1]) == "dialog" ? timeToDialog : timeToLaunch;
     const int rounds = std::atoi(arguments[2]);
     const std::vector<std::string> commands(arguments + 3, arguments + count);
-    std::vector<std::vector<double>> times(commands.size());
+    std::vector<double> times(commands.size());
     // The first round fills the caches of the file system.
     for (int round = 0; round <= rounds; ++round) {
         for (std::size_t turn = 0; turn < commands.size(); ++turn) {
             // Each follows each: the end of the one before reaches into the next.
             const std::size_t command = (static_cast<std::size_t>(round) + turn) % commands.size();
-            const double time = measure(commands[command]);
-            if (round > 0) {
-                times[command].push_back(time);
-            }
+            times[command] = measure(commands[command]);
         }
-    }
-    for (const std::vector<double>& own : times) {
-        std::vector<double> ratios;
-        for (std::size_t round = 0; round < own.size(); ++round) {
-            ratios.push_back(times.front()[round] / own[round]);
+        for (std::size_t command = 0; round > 0 && command < commands.size(); ++command) {
+            std::printf("%.2f%c", times[command], command + 1 < commands.size() ? ' ' : '\n');
         }
-        std::printf("%.2f %.3f\n", median(own), median(ratios));
     }
     return 0;
 }

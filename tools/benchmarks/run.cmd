@@ -1,0 +1,8 @@
+@echo off
+rem scripts/benchmark.py puts a number for ROUNDS.
+echo start_benchmark dialog
+"%~dp0start_benchmark.exe" dialog ROUNDS "%~dp0media\04.exe -dir %~dp0media" "%~dp0bare_dialog.exe" "%~dp0empty_dialog.exe" "%~dp0media\same_dialog.exe" >>"%~dp0report.txt" 2>&1
+echo start_benchmark launch
+"%~dp0start_benchmark.exe" launch ROUNDS "%~dp0media\1q.exe -dir %~dp0media" "%~dp0bare_launch.exe %~dp0media\Setup.Exe" "%~dp0media\same_launch.exe" >>"%~dp0report.txt" 2>&1
+echo registry_benchmark
+"%~dp0registry_benchmark.exe" >>"%~dp0report.txt" 2>&1
