@@ -18,7 +18,6 @@ import os
 import pathlib
 import random
 import re
-import shlex
 import subprocess
 import sys
 
@@ -26,10 +25,6 @@ ROOT = pathlib.Path(__file__).resolve().parent.parent
 TREE = ROOT / "build" / "mutation"
 BUILD = TREE / "build" / "host"
 FOLDERS = ("app", "catalogue", "desk", "drivers", "framework", "installed", "platform", "ui")
-# No test is run with them that only the desk's programs or a browser could fail.
-DESK_TESTS = "desk|guide_outputs"
-LEFT_OUT = "page"
-TIME_LIMIT = 60  # seconds for a test; a break may make it wait for ever
 
 # Comments, preprocessor lines and texts in quotes are left alone.
 HIDDEN = re.compile(
@@ -104,58 +99,47 @@ def find_breaks(file, source):
     return [Break(file, *change) for change in sorted(changes()) if source[change[0] : change[1]] != change[2]]
 
 
-def run(*command, **environment):
-    """Whether a command succeeded, and what it said."""
-    result = subprocess.run(command, cwd=TREE, env=os.environ | environment, stdin=subprocess.DEVNULL,
-                            stdout=subprocess.PIPE, stderr=subprocess.STDOUT, text=True, errors="replace")  # fmt: skip
-    return result.returncode == 0, result.stdout
+def run(*command):
+    return subprocess.run(command, cwd=TREE, stdin=subprocess.DEVNULL, stdout=subprocess.PIPE,
+                          stderr=subprocess.STDOUT, text=True, errors="replace", check=False)  # fmt: skip
 
 
-def must(*command, **environment):
-    passed, said = run(*command, **environment)
-    if not passed:
-        sys.exit(f"mutate: FAILED without any break: {' '.join(map(str, command))}\n{said[-3000:]}")
+def must(*command):
+    result = run(*command)
+    if result.returncode != 0:
+        sys.exit(f"mutate: FAILED without any break: {' '.join(map(str, command))}\n{result.stdout[-3000:]}")
 
 
 def tests_of(file):
-    """The command that runs the tests of a file until one fails."""
-    left_out = LEFT_OUT if file.startswith("desk/") else f"{LEFT_OUT}|{DESK_TESTS}"
-    return ("ctest", "--test-dir", BUILD, "--stop-on-failure", "--timeout", str(TIME_LIMIT),
+    """The command that runs the tests of a file until one fails or waits for ever, without those that
+    only the desk's programs or a browser could fail."""
+    left_out = "page" if file.startswith("desk/") else "page|desk|guide_outputs"
+    return ("ctest", "--test-dir", BUILD, "--stop-on-failure", "--timeout", "60",
             "--exclude-regex", f"^({left_out})$")  # fmt: skip
 
 
-def commands():
-    """The command that compiles each source that is built."""
+def objects():
+    """The object file of each source that is built."""
     entries = json.loads((BUILD / "compile_commands.json").read_text(encoding="utf-8"))
-    made = {os.path.relpath(entry["file"], TREE): shlex.split(entry["command"]) for entry in entries}
-    return {file: command for file, command in made.items() if (BUILD / command[command.index("-o") + 1]).exists()}
+    return {os.path.relpath(entry["file"], TREE): BUILD / re.search(r" -o (\S+)", entry["command"])[1]
+            for entry in entries}  # fmt: skip
 
 
-def optimised(command):
-    """The bytes that an optimising compiler makes of a source; nothing when it does not compile."""
-    output = TREE / "build" / "optimised.o"
-    command = command.copy()
-    command[command.index("-o") + 1] = str(output)
-    compiled = subprocess.run([*command, "-O2"], cwd=BUILD, capture_output=True, check=False)
-    return output.read_bytes() if compiled.returncode == 0 else b""
-
-
-def outcome(change, source, command, sound):
-    """What becomes of one break; `sound`: the optimised code without it."""
+def outcome(change, source, made, sound):
+    """What becomes of one break; `made`: the object file, `sound`: what it is without the break."""
     path = TREE / change.file
     path.write_text(source[: change.start] + change.after + source[change.end :], encoding="utf-8")
     try:
-        broken = optimised(command)
-        if broken in (b"", sound):
-            return "without effect" if broken else "not compiled"
-        if not run("ninja", "-C", BUILD)[0]:
+        if run("ninja", "-C", BUILD).returncode != 0:
             return "not compiled"
-        return "unseen" if run(*tests_of(change.file), GTEST_FAIL_FAST="1")[0] else "seen"
+        if made.read_bytes() == sound:
+            return "without effect"
+        return "unseen" if run(*tests_of(change.file)).returncode == 0 else "seen"
     finally:
         path.write_text(source, encoding="utf-8")
 
 
-def parse_options():
+def main():
     parser = argparse.ArgumentParser(description=__doc__, formatter_class=argparse.RawDescriptionHelpFormatter)
     parser.add_argument("--count", type=int, default=100, metavar="N",
                         help="so many breaks that count, chosen at random; 0: all (default: 100)")
@@ -164,11 +148,7 @@ def parse_options():
     parser.add_argument("--list", action="store_true", help="print the breaks, try none")
     parser.add_argument("--minimum", type=float, default=85, metavar="PERCENT",
                         help="fail when fewer are seen (default: 85)")
-    return parser.parse_args()  # fmt: skip
-
-
-def main():
-    options = parse_options()
+    options = parser.parse_args()  # fmt: skip
     sources = {}
     for folder in options.folder or FOLDERS:
         place = ROOT / folder
@@ -192,19 +172,18 @@ def main():
     lock = open(f"{TREE}.lock", "w", encoding="utf-8")
     fcntl.flock(lock, fcntl.LOCK_EX)
     must("rsync", "-rpc", "--delete-after", "--filter=:- .gitignore", "--exclude=.git", f"{ROOT}/", TREE)
+    os.environ |= {"CMAKE_CXX_COMPILER_LAUNCHER": "", "GTEST_FAIL_FAST": "1"}
     must("cmake", "--preset", "host", "-DINSTALLER_SANITIZE=OFF", "-DCMAKE_BUILD_TYPE=",
-         "-DCMAKE_CXX_FLAGS=-O0 -w -D_GLIBCXX_ASSERTIONS", "-DCMAKE_CXX_COMPILER_LAUNCHER=",
-         CMAKE_CXX_COMPILER_LAUNCHER="")  # fmt: skip
+         "-DCMAKE_CXX_FLAGS=-O2 -w -D_GLIBCXX_ASSERTIONS", "-DCMAKE_CXX_COMPILER_LAUNCHER=")  # fmt: skip
     must("ninja", "-C", BUILD)
     must(*tests_of("desk/"))
-    made, sound, counts = commands(), {}, collections.Counter()
+    made, counts = objects(), collections.Counter()
+    sound = {file: made[file].read_bytes() for file in sources if file in made}
     for change in breaks:
-        if change.file not in made:  # not built natively after all
+        if change.file not in sound:  # not built natively after all
             continue
         if options.count and counts["seen"] + counts["unseen"] >= options.count:
             break
-        if change.file not in sound:
-            sound[change.file] = optimised(made[change.file])
         result = outcome(change, sources[change.file], made[change.file], sound[change.file])
         counts[result] += 1
         counts[change.file.split("/")[0], result] += 1
