@@ -1,5 +1,6 @@
 # The compiler and linker options of every target, as one interface library.
 add_library(build_options INTERFACE)
+target_include_directories(build_options INTERFACE ${PROJECT_SOURCE_DIR})
 
 # Errors only where no warning is expected: a compiler that we have not tried may have new ones.
 set(compiler "${CMAKE_CXX_COMPILER_ID} ${CMAKE_CXX_COMPILER_VERSION}")

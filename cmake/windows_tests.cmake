@@ -1,5 +1,4 @@
-# add_windows_test(NAME COMMAND target argument... [TIMEOUT seconds] [FIXTURES name...]
-#                  [ENVIRONMENT name=value...])
+# add_windows_test(NAME COMMAND target argument... [FIXTURES name...] [ENVIRONMENT name=value...])
 #
 # Elsewhere than on Windows the test runs under Wine, once in a 64-bit and once in a 32-bit prefix,
 # each a fresh copy that no other test sees; 64-bit programs run in one that has nothing of 32 bits. On
@@ -13,10 +12,7 @@ else()
 endif()
 
 function(add_windows_test name)
-  cmake_parse_arguments(PARSE_ARGV 1 test "" TIMEOUT "COMMAND;FIXTURES;ENVIRONMENT")
-  if(NOT test_TIMEOUT)
-    set(test_TIMEOUT 300)
-  endif()
+  cmake_parse_arguments(PARSE_ARGV 1 test "" "" "COMMAND;FIXTURES;ENVIRONMENT")
   list(POP_FRONT test_COMMAND program)
   foreach(prefix IN LISTS WINDOWS_TEST_PREFIXES)
     set(launcher ${PROJECT_SOURCE_DIR}/scripts/prefix.sh run ${prefix})
@@ -29,7 +25,7 @@ function(add_windows_test name)
     endif()
     add_test(NAME ${name}.${prefix} COMMAND ${launcher} $<TARGET_FILE:${program}> ${test_COMMAND})
     set_tests_properties(${name}.${prefix} PROPERTIES
-      TIMEOUT ${test_TIMEOUT} RESOURCE_LOCK "${lock}" LABELS "${label}"
+      TIMEOUT 300 RESOURCE_LOCK "${lock}" LABELS "${label}"
       FIXTURES_REQUIRED "${test_FIXTURES}" ENVIRONMENT "${test_ENVIRONMENT}")
   endforeach()
 endfunction()
