@@ -1,45 +1,34 @@
+#include <fuzzer/FuzzedDataProvider.h>
+
 #include <cstring>
 
-#include "app/environment.h"
 #include "platform/operating_system.h"
 #include "tools/fuzzers/fuzz_input.h"
 
-namespace {
-
-template <class Number>
-void take(Number& number, const std::uint8_t*& data, std::size_t& size) {
-    const std::size_t taken = size < sizeof number ? size : sizeof number;
-    std::memcpy(&number, data, taken);
-    data += taken;
-    size -= taken;
-}
-
-}  // namespace
-
 int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
+    FuzzedDataProvider input(data, size);
+    // Most are small; the largest stands for all that are not.
+    const auto number = [&input] {
+        const auto small = input.ConsumeIntegral<std::uint8_t>();
+        return small == 255 ? 0xFFFFFFFF : small;
+    };
     OperatingSystemFacts facts;
-    std::uint8_t flags = 0, bufferSize = 0;
-    take(flags, data, size);
-    take(bufferSize, data, size);
-    std::uint32_t queryError = 0, extendedQueryError = 0;
-    for (std::uint32_t* number :
-         {&queryError, &facts.platformId, &facts.majorVersion, &facts.minorVersion,
-          &extendedQueryError, &facts.extendedMajorVersion, &facts.extendedMinorVersion}) {
-        std::uint8_t small = 0;
-        take(small, data, size);
-        *number = small == 255 ? 0xFFFFFFFF : small;
+    if (input.ConsumeBool()) {
+        facts.queryError = number();
     }
-    if ((flags & 1) != 0) {
-        facts.queryError = queryError;
+    if (input.ConsumeBool()) {
+        facts.extendedQueryError = number();
     }
-    if ((flags & 2) != 0) {
-        facts.extendedQueryError = extendedQueryError;
+    for (std::uint32_t* version : {&facts.platformId, &facts.majorVersion, &facts.minorVersion,
+                                   &facts.extendedMajorVersion, &facts.extendedMinorVersion}) {
+        *version = number();
     }
-    take(facts.productType, data, size);
-    take(facts.suiteMask, data, size);
-    take(facts.nativeArchitecture, data, size);
-    take(facts.serverR2Metric, data, size);
-    facts.servicePack = asText(data, size);
+    facts.productType = input.ConsumeIntegral<std::uint8_t>();
+    facts.suiteMask = input.ConsumeIntegral<std::uint16_t>();
+    facts.nativeArchitecture = input.ConsumeIntegral<std::uint16_t>();
+    facts.serverR2Metric = input.ConsumeIntegral<int>();
+    const auto bufferSize = input.ConsumeIntegral<std::uint8_t>();
+    facts.servicePack = input.ConsumeRemainingBytesAsString();
 
     const OperatingSystemIdentity identity = identifyOperatingSystem(facts);
     require(identity.code >= -1 && identity.code <= operating_system_code::unknownNewer);

@@ -65,10 +65,6 @@ class ComputerMaker {
   private:
     bool rarely() { return input.ConsumeIntegral<std::uint8_t>() > 0xF0; }
     std::string text() { return input.ConsumeRandomLengthString(300); }
-    std::string oneOf(std::initializer_list<const char*> texts) {
-        return *(texts.begin() +
-                 input.ConsumeIntegralInRange<std::ptrdiff_t>(0, std::ssize(texts) - 1));
-    }
     std::string oneOf(std::initializer_list<std::string> texts) {
         return *(texts.begin() +
                  input.ConsumeIntegralInRange<std::ptrdiff_t>(0, std::ssize(texts) - 1));
