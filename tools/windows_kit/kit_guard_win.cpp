@@ -13,13 +13,12 @@
 #include <shlobj.h>
 #include <shlwapi.h>
 
-#include <algorithm>
 #include <cstdio>
-#include <cstring>
 #include <filesystem>
 #include <fstream>
-#include <iterator>
+#include <set>
 #include <string>
+#include <string_view>
 #include <vector>
 
 #include "catalogue/product_names.h"
@@ -60,12 +59,12 @@ std::vector<std::string> madeFolders() {
 
 /// Every value of the key and of the keys below it, a line each.
 void describe(HKEY parent, const std::string& name, REGSAM view, const std::string& path,
-              std::vector<std::string>& lines) {
+              std::set<std::string>& lines) {
     RegistryHandle key;
     if (RegOpenKeyExA(parent, name.c_str(), 0, KEY_READ | view, key.receive()) != ERROR_SUCCESS) {
         return;
     }
-    lines.push_back(path);
+    lines.insert(path);
     std::vector<char> text(32768), data(65536);
     for (DWORD index = 0;; ++index) {
         auto length = static_cast<DWORD>(text.size()), size = static_cast<DWORD>(data.size());
@@ -78,7 +77,7 @@ void describe(HKEY parent, const std::string& name, REGSAM view, const std::stri
         for (DWORD byte = 0; result == ERROR_SUCCESS && byte < size; ++byte) {
             line += data[byte] >= ' ' && data[byte] <= '~' ? data[byte] : '.';
         }
-        lines.push_back(line);
+        lines.insert(line);
     }
     for (DWORD index = 0;; ++index) {
         auto length = static_cast<DWORD>(text.size());
@@ -90,27 +89,21 @@ void describe(HKEY parent, const std::string& name, REGSAM view, const std::stri
     }
 }
 
-std::vector<std::string> installedPrograms() {
-    std::vector<std::string> lines;
+std::set<std::string> installedPrograms() {
+    std::set<std::string> lines;
     for (const REGSAM view : views) {
         describe(HKEY_LOCAL_MACHINE, uninstallListKey, view,
                  view == KEY_WOW64_32KEY ? "32-bit list" : "64-bit list", lines);
     }
-    std::sort(lines.begin(), lines.end());
-    lines.erase(std::unique(lines.begin(), lines.end()), lines.end());
     return lines;
 }
 
-bool mayWriteMachineKeys() {
-    RegistryHandle key;
-    return RegOpenKeyExA(HKEY_LOCAL_MACHINE, "Software", 0, KEY_CREATE_SUB_KEY, key.receive()) ==
-           ERROR_SUCCESS;
-}
-
 /// Why the tests must not run here, a line each.
-std::vector<std::string> objections(const std::vector<std::string>& programs) {
+std::vector<std::string> objections(const std::set<std::string>& programs) {
     std::vector<std::string> found;
-    if (!mayWriteMachineKeys()) {
+    RegistryHandle software;
+    if (RegOpenKeyExA(HKEY_LOCAL_MACHINE, "Software", 0, KEY_CREATE_SUB_KEY, software.receive()) !=
+        ERROR_SUCCESS) {
         found.emplace_back("these tests need an administrator: start run.cmd as one");
     }
     for (const std::string& line : programs) {
@@ -148,7 +141,7 @@ std::vector<std::string> objections(const std::vector<std::string>& programs) {
 }
 
 int before() {
-    const std::vector<std::string> programs = installedPrograms();
+    const std::set<std::string> programs = installedPrograms();
     const std::vector<std::string> found = objections(programs);
     for (const std::string& objection : found) {
         std::printf("REFUSED: %s\n", objection.c_str());
@@ -180,20 +173,19 @@ int after() {
             std::printf("left behind%s: %s\n", error ? "" : " and removed", folder.c_str());
         }
     }
-    std::vector<std::string> known;
+    std::set<std::string> known;
     for (std::string line; std::getline(file, line);) {
-        known.push_back(line);
+        known.insert(line);
     }
     file.close();
-    const std::vector<std::string> programs = installedPrograms();
+    const std::set<std::string> programs = installedPrograms();
     bool changed = false;
     const auto compare = [&changed](const char* change, const auto& these, const auto& those) {
-        std::vector<std::string> lines;
-        std::set_difference(these.begin(), these.end(), those.begin(), those.end(),
-                            std::back_inserter(lines));
-        for (const std::string& line : lines) {
-            std::printf("CHANGED: %s: %s\n", change, line.c_str());
-            changed = true;
+        for (const std::string& line : these) {
+            if (!those.contains(line)) {
+                std::printf("CHANGED: %s: %s\n", change, line.c_str());
+                changed = true;
+            }
         }
     };
     compare("no longer there", known, programs);
@@ -205,11 +197,9 @@ int after() {
 }  // namespace
 
 int main(int count, char** arguments) {
-    if (count == 2 && std::strcmp(arguments[1], "before") == 0) {
-        return before();
-    }
-    if (count == 2 && std::strcmp(arguments[1], "after") == 0) {
-        return after();
+    const std::string_view when = count == 2 ? arguments[1] : "";
+    if (when == "before" || when == "after") {
+        return when == "before" ? before() : after();
     }
     std::puts("kit_guard before | after");
     return 2;
