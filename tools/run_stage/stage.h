@@ -39,7 +39,7 @@ struct Step {
     std::vector<std::string> actions = {};  ///< on a dialog, as DialogWindow::act takes them
     Kind kind = Kind::Dialog;
     /// While the dialog stands, ahead of the actions, or the program runs; on a real machine alone.
-    std::function<void()> meanwhile = {};
+    std::function<void()> meanwhile = [] {};
 };
 /// Whether this dialog is the one that `step` expects.
 [[nodiscard]] bool fits(const Step& step, const std::string& shown);

@@ -33,16 +33,6 @@ std::string upTo(const std::string& path, char last) {
     return path.substr(0, path.rfind(last));
 }
 
-/// The records become these, before the deadline.
-bool awaitRecords(const std::string& expected) {
-    const DWORD start = GetTickCount();
-    while (readFile(recordFile) != expected &&
-           GetTickCount() - start < InstallerRun::defaultDeadline) {
-        Sleep(10);
-    }
-    return readFile(recordFile) == expected;
-}
-
 /// What the installer asks on this release, whatever a row is about; empty where it asks nothing.
 std::string questionAboutRelease() {
     const OperatingSystemIdentity identity = identifyOperatingSystem(queryOperatingSystem());
@@ -72,9 +62,7 @@ class Playback {
         }
         if (step.kind == Step::Kind::Program) {
             expected += step.seen;
-            if (step.meanwhile) {
-                step.meanwhile();
-            }
+            step.meanwhile();
             return true;
         }
         lookOut();
@@ -85,9 +73,7 @@ class Playback {
         takeRecords();
         seen += (fits(step, shown) ? step.seen : shown) + '\n';
         shown.clear();
-        if (step.meanwhile) {
-            step.meanwhile();
-        }
+        step.meanwhile();
         for (const std::string& action : step.actions) {
             if (seen != expected || !shown.empty()) {
                 return false;
@@ -148,9 +134,13 @@ class Playback {
     }
 
     bool waitsFor(const std::string& file) {
+        const DWORD start = GetTickCount();
+        while (readFile(recordFile) != expected &&
+               GetTickCount() - start < InstallerRun::defaultDeadline) {
+            Sleep(10);
+        }
         // Longer than the pause between two looks at the file.
-        const bool waits = awaitRecords(expected) &&
-                           WaitForSingleObject(run.process.hProcess, 1500) == WAIT_TIMEOUT &&
+        const bool waits = WaitForSingleObject(run.process.hProcess, 1500) == WAIT_TIMEOUT &&
                            readFile(recordFile) == expected;
         shown = waits && DeleteFileA(file.c_str()) ? "" : "does not wait for " + file;
         return waits;
