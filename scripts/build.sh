@@ -13,10 +13,7 @@ if command -v ccache >/dev/null; then
     export CMAKE_CXX_COMPILER_LAUNCHER=ccache CCACHE_BASEDIR=$PWD CCACHE_NOHASHDIR=1
 fi
 # One run at a time has the build folder.
-if ! { mkdir -p build && exec 9>build/.lock; }; then
-    echo "build: FAILED: $PWD/build cannot be written: work in a copy of your own" >&2
-    exit 1
-fi
+{ mkdir -p build && exec 9>build/.lock; } || fail "$PWD/build cannot be written: work in a copy of your own"
 if ! flock -n 9; then
     echo "build: waiting for another run in this checkout"
     flock 9

@@ -21,11 +21,6 @@ no_more "${@:3}"
 root=$(cd "$(dirname "$0")/.." && pwd)
 installer=${2-$root/build/release/installer.exe}
 
-fail() {
-    echo "release: FAILED: $1" >&2
-    exit 1
-}
-
 [ -z "${CERTIFICATE-}" ] || [ -n "${PASSWORD_FILE-}" ] || fail "PASSWORD_FILE is not set"
 [ $# -eq 2 ] || "$root/scripts/build.sh" release tools
 

@@ -15,6 +15,12 @@ wrong_usage() {
     exit 2
 }
 
+# fail REASON [EXIT_CODE]
+fail() {
+    echo "$(basename "$usage_script" .sh): FAILED: $1" >&2
+    exit "${2-1}"
+}
+
 # no_more ARGUMENT...: for the arguments that are left when a script has taken its own
 no_more() {
     [ $# -eq 0 ] || wrong_usage "\"$1\" is not understood"

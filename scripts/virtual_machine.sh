@@ -20,10 +20,6 @@ no_more "${@:4}"
 limit=${LIMIT-1800} start_limit=${START_LIMIT-600}
 
 say() { echo "virtual_machine: $*"; }
-fail() {
-    say "FAILED: $2" >&2
-    exit "$1"
-}
 
 work=$(mktemp -d)
 export MTOOLS_SKIP_CHECK=1 PATH=$PATH:/usr/sbin:/sbin
@@ -37,18 +33,18 @@ trap clean_up EXIT
 trap 'exit 130' INT TERM HUP
 trap 'exit 125' ERR
 
-[ -r "$image" ] || fail 125 "there is no image $image"
+[ -r "$image" ] || fail "there is no image $image" 125
 end_machine=programs/tools/windows_kit/end_machine.exe
 for file in run.cmd disc.iso "$end_machine"; do
-    [ -f "$kit/$file" ] || fail 125 "$kit is no kit: it has no $file"
+    [ -f "$kit/$file" ] || fail "$kit is no kit: it has no $file" 125
 done
 for program in qemu-system-x86_64 qemu-img mformat sfdisk; do
-    command -v "$program" >/dev/null || fail 125 "there is no $program; as root:
-    apt-get install --no-install-recommends qemu-system-x86 qemu-utils mtools fdisk"
+    command -v "$program" >/dev/null || fail "there is no $program; as root:
+    apt-get install --no-install-recommends qemu-system-x86 qemu-utils mtools fdisk" 125
 done
 format=$(qemu-img info --output=json "$image" 2>"$work/errors" |
     sed -n 's/^    "format": "\(.*\)",*$/\1/p')
-[ -n "$format" ] || fail 125 "$image is no disk image: $(cat "$work/errors")"
+[ -n "$format" ] || fail "$image is no disk image: $(cat "$work/errors")" 125
 # The partition table says what the system's disk is written in, and so which system it can be.
 qemu-img dd -f "$format" -O raw bs=512 count=1 if="$image" of="$work/table"
 table=$(od -An -v -tx1 "$work/table" | tr -d ' \n')
@@ -70,7 +66,7 @@ case ${table:900:2}-${table:1020} in # its first partition's type, its signature
     system_format=qcow2
     ;;
 *)
-    fail 125 "$image has no partition table with a FAT or NTFS partition first"
+    fail "$image has no partition table with a FAT or NTFS partition first" 125
     ;;
 esac
 
@@ -110,7 +106,7 @@ give_up() {
     picture
     sleep 1
     cp "$work/console" "$out/console.txt"
-    fail 124 "$1; the last picture is $last_picture"
+    fail "$1; the last picture is $last_picture" 124
 }
 SECONDS=0 shown=0
 while sleep 1 && kill -0 "$qemu" 2>/dev/null; do
@@ -129,6 +125,6 @@ qemu=
 cp "$work/console" "$out/console.txt"
 mcopy -i "$kit_disk" ::/kit/report.txt "$out" 2>/dev/null || say "there is no report"
 result=$(sed -n 's/^exit code \([0-9]*\).*/\1/p' "$work/console")
-[ -n "$result" ] || fail 125 "the machine ended and the kit had not: $(cat "$work/errors" "$work/console")"
+[ -n "$result" ] || fail "the machine ended and the kit had not: $(cat "$work/errors" "$work/console")" 125
 say "$took s, exit code $result; see $out"
 exit "$result"

@@ -12,10 +12,7 @@ folder=$(realpath -m "$1")
 no_more "${@:2}"
 cd "$(dirname "$0")/.."
 
-if [ -e "$folder" ] && [ ! -e "$folder/run.cmd" ]; then
-    echo "windows_kit: FAILED: $folder holds something else than a kit" >&2
-    exit 1
-fi
+[ ! -e "$folder" ] || [ -e "$folder/run.cmd" ] || fail "$folder holds something else than a kit"
 scripts/setup.sh --without-wine genisoimage zip
 scripts/build.sh release tools checked
 rm -rf "$folder" "$folder.zip"
