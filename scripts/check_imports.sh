@@ -5,7 +5,6 @@
 #   check_imports.sh --kit PROGRAM...    whatever Windows XP has may stand in it: the programs of the tests
 set -eu -o pipefail
 . "$(dirname "$0")/usage.sh"
-scripts=$(dirname "$0")
 objdump=${OBJDUMP:-i686-w64-mingw32-objdump}
 
 # imports PROGRAM: "LIBRARY FUNCTION" lines; what is not understood comes in brackets and is never allowed
@@ -46,7 +45,7 @@ if [ "${1-}" = --kit ]; then
     }
 else
     allowed=$(awk '/^\[/ { library = substr($1, 2, length($1) - 2); next }
-        !/^#/ { for (word = 1; word <= NF; ++word) print library, $word }' "$scripts/allowed_imports.txt")
+        !/^#/ { for (word = 1; word <= NF; ++word) print library, $word }' "$(dirname "$0")/allowed_imports.txt")
     judge() { grep -vxF "$allowed" || true; }
 fi
 

@@ -35,8 +35,7 @@ def prepare(folder, tools):
 def shown(command):
     result = subprocess.run(["bash", "-c", command], stdout=subprocess.PIPE,
                             stderr=subprocess.STDOUT, text=True, check=False, timeout=300)
-    lines = [line.rstrip() for line in result.stdout.splitlines()]
-    return f"$ {command}\n" + "".join(line + "\n" for line in lines)
+    return f"$ {command}\n" + re.sub(" +$", "", result.stdout, flags=re.MULTILINE)
 
 
 def main():

@@ -72,13 +72,6 @@ start() {
         >/dev/null 2>&1 </dev/null
 }
 
-finish() {
-    local result=$?
-    trap - EXIT
-    stop "$own" || result=1
-    exit "$result"
-}
-
 run() {
     if [[ $1 == *.* ]]; then
         [ -d "$copies/$1" ] || wrong_usage "$1 was not started"
@@ -86,7 +79,7 @@ run() {
         WINEPREFIX=$copies/$1 exec "$wine" "${@:2}"
     fi
     own=$1.$$
-    trap finish EXIT
+    trap 'stop "$own" || exit 1' EXIT
     trap exit INT TERM HUP
     start "$1" "$own" || exit 1
     # In the background: a signal ends the wait and not only the program.

@@ -1,9 +1,7 @@
 #!/usr/bin/env python3
 """Makes stand-ins for the parts of media, to try the release engineer's desk with: whole files that
-do nothing, where the example description looks for them.
-
-sample_parts.py FOLDER    FOLDER: such as "parts"
-"""
+do nothing, where the example description looks for them."""
+import argparse
 import json
 import struct
 import subprocess
@@ -39,19 +37,17 @@ def version_resource():
     return node("VS_VERSION_INFO", 0, fixed, 52, node("StringFileInfo", 1, b"", 0, table))
 
 
-def checksum(image, field):
-    image = padded(image[:field] + bytes(4) + image[field + 4:], 2)
-    total = sum(struct.unpack(f"<{len(image) // 2}H", image))
-    while total > 0xFFFF:
-        total = (total & 0xFFFF) + (total >> 16)
-    return total + len(image)
-
-
 # Offsets in the executables made here.
 FILE_FLAGS = 64 + 22
 SUBSYSTEM_VERSION = 64 + 24 + 48
 CHECKSUM = 64 + 24 + 64
 CERTIFICATES = 64 + 24 + 96 + 4 * 8
+
+
+def checksum(image):
+    """The sum of its words, each carry added again: as 2**16 is 1 modulo 0xFFFF, the rest of the whole."""
+    whole = int.from_bytes(image[:CHECKSUM] + bytes(4) + image[CHECKSUM + 4:], "little")
+    return (whole - 1) % 0xFFFF + 1 + len(image)
 
 
 def executable(magic=0x10B, block=MARKER + bytes(112), flags=0x8540, section=0xC0000040):
@@ -68,7 +64,7 @@ def executable(magic=0x10B, block=MARKER + bytes(112), flags=0x8540, section=0xC
     headers += optional + b".data\0\0\0" + struct.pack(
         "<IIIIIIHHI", len(content), 0x1000, len(content), 512, 0, 0, 0, 0, section)
     image = padded(headers, 512) + content
-    return image[:CHECKSUM] + struct.pack("<I", checksum(image, CHECKSUM)) + image[CHECKSUM + 4:]
+    return image[:CHECKSUM] + struct.pack("<I", checksum(image)) + image[CHECKSUM + 4:]
 
 
 def make_parts(tool, folder):
@@ -86,10 +82,10 @@ def make_parts(tool, folder):
 
 
 if __name__ == "__main__":
-    if len(sys.argv) != 2 or sys.argv[1].startswith("-"):
-        print(__doc__.strip(), file=sys.stdout if "--help" in sys.argv else sys.stderr)
-        sys.exit(0 if "--help" in sys.argv else 2)
+    parser = argparse.ArgumentParser(description=__doc__)
+    parser.add_argument("folder", type=Path, help='such as "parts"')
+    folder = parser.parse_args().folder
     try:
-        make_parts(Path(__file__).resolve().parents[1] / "build/tools/installer-tool", Path(sys.argv[1]))
+        make_parts(Path(__file__).resolve().parents[1] / "build/tools/installer-tool", folder)
     except OSError as error:
         sys.exit(f"sample_parts: FAILED: {error} (scripts/build.sh tools builds installer-tool)")

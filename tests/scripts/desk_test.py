@@ -60,7 +60,7 @@ def faults(work):
         (work / name).write_bytes(content)
     signed = bytearray(good) + bytes(8)
     struct.pack_into("<II", signed, CERTIFICATES, len(good), 8)
-    struct.pack_into("<I", signed, CHECKSUM, checksum(bytes(signed), CHECKSUM))
+    struct.pack_into("<I", signed, CHECKSUM, checksum(signed))
     (work / "signed.exe").write_bytes(signed)
     encipher = run("encipher", "data.ini", "data.inx")
     expect("encipher", encipher.returncode == 0, encipher.stderr)
@@ -144,7 +144,7 @@ def good_runs(work):
         expect(what, result.returncode == 0 and block == code.ljust(8, b"\0") + name.ljust(104, b"\0"),
                f"{block} {result.stderr}")
         expect(what, noted in result.stderr if noted else not result.stderr, result.stderr)
-        expect(what, struct.unpack_from("<I", image, CHECKSUM)[0] == checksum(image, CHECKSUM),
+        expect(what, struct.unpack_from("<I", image, CHECKSUM)[0] == checksum(image),
                "wrong checksum")
         for text in (name.decode(), name.decode() + " Installation", "17.1.2.3"):
             expect(what, wide(text) in image, f"{text} is not in the version resource")
@@ -205,7 +205,7 @@ def releases(work):
     def signing(image):
         signed = bytearray(image) + struct.pack("<IHH", 8, 0x200, 2)
         struct.pack_into("<II", signed, CERTIFICATES, len(image), 8)
-        struct.pack_into("<I", signed, CHECKSUM, checksum(bytes(signed), CHECKSUM))
+        struct.pack_into("<I", signed, CHECKSUM, checksum(signed))
         return bytes(signed)
 
     weak = executable(flags=0, section=0xE0000040)
