@@ -14,7 +14,7 @@ constexpr std::size_t bufferSize = 260;
 
 bool readText(const KeyReader& entry, const char* name, std::string& text) {
     char buffer[bufferSize];
-    std::uint32_t size = sizeof buffer;
+    unsigned long size = sizeof buffer;
     if (readStringValue(entry, name, buffer, size) != errorSuccess) {
         return false;
     }
@@ -54,9 +54,9 @@ bool findInstalledProducts(const KeyReader& localMachine, const std::string& fil
         return false;
     }
     const std::size_t known = products.size();
-    for (std::uint32_t index = 0;; ++index) {
+    for (unsigned long index = 0;; ++index) {
         char name[bufferSize];
-        std::uint32_t nameSize = sizeof name;
+        unsigned long nameSize = sizeof name;
         if (list->enumerateSubkey(index, name, nameSize) != errorSuccess) {
             return products.size() > known;
         }

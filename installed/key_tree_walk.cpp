@@ -9,7 +9,7 @@
 namespace {
 
 // For names and for data, in bytes. On the heap: the walk goes as deep as the tree.
-constexpr std::uint32_t bufferSize = 1024;
+constexpr unsigned long bufferSize = 1024;
 
 char lastError[2049];  // terminator included
 
@@ -24,9 +24,9 @@ std::string quoted(const std::string& path) {
 bool readValues(const KeyReader& key, InstallationRecord& record, FieldMap& extras) {
     std::string name(bufferSize, '\0');
     std::string data(bufferSize, '\0');
-    for (std::uint32_t index = 0;; ++index) {
-        std::uint32_t nameSize = bufferSize;
-        std::uint32_t dataSize = bufferSize;
+    for (unsigned long index = 0;; ++index) {
+        unsigned long nameSize = bufferSize;
+        unsigned long dataSize = bufferSize;
         const std::uint32_t result =
             key.enumerateValue(index, name.data(), nameSize, data.data(), dataSize);
         if (result == errorSuccess) {
@@ -49,8 +49,8 @@ bool readValues(const KeyReader& key, InstallationRecord& record, FieldMap& extr
 bool walkSubkeys(const KeyReader& key, const std::string& path,
                  std::vector<InstallationRecord>& records, FieldMap& extras) {
     std::string name(bufferSize, '\0');
-    for (std::uint32_t index = 0;; ++index) {
-        std::uint32_t nameSize = bufferSize;
+    for (unsigned long index = 0;; ++index) {
+        unsigned long nameSize = bufferSize;
         const std::uint32_t result = key.enumerateSubkey(index, name.data(), nameSize);
         if (result == errorNoMoreItems) {
             return true;
@@ -79,8 +79,8 @@ bool walkKeyTree(const KeyReader* parent, const std::string& subkeyName,
         setWalkError("Could not open registry key " + quoted(path));
         return false;
     }
-    std::uint32_t subkeys = 0;
-    std::uint32_t values = 0;
+    unsigned long subkeys = 0;
+    unsigned long values = 0;
     if (key->count(subkeys, values) != errorSuccess) {
         setWalkError("Could not query key " + quoted(path));
         return false;

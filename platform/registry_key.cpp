@@ -1,6 +1,6 @@
 #include "platform/registry_key.h"
 
-bool isStringType(std::uint32_t type) {
+bool isStringType(unsigned long type) {
     return type == stringType || type == expandableStringType;
 }
 
@@ -10,11 +10,11 @@ std::string_view textOfData(const char* data, std::size_t size) {
 }
 
 std::uint32_t readStringValue(const KeyReader& key, const char* name, char* buffer,
-                              std::uint32_t& size, std::uint32_t* type) {
-    const std::uint32_t capacity = size;
+                              unsigned long& size, unsigned long* type) {
+    const unsigned long capacity = size;
     size = 0;
-    std::uint32_t dataType = 0;
-    std::uint32_t dataSize = capacity;
+    unsigned long dataType = 0;
+    unsigned long dataSize = capacity;
     const std::uint32_t result = key.queryValue(name, dataType, buffer, dataSize);
     if (result != errorSuccess) {
         return result;

@@ -11,7 +11,8 @@
 #include "platform/windows_constants.h"
 
 /// An open key, closed with the object. Its operations mirror those of winreg.h and return Windows'
-/// error codes; what a failing one should have filled is not to be relied on.
+/// error codes, and count in its unsigned long (DWORD); what a failing one should have filled is
+/// not to be relied on.
 class KeyReader {
   public:
     KeyReader() = default;
@@ -23,18 +24,18 @@ class KeyReader {
     /// there. `path` can have several levels. On failure `subkey` keeps what it held.
     [[nodiscard]] virtual std::uint32_t openSubkey(const char* path,
                                                    std::unique_ptr<KeyReader>& subkey) const = 0;
-    [[nodiscard]] virtual std::uint32_t count(std::uint32_t& subkeys,
-                                              std::uint32_t& values) const = 0;
+    [[nodiscard]] virtual std::uint32_t count(unsigned long& subkeys,
+                                              unsigned long& values) const = 0;
     /// The name, terminated. `size` counts bytes: the buffer's, then the name's without terminator.
-    [[nodiscard]] virtual std::uint32_t enumerateSubkey(std::uint32_t index, char* name,
-                                                        std::uint32_t& size) const = 0;
+    [[nodiscard]] virtual std::uint32_t enumerateSubkey(unsigned long index, char* name,
+                                                        unsigned long& size) const = 0;
     /// The same for a value, with its data as they are.
-    [[nodiscard]] virtual std::uint32_t enumerateValue(std::uint32_t index, char* name,
-                                                       std::uint32_t& nameSize, char* data,
-                                                       std::uint32_t& dataSize) const = 0;
+    [[nodiscard]] virtual std::uint32_t enumerateValue(unsigned long index, char* name,
+                                                       unsigned long& nameSize, char* data,
+                                                       unsigned long& dataSize) const = 0;
     /// The data as they are; a null buffer asks for their size alone.
-    [[nodiscard]] virtual std::uint32_t queryValue(const char* name, std::uint32_t& type,
-                                                   char* data, std::uint32_t& size) const = 0;
+    [[nodiscard]] virtual std::uint32_t queryValue(const char* name, unsigned long& type,
+                                                   char* data, unsigned long& size) const = 0;
     /// GetLastError, which these operations need not set.
     [[nodiscard]] virtual std::uint32_t lastError() const = 0;
 };
@@ -46,10 +47,10 @@ class KeyReader {
 /// Returns the Windows error code; errorInvalidData for any other type and for data without a
 /// terminator.
 [[nodiscard]] std::uint32_t readStringValue(const KeyReader& key, const char* name, char* buffer,
-                                            std::uint32_t& size, std::uint32_t* type = nullptr);
+                                            unsigned long& size, unsigned long* type = nullptr);
 
 /// Whether `type` is one of the two string types.
-[[nodiscard]] bool isStringType(std::uint32_t type);
+[[nodiscard]] bool isStringType(unsigned long type);
 
 /// The data up to its first zero byte, or all of it. Points into `data`.
 [[nodiscard]] std::string_view textOfData(const char* data, std::size_t size);

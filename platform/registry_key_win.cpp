@@ -48,46 +48,29 @@ std::uint32_t RegistryKey::openSubkey(const char* path, std::unique_ptr<KeyReade
     if (result == ERROR_SUCCESS) {
         subkey = std::move(opened);
     }
-    return static_cast<std::uint32_t>(result);
+    return result;
 }
 
-std::uint32_t RegistryKey::count(std::uint32_t& subkeys, std::uint32_t& values) const {
-    DWORD subkeyCount = 0, valueCount = 0;
-    const LSTATUS result =
-        RegQueryInfoKeyA(handle.get(), nullptr, nullptr, nullptr, &subkeyCount, nullptr, nullptr,
-                         &valueCount, nullptr, nullptr, nullptr, nullptr);
-    subkeys = subkeyCount;
-    values = valueCount;
-    return static_cast<std::uint32_t>(result);
+std::uint32_t RegistryKey::count(unsigned long& subkeys, unsigned long& values) const {
+    return RegQueryInfoKeyA(handle.get(), nullptr, nullptr, nullptr, &subkeys, nullptr, nullptr,
+                            &values, nullptr, nullptr, nullptr, nullptr);
 }
 
-std::uint32_t RegistryKey::enumerateSubkey(std::uint32_t index, char* name,
-                                           std::uint32_t& size) const {
-    DWORD length = size;
-    const LSTATUS result =
-        RegEnumKeyExA(handle.get(), index, name, &length, nullptr, nullptr, nullptr, nullptr);
-    size = length;
-    return static_cast<std::uint32_t>(result);
+std::uint32_t RegistryKey::enumerateSubkey(unsigned long index, char* name,
+                                           unsigned long& size) const {
+    return RegEnumKeyExA(handle.get(), index, name, &size, nullptr, nullptr, nullptr, nullptr);
 }
 
-std::uint32_t RegistryKey::enumerateValue(std::uint32_t index, char* name, std::uint32_t& nameSize,
-                                          char* data, std::uint32_t& dataSize) const {
-    DWORD nameLength = nameSize, dataLength = dataSize;
-    const LSTATUS result = RegEnumValueA(handle.get(), index, name, &nameLength, nullptr, nullptr,
-                                         reinterpret_cast<BYTE*>(data), &dataLength);
-    nameSize = nameLength;
-    dataSize = dataLength;
-    return static_cast<std::uint32_t>(result);
+std::uint32_t RegistryKey::enumerateValue(unsigned long index, char* name, unsigned long& nameSize,
+                                          char* data, unsigned long& dataSize) const {
+    return RegEnumValueA(handle.get(), index, name, &nameSize, nullptr, nullptr,
+                         reinterpret_cast<BYTE*>(data), &dataSize);
 }
 
-std::uint32_t RegistryKey::queryValue(const char* name, std::uint32_t& type, char* data,
-                                      std::uint32_t& size) const {
-    DWORD valueType = REG_NONE, length = size;
-    const LSTATUS result = RegQueryValueExA(handle.get(), name, nullptr, &valueType,
-                                            reinterpret_cast<BYTE*>(data), &length);
-    type = valueType;
-    size = length;
-    return static_cast<std::uint32_t>(result);
+std::uint32_t RegistryKey::queryValue(const char* name, unsigned long& type, char* data,
+                                      unsigned long& size) const {
+    return RegQueryValueExA(handle.get(), name, nullptr, &type, reinterpret_cast<BYTE*>(data),
+                            &size);
 }
 
 std::uint32_t RegistryKey::lastError() const {

@@ -25,14 +25,14 @@ class RegistryKey : public KeyReader {
 
     [[nodiscard]] std::uint32_t openSubkey(const char* path,
                                            std::unique_ptr<KeyReader>& subkey) const override;
-    [[nodiscard]] std::uint32_t count(std::uint32_t& subkeys, std::uint32_t& values) const override;
-    [[nodiscard]] std::uint32_t enumerateSubkey(std::uint32_t index, char* name,
-                                                std::uint32_t& size) const override;
-    [[nodiscard]] std::uint32_t enumerateValue(std::uint32_t index, char* name,
-                                               std::uint32_t& nameSize, char* data,
-                                               std::uint32_t& dataSize) const override;
-    [[nodiscard]] std::uint32_t queryValue(const char* name, std::uint32_t& type, char* data,
-                                           std::uint32_t& size) const override;
+    [[nodiscard]] std::uint32_t count(unsigned long& subkeys, unsigned long& values) const override;
+    [[nodiscard]] std::uint32_t enumerateSubkey(unsigned long index, char* name,
+                                                unsigned long& size) const override;
+    [[nodiscard]] std::uint32_t enumerateValue(unsigned long index, char* name,
+                                               unsigned long& nameSize, char* data,
+                                               unsigned long& dataSize) const override;
+    [[nodiscard]] std::uint32_t queryValue(const char* name, unsigned long& type, char* data,
+                                           unsigned long& size) const override;
     [[nodiscard]] std::uint32_t lastError() const override;
 
     RegistryHandle handle;  ///< empty when closed

@@ -26,8 +26,8 @@ struct RegistryText {
 RegistryText machineText(const char* keyPath, const char* name) {
     RegistryKey key;
     char text[MAX_PATH];
-    std::uint32_t size = sizeof text;
-    std::uint32_t type = REG_NONE;
+    unsigned long size = sizeof text;
+    unsigned long type = REG_NONE;
     if (key.open(HKEY_LOCAL_MACHINE, keyPath, KEY_QUERY_VALUE) != ERROR_SUCCESS ||
         readStringValue(key, name, text, size, &type) != ERROR_SUCCESS) {
         return {};

@@ -19,18 +19,18 @@ unsigned rank(char character) {
 }
 
 /// A text into a buffer of `size` bytes, as Windows' calls do.
-std::uint32_t giveText(const std::string& text, char* buffer, std::uint32_t& size) {
+std::uint32_t giveText(const std::string& text, char* buffer, unsigned long& size) {
     if (text.size() >= size) {
         return errorMoreData;
     }
     std::memcpy(buffer, text.c_str(), text.size() + 1);
-    size = static_cast<std::uint32_t>(text.size());
+    size = text.size();
     return errorSuccess;
 }
 
-std::uint32_t giveData(const std::string& bytes, char* buffer, std::uint32_t& size) {
+std::uint32_t giveData(const std::string& bytes, char* buffer, unsigned long& size) {
     const bool fits = buffer == nullptr || bytes.size() <= size;
-    size = static_cast<std::uint32_t>(bytes.size());
+    size = bytes.size();
     if (fits && buffer != nullptr) {
         std::memcpy(buffer, bytes.data(), bytes.size());
     }
@@ -76,24 +76,24 @@ class DescribedKey : public KeyReader {
         return errorSuccess;
     }
 
-    [[nodiscard]] std::uint32_t count(std::uint32_t& subkeyCount,
-                                      std::uint32_t& valueCount) const override {
-        subkeyCount = static_cast<std::uint32_t>(subkeys.size());
-        valueCount = static_cast<std::uint32_t>(inOrder.size());
+    [[nodiscard]] std::uint32_t count(unsigned long& subkeyCount,
+                                      unsigned long& valueCount) const override {
+        subkeyCount = subkeys.size();
+        valueCount = inOrder.size();
         return failures.count;
     }
 
-    [[nodiscard]] std::uint32_t enumerateSubkey(std::uint32_t index, char* name,
-                                                std::uint32_t& size) const override {
+    [[nodiscard]] std::uint32_t enumerateSubkey(unsigned long index, char* name,
+                                                unsigned long& size) const override {
         if (fails(index)) {
             return failures.enumerate;
         }
         return index < subkeys.size() ? giveText(subkeys[index], name, size) : errorNoMoreItems;
     }
 
-    [[nodiscard]] std::uint32_t enumerateValue(std::uint32_t index, char* name,
-                                               std::uint32_t& nameSize, char* data,
-                                               std::uint32_t& dataSize) const override {
+    [[nodiscard]] std::uint32_t enumerateValue(unsigned long index, char* name,
+                                               unsigned long& nameSize, char* data,
+                                               unsigned long& dataSize) const override {
         if (fails(index)) {
             return failures.enumerate;
         }
@@ -105,8 +105,8 @@ class DescribedKey : public KeyReader {
         return named != errorSuccess ? named : giveData(value.data, data, dataSize);
     }
 
-    [[nodiscard]] std::uint32_t queryValue(const char* name, std::uint32_t& type, char* data,
-                                           std::uint32_t& size) const override {
+    [[nodiscard]] std::uint32_t queryValue(const char* name, unsigned long& type, char* data,
+                                           unsigned long& size) const override {
         const RegistryValue* const value = values == nullptr ? nullptr : valueIn(*values, name);
         if (value == nullptr) {
             return errorFileNotFound;
@@ -118,7 +118,7 @@ class DescribedKey : public KeyReader {
     [[nodiscard]] std::uint32_t lastError() const override { return registry.lastError; }
 
   private:
-    [[nodiscard]] bool fails(std::uint32_t index) const {
+    [[nodiscard]] bool fails(unsigned long index) const {
         return failures.enumerate != errorSuccess && index >= failures.fromIndex;
     }
 

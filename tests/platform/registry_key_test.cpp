@@ -27,7 +27,7 @@ TEST(RegistryKey, ReadsTerminatedStringsOnly) {
         machine.registry.keys["A"]["name"] = {row.type, row.data};
         std::unique_ptr<KeyReader> key;
         ASSERT_EQ(machine.localMachine()->openSubkey("A", key), errorSuccess);
-        std::uint32_t size = 0;
+        unsigned long size = 0;
         const std::uint32_t alone = readStringValue(*key, "NAME", nullptr, size);
         EXPECT_EQ(size, alone == errorSuccess ? row.data.size() : 0);
         std::string buffer(300, '#');

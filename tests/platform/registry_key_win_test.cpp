@@ -67,7 +67,7 @@ TEST(RegistryKey, AnswersAsTheDescribedOne) {
     ASSERT_EQ(real->openSubkey("K\\", real) + told->openSubkey("K\\", told), errorSuccess);
     const auto answers = [&values](const KeyReader& key) {
         std::string all;
-        std::uint32_t subkeys = 0, valueCount = 0;
+        unsigned long subkeys = 0, valueCount = 0;
         const std::uint32_t counted = key.count(subkeys, valueCount);
         all += std::to_string(counted) + ": " + std::to_string(subkeys) + " subkeys, " +
                std::to_string(valueCount) + " values\n";
@@ -75,9 +75,9 @@ TEST(RegistryKey, AnswersAsTheDescribedOne) {
             all += std::to_string(error) + (error == errorSuccess ? ' ' + what : "") + '\n';
         };
         char name[300], data[300];
-        for (const std::uint32_t room : {300u, 14u, 13u, 4u, 3u}) {
-            for (std::uint32_t index = 0; index < 8; ++index) {
-                std::uint32_t size = room, dataSize = room, type = 0;
+        for (const unsigned long room : {300, 14, 13, 4, 3}) {
+            for (unsigned long index = 0; index < 8; ++index) {
+                unsigned long size = room, dataSize = room, type = 0;
                 const std::uint32_t subkey = key.enumerateSubkey(index, name, size);
                 tell(subkey, std::string(name, size));
                 const std::uint32_t error =
