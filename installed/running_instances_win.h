@@ -2,10 +2,8 @@
 
 #include <string>
 
-/// Stops every running process whose executable file name is `executableName` and one of whose
-/// modules has the full path `executablePath`, both without regard to case. Returns the wait
-/// result of the last process stopped: 0 when it ended within five seconds (or nothing needed
-/// stopping), WAIT_TIMEOUT (258) or WAIT_FAILED (0xFFFFFFFF); or GetLastError when no process
-/// snapshot could be taken. Blocks, pumping no messages.
+/// What Computer promises of stopRunning, in its terms the file name and the path. Waits at most
+/// five seconds for each process, pumping no messages; a wait that fails gives WAIT_FAILED
+/// (0xFFFFFFFF).
 [[nodiscard]] unsigned long terminateProcessesByPath(const std::string& executableName,
                                                      const std::string& executablePath);
