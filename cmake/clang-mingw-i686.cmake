@@ -14,7 +14,6 @@ string(JOIN " " CMAKE_CXX_FLAGS_INIT
   --start-no-unused-arguments -nostdinc++ -nostdlibinc --end-no-unused-arguments
   -isystem ${gcc_headers} -isystem ${gcc_headers}/${mingw_target}
   -idirafter /usr/${mingw_target}/include)
-set(link_flags "-B${gcc_libraries} -L${gcc_libraries}")
-set(CMAKE_EXE_LINKER_FLAGS_INIT ${link_flags})
-set(CMAKE_SHARED_LINKER_FLAGS_INIT ${link_flags})
-set(CMAKE_MODULE_LINKER_FLAGS_INIT ${link_flags})
+foreach(kind EXE SHARED MODULE)
+  set(CMAKE_${kind}_LINKER_FLAGS_INIT "-B${gcc_libraries} -L${gcc_libraries}")
+endforeach()
