@@ -38,20 +38,17 @@ int main(int count, char** values) {
         return fail("no installer named");
     }
     InstallerRun run(values[1], {values + 2, values + count});
-    for (Encounter met = run.nextDialog(INFINITE); met.dialog || !met.error.empty();
-         met = run.nextDialog(INFINITE)) {
-        if (!met.dialog) {
-            return fail(met.error);
-        }
+    while (const std::optional<DialogWindow> dialog = run.nextDialog(INFINITE).dialog) {
         // Wine leaves the caption of a first dialog that has the input as if it had not.
-        SendMessageA(met.dialog->window, WM_NCACTIVATE, TRUE, 0);
-        print(*met.dialog);
+        SendMessageA(dialog->window, WM_NCACTIVATE, TRUE, 0);
+        print(*dialog);
         for (std::string action; std::getline(std::cin, action) && !action.empty();) {
-            if (const std::string error = met.dialog->act(action); !error.empty()) {
+            if (const std::string error = dialog->act(action); !error.empty()) {
                 return fail(error);
             }
         }
     }
+    // It also says when the installer could not be started at all.
     if (const std::string error = run.awaitEnd(); !error.empty()) {
         return fail(error);
     }
