@@ -109,6 +109,22 @@ std::string rowText(HWND list, WPARAM row) {
     return ((state >> 12) == 2 ? "[x] " : "[ ] ") + probe(list, row);
 }
 
+/// False: there is no such button.
+bool click(HWND dialog, const std::string& wanted) {
+    for (HWND child : visibleChildren(dialog)) {
+        if (isOfClass(child, "Button") && label(child) == wanted) {
+            // A push button may show the next dialog; the others are done when they answer.
+            if ((GetWindowLongA(child, GWL_STYLE) & BS_TYPEMASK) <= BS_DEFPUSHBUTTON) {
+                PostMessageA(child, BM_CLICK, 0, 0);
+            } else {
+                ask(child, BM_CLICK);
+            }
+            return true;
+        }
+    }
+    return false;
+}
+
 }  // namespace
 
 std::vector<DialogWindow> DialogWindow::all() {
@@ -141,21 +157,6 @@ std::string DialogWindow::description() const {
     return title() + owned + icon + texts + rows + buttons;
 }
 
-bool DialogWindow::click(const std::string& wanted) const {
-    for (HWND child : visibleChildren(window)) {
-        if (isOfClass(child, "Button") && label(child) == wanted) {
-            // A push button may show the next dialog; the others are done when they answer.
-            if ((GetWindowLongA(child, GWL_STYLE) & BS_TYPEMASK) <= BS_DEFPUSHBUTTON) {
-                PostMessageA(child, BM_CLICK, 0, 0);
-            } else {
-                ask(child, BM_CLICK);
-            }
-            return true;
-        }
-    }
-    return false;
-}
-
 std::string DialogWindow::act(const std::string& action) const {
     if (action == "close") {
         PostMessageA(window, WM_SYSCOMMAND, SC_CLOSE, 0);
@@ -182,7 +183,7 @@ std::string DialogWindow::act(const std::string& action) const {
             look != action.substr(8)) {
             return "the list has the columns " + look + " and not " + action.substr(8);
         }
-    } else if (!click(action)) {
+    } else if (!click(window, action)) {
         return "no button \"" + action + "\" on " + description();
     }
     return "";

@@ -32,7 +32,4 @@ class DialogWindow {
     [[nodiscard]] std::string act(const std::string& action) const;
 
     HWND window;
-
-  private:
-    [[nodiscard]] bool click(const std::string& label) const;
 };
