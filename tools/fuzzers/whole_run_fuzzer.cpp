@@ -65,9 +65,8 @@ class ComputerMaker {
   private:
     bool rarely() { return input.ConsumeIntegral<std::uint8_t>() > 0xF0; }
     std::string text() { return input.ConsumeRandomLengthString(300); }
-    std::string oneOf(std::initializer_list<std::string> texts) {
-        return *(texts.begin() +
-                 input.ConsumeIntegralInRange<std::ptrdiff_t>(0, std::ssize(texts) - 1));
+    std::string oneOf(std::initializer_list<const std::string> texts) {
+        return input.PickValueInArray(texts);
     }
 
     void fillFiles(DescribedMachine& machine) {
