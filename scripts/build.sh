@@ -22,9 +22,6 @@ for preset in "$@"; do
     echo "== build: $preset"
     target=
     [[ $preset != */* ]] || target=${preset#*/} preset=${preset%/*}
-    if ! cmake --preset "$preset" --log-level=WARNING >/dev/null ||
-        ! cmake --build --preset "$preset" ${target:+--target "$target"}; then
-        echo "build: FAILED in preset $preset" >&2
-        exit 1
-    fi
+    { cmake --preset "$preset" --log-level=WARNING >/dev/null &&
+        cmake --build --preset "$preset" ${target:+--target "$target"}; } || fail "preset $preset"
 done

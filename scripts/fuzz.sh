@@ -19,7 +19,7 @@ scripts/setup.sh --without-wine && scripts/build.sh fuzz || exit 1
 # What was freed is kept for a short while only, and no call stacks: most of the time goes there.
 export ASAN_OPTIONS=malloc_context_size=0:quarantine_size_mb=1
 mkdir -p build/fuzz/findings
-failed=0
+failed=()
 for name in "${names[@]}"; do
     seeds=tools/fuzzers/corpora/$name work=build/fuzz/corpora/$name log=build/fuzz/$name.log length=64
     case $name in
@@ -28,11 +28,9 @@ for name in "${names[@]}"; do
     esac
     mkdir -p "$work"
     "build/fuzz/tools/fuzzers/${name}_fuzzer" "$limit" -max_len=$length -rss_limit_mb=2048 \
-        -artifact_prefix="build/fuzz/findings/$name-" -print_final_stats=1 "$work" "$seeds" >"$log" 2>&1 || {
-        echo "fuzz: FAILED: $name, see $log" >&2
-        failed=1
-    }
+        -artifact_prefix="build/fuzz/findings/$name-" -print_final_stats=1 "$work" "$seeds" >"$log" 2>&1 ||
+        failed+=("$log")
     echo "$name:" "$(grep -o 'cov: [0-9]*' "$log" | tail -n 1)" \
         "$(sed -nE 's/^stat::(number_of_executed_units|average_exec_per_sec)//p' "$log" | xargs)"
 done
-exit $failed
+[ ${#failed[@]} -eq 0 ] || fail "see ${failed[*]}"

@@ -9,11 +9,10 @@
 set -u
 . "$(dirname "$0")/usage.sh"
 no_more "$@"
-scripts=$(cd "$(dirname "$0")" && pwd)
-cd "$scripts/.." || exit 1
+cd "$(dirname "$0")/.." || exit 1
 
-"$scripts/setup.sh" || [ $? -eq 3 ] || exit 1
-read -ra templates < <("$scripts/prefix.sh" templates)
+scripts/setup.sh || [ $? -eq 3 ] || exit 1
+read -ra templates < <(scripts/prefix.sh templates)
 presets=(release checked host tools) suites=(host checked) left_out=(--label-exclude wine) unlike=
 case ${templates[*]} in
 "win64 win32") left_out=() ;;
@@ -22,16 +21,16 @@ x64)
     unlike=" (the tests of the Windows program as 64-bit programs: this machine runs no others)"
     ;;
 esac
-"$scripts/build.sh" "${presets[@]}" || exit 1
+scripts/build.sh "${presets[@]}" || exit 1
 for template in "${templates[@]}"; do
     # Made here, it takes none of a test's time.
-    "$scripts/prefix.sh" run "$template" cmd /c exit || exit 1
+    scripts/prefix.sh run "$template" cmd /c exit || exit 1
 done
-trap '"$scripts/prefix.sh" sweep' EXIT
+trap 'scripts/prefix.sh sweep' EXIT
 
 failed=() skipped=
 echo "== lint"
-"$scripts/lint.sh" || failed+=(lint)
+scripts/lint.sh || failed+=(lint)
 for preset in "${suites[@]}"; do
     echo "== test: $preset"
     [ "$preset" != checked-x64 ] || left_out=()
@@ -39,10 +38,7 @@ for preset in "${suites[@]}"; do
     skipped+=$(sed -nE 's/^\[  SKIPPED \] ([^ ]+) \(.*/ \1/p; s/^(test_[^ ]+) .* skipped .*/ \1/p; s/^\t *[0-9]+ - ([^ ]+) \((Skipped|Disabled)\).*/ \1/p' \
         "build/$preset/Testing/Temporary/LastTest.log" "build/$preset/tests.log")
 done
-if [ ${#failed[@]} -gt 0 ]; then
-    echo "test: FAILED in ${failed[*]}" >&2
-    exit 1
-fi
+[ ${#failed[@]} -eq 0 ] || fail "${failed[*]}"
 if [ ${#templates[@]} -eq 0 ]; then
     echo "test: INCOMPLETE: all passed that ran, but there is no Wine: no test of the Windows program ran" >&2
     exit 3
