@@ -28,8 +28,6 @@ browse --window-size=1280,1700 --blink-settings=preferredColorScheme=0 --screens
 browse --window-size=390,1700 --screenshot="$work/runs-390.png"
 browse --no-pdf-header-footer --print-to-pdf="$work/runs.pdf"
 pdftoppm -r 90 -f 3 -singlefile -png "$work/runs.pdf" "$work/runs-sheet" # the first card with all there is
-for picture in architecture runs runs-dark runs-390 runs-sheet; do
-    convert "$work/$picture.png" -strip +dither -colors 256 -define png:exclude-chunks=date,time \
-        "docs/images/$picture.png"
-done
+mogrify -path docs/images -strip +dither -colors 256 -define png:exclude-chunks=date,time \
+    "$work"/{architecture,runs,runs-dark,runs-390,runs-sheet}.png
 scripts/on_screen.py screenshots

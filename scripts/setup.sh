@@ -9,7 +9,6 @@
 # Wine.
 set -u
 . "$(dirname "$0")/usage.sh"
-scripts=$(cd "$(dirname "$0")" && pwd)
 export LC_ALL=C.UTF-8
 
 packages=(
@@ -31,14 +30,12 @@ fail() {
 }
 
 trap 'rm -f "$log"' EXIT
-if ! log=$(mktemp) || ! head -c 32M /dev/zero >"$log"; then
+{ log=$(mktemp) && head -c 32M /dev/zero >"$log" && : >"$log"; } ||
     fail "${TMPDIR:-/tmp} has no room for temporary files"
-fi
-: >"$log"
 if [ "${1-}" = --without-wine ]; then
     wine=()
     shift
-elif "$scripts/starts_32_bit.sh"; then
+elif "$(dirname "$0")/starts_32_bit.sh"; then
     wine32=(wine32:i386)
 else
     packages+=(g++-mingw-w64-x86-64-posix)
