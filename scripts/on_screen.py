@@ -82,9 +82,6 @@ class Screen(contextlib.ExitStack):
         kind = "REG_DWORD" if isinstance(value, int) else "REG_SZ"
         self.wine("reg", "add", key, "/v", name, "/t", kind, "/d", str(value), "/f", VIEW)
 
-    def delete_registry(self, key):
-        self.wine("reg", "delete", key, "/f", VIEW)
-
 
 class Run(subprocess.Popen):
     """A run of a product's installer on fresh media, drive D, whose "Setup.Exe" records how it was started;
@@ -187,7 +184,7 @@ class Shots:
         programs = r"HKLM\SOFTWARE\Microsoft\Windows\CurrentVersion\Uninstall"
         release = r"HKCU\Software\Wine\AppDefaults\Install.exe"
         for key in (programs, release):
-            screen.delete_registry(key)
+            screen.wine("reg", "delete", key, "/f", VIEW)
         if self.windows:
             screen.set_registry(release, "Version", self.windows)
         for version in self.installed:

@@ -50,13 +50,13 @@ def checksum(image):
     return (whole - 1) % 0xFFFF + 1 + len(image)
 
 
-def executable(magic=0x10B, block=MARKER + bytes(112), flags=0x8540, section=0xC0000040):
+def executable(block=MARKER + bytes(112), flags=0x8540, section=0xC0000040):
     """The headers of a Windows executable and one section with an empty block."""
     content = padded(block + version_resource(), 512)
     headers = b"MZ" + bytes(58) + struct.pack("<I", 64)
     headers += b"PE\0\0" + struct.pack("<HHIIIHH", 0x14C, 1, 0, 0, 0, 224, 0x102)
     optional = bytearray(224)
-    struct.pack_into("<H", optional, 0, magic)
+    struct.pack_into("<H", optional, 0, 0x10B)
     struct.pack_into("<HH", optional, 48, 5, 1)
     struct.pack_into("<H", optional, 70, flags)
     struct.pack_into("<I", optional, 92, 16)

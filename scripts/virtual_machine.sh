@@ -119,12 +119,11 @@ while sleep 1 && kill -0 "$qemu" 2>/dev/null; do
         say "$SECONDS s: $(tail -n 1 "$work/console" | tr -d '\r')"
     fi
 done
-took=$SECONDS
 wait "$qemu" || true
 qemu=
 cp "$work/console" "$out/console.txt"
 mcopy -i "$kit_disk" ::/kit/report.txt "$out" 2>/dev/null || say "there is no report"
 result=$(sed -n 's/^exit code \([0-9]*\).*/\1/p' "$work/console")
 [ -n "$result" ] || fail "the machine ended and the kit had not: $(cat "$work/errors" "$work/console")" 125
-say "$took s, exit code $result; see $out"
+say "$SECONDS s, exit code $result; see $out"
 exit "$result"
