@@ -145,7 +145,6 @@ def main():
                         help="so many breaks that count, chosen at random; 0: all (default: 100)")
     parser.add_argument("--seed", type=int, default=1, metavar="S", help="of the choice (default: 1)")
     parser.add_argument("--folder", action="append", metavar="F", help="only this folder or file")
-    parser.add_argument("--list", action="store_true", help="print the breaks, try none")
     parser.add_argument("--minimum", type=float, default=85, metavar="PERCENT",
                         help="fail when fewer are seen (default: 85)")
     options = parser.parse_args()  # fmt: skip
@@ -158,15 +157,6 @@ def main():
     breaks = [change for file, source in sources.items() for change in find_breaks(file, source)]
     random.Random(options.seed).shuffle(breaks)
 
-    def told(change):
-        source = sources[change.file]
-        before = " ".join(source[change.start : change.end].split())
-        line = source.count("\n", 0, change.start) + 1
-        return f"{change.file}:{line}: {before} -> {' '.join(change.after.split()) or 'nothing'} ({change.kind})"
-
-    if options.list:
-        print(*map(told, breaks), sep="\n")
-        return 0
     subprocess.run([ROOT / "scripts" / "setup.sh", "--without-wine", "rsync"], check=True)
     TREE.mkdir(parents=True, exist_ok=True)
     lock = open(f"{TREE}.lock", "w", encoding="utf-8")
@@ -184,11 +174,14 @@ def main():
             continue
         if options.count and counts["seen"] + counts["unseen"] >= options.count:
             break
-        result = outcome(change, sources[change.file], made[change.file], sound[change.file])
+        source = sources[change.file]
+        result = outcome(change, source, made[change.file], sound[change.file])
         counts[result] += 1
         counts[change.file.split("/")[0], result] += 1
         if result == "unseen":
-            print(f"unseen: {told(change)}", flush=True)
+            line = source.count("\n", 0, change.start) + 1
+            before, after = (" ".join(text.split()) for text in (source[change.start : change.end], change.after))
+            print(f"unseen: {change.file}:{line}: {before} -> {after or 'nothing'} ({change.kind})", flush=True)
     for folder in FOLDERS:
         if tried := counts[folder, "seen"] + counts[folder, "unseen"]:
             print(f"{counts[folder, 'seen']:5} of {tried:4} seen: {folder}")
