@@ -11,8 +11,6 @@
 #define DIALOG_PROBE_API extern "C" __declspec(dllimport)
 #endif
 
-inline constexpr const char* dialogProbeFile = "dialog_probe.dll";
-
 /// The registered message that is a question to the window it is sent to: wParam is the row of a
 /// list view, `columnQuestion` with a column's index, or `iconQuestion`.
 inline constexpr const char* dialogProbeQuestion = "dialog_probe question";

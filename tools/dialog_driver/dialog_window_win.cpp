@@ -58,7 +58,7 @@ std::vector<HWND> visibleChildren(HWND window) {
 /// Asks within the window's process what it tells only there.
 std::string probe(HWND window, WPARAM question) {
     const HHOOK hook =
-        SetWindowsHookExA(WH_CALLWNDPROC, dialogProbeHook, GetModuleHandleA(dialogProbeFile),
+        SetWindowsHookExA(WH_CALLWNDPROC, dialogProbeHook, GetModuleHandleA("dialog_probe.dll"),
                           GetWindowThreadProcessId(window, nullptr));
     dialogProbeAnswer[0] = '\0';
     ask(window, RegisterWindowMessageA(dialogProbeQuestion), question);
