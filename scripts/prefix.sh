@@ -42,8 +42,7 @@ make_template() {
         if ! { "$wine" wineboot -i && "$wine" reg add 'HKCU\Software\Wine\Drivers' /v Graphics /d null /f &&
             "$wineserver" -w; } >"$new.log" 2>&1 9>&-; then
             cat "$new.log" >&2
-            echo "prefix: FAILED to make $name" >&2
-            exit 1
+            fail "$name was not made"
         fi
         # Debian's Wine does not look for its own fonts where Debian has them; without them the
         # dialogs have other sizes than on Windows, and the close box an "r".
