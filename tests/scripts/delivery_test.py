@@ -19,6 +19,7 @@ from sample_parts import executable, make_parts
 
 TOOL = Path(sys.argv.pop(1)).resolve() / "installer-tool"
 SIGN = "osslsigncode sign -certs cert.pem -key key.pem -h sha256 -n {name} -in {in} -out {out}"
+DEMANDED = ["--require-signature", "--ca-file", "cert.pem"]
 
 
 def run(*words, **more):
@@ -74,8 +75,7 @@ class Delivery(unittest.TestCase):
         for code in ("1k", "04"):
             self.assertEqual(Path(f"media/{code}/Install.exe").read_bytes(),
                              Path(f"signed/{code}/Install.exe").read_bytes())
-        self.expect(run("verify", "signed", "--require-signature", "--ca-file", "cert.pem"), 0,
-                    "signed by /CN=Throw-away")
+        self.expect(run("verify", "signed", *DEMANDED), 0, "signed by /CN=Throw-away")
         self.expect(run("layout", "layout.json", "media", "--release", "signed"), 0, "0 made, 23 un")
         subprocess.run(["sha256sum", "--check", "--strict", "--quiet", "MANIFEST.sha256"],
                        cwd="media/1k", check=True)
@@ -85,22 +85,20 @@ class Delivery(unittest.TestCase):
         installer = forged / "1k/Install.exe"
         image = installer.read_bytes()
         installer.write_bytes(image.replace(b"Serial Analyzer\0", b"Serial AnalyzeX\0"))
-        demanded = ["--require-signature", "--ca-file", "cert.pem"]
         self.expect(run("verify", forged), 1, "1k/Install.exe: signature is broken")
         self.expect(run("verify", "signed"), 0, "not verified: self-signed certificate")
         self.expect(run("verify", "signed", "--require-signature"), 1, "not verified")
-        self.expect(run("verify", "plain", *demanded), 1, "1k/Install.exe: not signed")
+        self.expect(run("verify", "plain", *DEMANDED), 1, "1k/Install.exe: not signed")
 
     def test_a_set_is_held_against_its_list(self):
-        demanded = ["--require-signature", "--ca-file", "cert.pem"]
-        self.expect(run("check", "--release", "media", *demanded), 0, "signed by /CN=Throw-away")
+        self.expect(run("check", "--release", "media", *DEMANDED), 0, "signed by /CN=Throw-away")
         copy = self.copy("media")
         shutil.rmtree(copy / "04")
         shutil.copy(copy / "1m/Install.exe", copy / "1w/Install.exe")
         (copy / "1k/Setup.Exe").write_bytes(b"")
         (copy / "07/Install.exe").unlink()
         (copy / "0g/ProductData.inx").unlink()
-        self.expect(run("check", "--release", copy, *demanded), 1, "product 04 are missing",
+        self.expect(run("check", "--release", copy, *DEMANDED), 1, "product 04 are missing",
                     "is that of product 1m", "Setup.Exe: differs", "no stamped installer",
                     "ProductData.inx: is missing")
         self.expect(run("check", "--release", "media", "--strict"), 1)
@@ -112,7 +110,7 @@ class Delivery(unittest.TestCase):
         self.expect(run(*again), 1, "11 of 23 installers are signed and kept")
         self.expect(run(*again), 0)
         self.assertEqual(len(Path("calls").read_text()), 24)
-        self.expect(run("verify", "late", "--require-signature", "--ca-file", "cert.pem"), 0)
+        self.expect(run("verify", "late", *DEMANDED), 0)
 
     def test_a_time_stamp_is_tried_again(self):
         command = "test -e tried || { touch tried; echo no service; false; }"

@@ -69,6 +69,9 @@ def faults(work):
     def stamp(source, *more):
         return ["stamp", source, "1k", *more, "out.exe"]
 
+    def sign(command):
+        return ["release", "out", "--installer", "installer.exe", "--sign-command", command]
+
     rows = [
         ("no command", [], 2, "subcommand"),
         ("unknown command", ["stmp"], 2, "stmp"),
@@ -96,12 +99,8 @@ def faults(work):
         ("verify nothing", ["verify", "a folder"], 1, "SHA256SUMS"),
         ("empty sign command", ["release", "out", "--sign-command", ""], 2, "is empty"),
         ("time stamp alone", ["release", "out", "--timestamp-command", "true"], 2, "--sign-command"),
-        ("failing signature",
-         ["release", "out", "--installer", "installer.exe", "--sign-command", "echo no token; false"],
-         1, "no token"),
-        ("signature without effect",
-         ["release", "out", "--installer", "installer.exe", "--sign-command", "true"],
-         1, "not signed"),
+        ("failing signature", sign("echo no token; false"), 1, "no token"),
+        ("signature without effect", sign("true"), 1, "not signed"),
     ]
     before = sorted(os.listdir(work))
     for what, words, code, message in rows:
@@ -220,7 +219,7 @@ def releases(work):
         ("cut off", image[:-600], ["differs from its checksum", "cut off"]),
         ("another product", (work / "release/1m/Install.exe").read_bytes(), ['stamped "1m"']),
         ("not stamped", executable(), ["is not stamped"]),
-        ("without protections", (work / "weak-1k.exe").read_bytes(), 
+        ("without protections", (work / "weak-1k.exe").read_bytes(),
          ["ASLR", "NX", "written and run", "NO_SEH", "terminal servers"]),
         ("as other linkers leave it", bytes(linked), ["from a disc and from the net", "Windows XP"]),
         ("one signed", signing(image), ["some installers are signed"]),
