@@ -1,7 +1,5 @@
 // Tells what installers will do with their media, and whether those are what was to be delivered.
-#include <CLI/CLI.hpp>
 #include <algorithm>
-#include <memory>
 #include <set>
 
 #include "desk/commands/command.h"

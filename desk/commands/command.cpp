@@ -1,6 +1,5 @@
 #include "desk/commands/command.h"
 
-#include <CLI/CLI.hpp>
 #include <algorithm>
 #include <iostream>
 

@@ -1,14 +1,12 @@
 // What the commands of the release engineer's desk share.
 #pragma once
 
+#include <CLI/CLI.hpp>
+#include <memory>
 #include <string>
 #include <vector>
 
 #include "desk/whole_file.h"
-
-namespace CLI {
-class App;
-}
 
 inline constexpr int exitGood = 0;
 inline constexpr int exitWrong = 1;  ///< something is wrong with the input

@@ -1,7 +1,4 @@
 // Enciphers and deciphers the product-data file.
-#include <CLI/CLI.hpp>
-#include <memory>
-
 #include "catalogue/cipher.h"
 #include "catalogue/product_data_file.h"
 #include "desk/commands/command.h"

@@ -1,8 +1,6 @@
 // The release engineer's desk: from a build to checked media. `installer-tool --help` tells its
 // commands.
-#include <CLI/CLI.hpp>
 #include <cerrno>
-#include <filesystem>
 #include <iostream>
 #include <iterator>
 #include <system_error>
@@ -16,7 +14,7 @@ namespace {
 
 /// The command that a name of the program stands for: scripts in the field call each by its own.
 std::string commandOfName(const std::string& program) {
-    const std::string name = std::filesystem::path(program).stem().string();
+    const std::string name = fs::path(program).stem().string();
     if (name == "check_media") {
         return "check";
     }

@@ -1,8 +1,6 @@
 // Makes the media folders of one or all products from a description.
-#include <CLI/CLI.hpp>
 #include <algorithm>
 #include <map>
-#include <memory>
 
 #include "desk/commands/command.h"
 #include "desk/media/installer_maker.h"

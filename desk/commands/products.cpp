@@ -1,6 +1,4 @@
 // Tells the products and what a run does for each.
-#include <CLI/CLI.hpp>
-
 #include "desk/commands/command.h"
 #include "desk/media/product_facts.h"
 

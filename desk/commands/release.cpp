@@ -1,7 +1,4 @@
 // Makes the installers of all products.
-#include <CLI/CLI.hpp>
-#include <memory>
-
 #include "desk/commands/command.h"
 #include "desk/media/installer_maker.h"
 #include "desk/media/product_facts.h"

@@ -1,11 +1,7 @@
 // Makes a product's installer.
-#include <CLI/CLI.hpp>
-#include <memory>
-
 #include "desk/commands/command.h"
 #include "desk/executables/stamp_image.h"
 #include "desk/western_text.h"
-#include "desk/whole_file.h"
 
 namespace {
 

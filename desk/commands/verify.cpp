@@ -1,7 +1,4 @@
 // Looks at a release that somebody else made.
-#include <CLI/CLI.hpp>
-#include <memory>
-
 #include "desk/commands/command.h"
 #include "desk/media/release_folder.h"
 
