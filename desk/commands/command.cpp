@@ -19,6 +19,39 @@ void addRepeated(CLI::App& command, const std::string& name, std::vector<std::st
         ->allow_extra_args(false);
 }
 
+void addSignatureOptions(CLI::App& command, SignatureChoices& choices) {
+    command
+        .add_option("--ca-file", choices.authorities,
+                    "Certificates that signatures must lead to (PEM); else those of the system")
+        ->check(CLI::ExistingFile);
+    command.add_flag("--require-signature,--require-signatures", choices.isRequired,
+                     "Count an installer as wrong whose signature is not good");
+}
+
+void addSigningOptions(CLI::App& command, SigningChoices& choices, const std::string& jobs) {
+    command.add_option("--jobs", choices.jobs, jobs)
+        ->check(CLI::Range(1, 64))
+        ->capture_default_str();
+    const CLI::Validator notEmpty(
+        [](const std::string& text) { return text.empty() ? "it is empty" : ""; }, "COMMAND");
+    CLI::Option* const signing =
+        command
+            .add_option("--sign-command", choices.command,
+                        "Signs an executable: any command, in which {in}, {out} and {name} are "
+                        "replaced; without {out} it signs in place")
+            ->check(notEmpty);
+    command
+        .add_option("--timestamp-command", choices.timestampCommand,
+                    "Adds the time stamp to a signed executable, as above; it is tried again when "
+                    "it fails, while a sign command is not: a token locks after wrong PINs")
+        ->check(notEmpty)
+        ->needs(signing);
+    command.add_option("--timestamp-attempts", choices.attempts, "How often it is tried")
+        ->check(CLI::Range(1, 100))
+        ->capture_default_str();
+    addSignatureOptions(command, choices.verification);
+}
+
 std::string inColumns(const std::vector<std::vector<std::string>>& rows) {
     std::vector<std::size_t> widths;
     for (const auto& row : rows) {

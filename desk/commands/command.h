@@ -6,7 +6,7 @@
 #include <string>
 #include <vector>
 
-#include "desk/whole_file.h"
+#include "desk/executables/signature.h"
 
 inline constexpr int exitGood = 0;
 inline constexpr int exitWrong = 1;  ///< something is wrong with the input
@@ -26,6 +26,13 @@ CLI::App* addCommand(CLI::App& app, Session& session, const std::string& name,
 /// Adds an option that takes one value and may be given again.
 void addRepeated(CLI::App& command, const std::string& name, std::vector<std::string>& values,
                  const std::string& type, const std::string& description);
+
+/// Adds `--ca-file` and `--require-signature`.
+void addSignatureOptions(CLI::App& command, SignatureChoices& choices);
+
+/// Adds `--jobs`, `--sign-command`, `--timestamp-command`, `--timestamp-attempts` and those of
+/// addSignatureOptions.
+void addSigningOptions(CLI::App& command, SigningChoices& choices, const std::string& jobs);
 
 /// The rows, one a line, in columns that are as wide as their widest cell (in ASCII); a row of one
 /// cell is a line of its own.

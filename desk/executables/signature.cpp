@@ -2,7 +2,6 @@
 
 #include <sys/wait.h>
 
-#include <CLI/CLI.hpp>
 #include <chrono>
 #include <cstdio>
 #include <map>
@@ -78,15 +77,6 @@ std::string runOn(const fs::path& file, const std::string& command, const std::s
 
 }  // namespace
 
-void addSignatureOptions(CLI::App& command, SignatureChoices& choices) {
-    command
-        .add_option("--ca-file", choices.authorities,
-                    "Certificates that signatures must lead to (PEM); else those of the system")
-        ->check(CLI::ExistingFile);
-    command.add_flag("--require-signature,--require-signatures", choices.isRequired,
-                     "Count an installer as wrong whose signature is not good");
-}
-
 Json signatureOf(const fs::path& file, const Executable& executable,
                  const SignatureChoices& choices) {
     Json signature = noSignature();
@@ -136,30 +126,6 @@ void requireUnsigned(const fs::path& existing) {
                       " is signed, and what would replace it is not; sign it, name another "
                       "folder, or remove this one.");
     }
-}
-
-void addSigningOptions(CLI::App& command, SigningChoices& choices, const std::string& jobs) {
-    command.add_option("--jobs", choices.jobs, jobs)
-        ->check(CLI::Range(1, 64))
-        ->capture_default_str();
-    const CLI::Validator notEmpty(
-        [](const std::string& text) { return text.empty() ? "it is empty" : ""; }, "COMMAND");
-    CLI::Option* const signing =
-        command
-            .add_option("--sign-command", choices.command,
-                        "Signs an executable: any command, in which {in}, {out} and {name} are "
-                        "replaced; without {out} it signs in place")
-            ->check(notEmpty);
-    command
-        .add_option("--timestamp-command", choices.timestampCommand,
-                    "Adds the time stamp to a signed executable, as above; it is tried again when "
-                    "it fails, while a sign command is not: a token locks after wrong PINs")
-        ->check(notEmpty)
-        ->needs(signing);
-    command.add_option("--timestamp-attempts", choices.attempts, "How often it is tried")
-        ->check(CLI::Range(1, 100))
-        ->capture_default_str();
-    addSignatureOptions(command, choices.verification);
 }
 
 void sign(const fs::path& file, const std::string& name, const SigningChoices& choices) {

@@ -5,20 +5,12 @@
 #include <thread>
 
 #include "desk/executables/executable.h"
-#include "desk/whole_file.h"
-
-namespace CLI {
-class App;
-}
 
 /// What a command asks of signatures.
 struct SignatureChoices {
     std::string authorities;  ///< PEM file; empty: those that osslsigncode trusts by itself
     bool isRequired = false;
 };
-
-/// Adds `--ca-file` and `--require-signature`.
-void addSignatureOptions(CLI::App& command, SignatureChoices& choices);
 
 /// The signature as a document: "state" ("none", "good", "untrusted" or "broken"), "by" (the
 /// certificate's subject, such as "/O=Maker/CN=Name") and "reason" (of one that is not good).
@@ -47,10 +39,6 @@ struct SigningChoices {
     /// How many files at a time.
     unsigned jobs = std::max(1U, std::thread::hardware_concurrency());
 };
-
-/// Adds `--jobs`, `--sign-command`, `--timestamp-command`, `--timestamp-attempts` and those of
-/// addSignatureOptions.
-void addSigningOptions(CLI::App& command, SigningChoices& choices, const std::string& jobs);
 
 /// Signs the file, in place, and verifies that. `name` is what the signature says of it. Throws
 /// Refusal with what the commands say.
