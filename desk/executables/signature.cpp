@@ -45,12 +45,9 @@ CommandResult runCommand(std::string command, const std::map<std::string, std::s
 
 /// The rest of the line behind `prefix`; empty when the text does not hold that.
 std::string behind(const std::string& text, const std::string& prefix) {
-    const std::size_t found = text.find(prefix);
-    if (found == std::string::npos) {
-        return "";
-    }
-    const std::size_t start = found + prefix.size();
-    return text.substr(start, text.find_first_of("\r\n", start) - start);
+    const std::size_t start = std::min(text.find(prefix), text.size());
+    const std::string line = text.substr(start, text.find_first_of("\r\n", start) - start);
+    return line.substr(std::min(prefix.size(), line.size()));
 }
 
 /// Runs a command that signs `file` in place or, where it says "{out}", into a file of its own. The
@@ -79,7 +76,7 @@ std::string runOn(const fs::path& file, const std::string& command, const std::s
 
 Json signatureOf(const fs::path& file, const Executable& executable,
                  const SignatureChoices& choices) {
-    Json signature = noSignature();
+    Json signature = noSignature;
     if (!executable.isSigned()) {
         return signature;
     }
@@ -97,10 +94,6 @@ Json signatureOf(const fs::path& file, const Executable& executable,
         signature["reason"] = distrust.empty() ? "the content is not what was signed" : distrust;
     }
     return signature;
-}
-
-Json noSignature() {
-    return {{"state", "none"}, {"by", ""}, {"reason", ""}};
 }
 
 std::string signatureInWords(const Json& signature) {

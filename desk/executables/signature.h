@@ -19,7 +19,7 @@ struct SignatureChoices {
                                const SignatureChoices& choices);
 
 /// The document of a file that is not signed.
-[[nodiscard]] Json noSignature();
+inline const Json noSignature = {{"state", "none"}, {"by", ""}, {"reason", ""}};
 
 /// Such as "signed by /CN=Name".
 [[nodiscard]] std::string signatureInWords(const Json& signature);

@@ -234,7 +234,7 @@ Json emptyReport(const std::string& folder) {
     const Json none = Json::array();
     return {
         {"folder", folder}, {"productCode", ""}, {"productName", ""}, {"title", ""},
-        {"path", ""},       {"build", ""},       {"buildOrigin", ""}, {"signature", noSignature()},
+        {"path", ""},       {"build", ""},       {"buildOrigin", ""}, {"signature", noSignature},
         {"files", none},    {"warnings", none},  {"problems", none},  {"handOvers", none},
         {"runs", none}};
 }
