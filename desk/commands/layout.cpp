@@ -28,36 +28,38 @@ void refuseAll(const std::string& what, const std::vector<std::string>& problems
     }
 }
 
-/// Takes the installers from a release that is as it should be.
-void takeInstallers(std::vector<MediaPlan>& all, const LayoutDescription& description,
-                    const fs::path& release, const SignatureChoices& signature) {
-    refuseAll("The release " + inQuotes(release) + " is not as it should be",
-              asLines(examineRelease(release, "", signature).problems));
-    std::vector<std::string> problems;
-    for (MediaPlan& media : all) {
-        if (description.has(media.facts.code, "name") && media.stamp.name != media.facts.name) {
-            problems.push_back("\"name\" of product " + media.facts.code +
-                               " is for installers that are made here, and those of a release are "
-                               "not changed; leave it out.");
-        }
-        addInstaller(media, release / releasedPath(media.facts.code), problems);
-    }
-    refuseAll("The media cannot be made", problems);
-}
-
-/// Makes the installers as a release has them.
-void makeOwnInstallers(std::vector<MediaPlan>& all, const LayoutDescription& description,
-                       const Choices& choices, OutputFolder& output) {
+/// Makes the installers as a release has them, in a folder that it returns.
+fs::path makeOwnInstallers(const std::vector<MediaPlan>& all, const LayoutDescription& description,
+                           const SigningChoices& signing, OutputFolder& output) {
     std::vector<InstallerOrder> orders;
-    std::vector<std::string> problems;
     for (const MediaPlan& media : all) {
         const std::string& code = media.facts.code;
         orders.push_back({folderOf(code) + '/' + media.installerName,
                           description.path(code, "installer"), media.stamp});
     }
-    const fs::path made = makeInstallers(orders, choices.signing, output);
-    for (std::size_t index = 0; index < all.size(); ++index) {
-        addInstaller(all[index], made / orders[index].path, problems);
+    return makeInstallers(orders, signing, output);
+}
+
+/// Adds the installers, which are taken from a release that is as it should be, or made.
+void addInstallers(std::vector<MediaPlan>& all, const LayoutDescription& description,
+                   const SigningChoices& signing, OutputFolder& output) {
+    const bool isReleased = description.has("", "release");
+    const fs::path source = isReleased ? description.path("", "release")
+                                       : makeOwnInstallers(all, description, signing, output);
+    if (isReleased) {
+        refuseAll("The release " + inQuotes(source) + " is not as it should be",
+                  asLines(examineRelease(source, "", signing.verification).problems));
+    }
+    std::vector<std::string> problems;
+    for (MediaPlan& media : all) {
+        const std::string& code = media.facts.code;
+        if (isReleased && description.has(code, "name") && media.stamp.name != media.facts.name) {
+            problems.push_back("\"name\" of product " + code +
+                               " is for installers that are made here, and those of a release are "
+                               "not changed; leave it out.");
+        }
+        const std::string name = isReleased ? installerFile : media.installerName;
+        addInstaller(media, source / folderOf(code) / name, problems);
     }
     refuseAll("The media cannot be made", problems);
 }
@@ -149,20 +151,14 @@ void layOut(const Choices& choices, const Session& session) {
         throw CLI::ValidationError("layout", "needs DESCRIPTION and OUT, or --example");
     }
     const LayoutDescription description(choices.description, choices.settings, choices.forAll);
-    const bool isReleased = description.has("", "release");
-    if (isReleased && !choices.signing.command.empty()) {
+    if (description.has("", "release") && !choices.signing.command.empty()) {
         throw Refusal(
             "The installers of a release are not signed again: sign when it is made, or "
             "leave \"release\" out of the description.");
     }
     std::vector<MediaPlan> all = planAll(description, choices, session);
     OutputFolder output(choices.folder);
-    if (isReleased) {
-        takeInstallers(all, description, description.path("", "release"),
-                       choices.signing.verification);
-    } else {
-        makeOwnInstallers(all, description, choices, output);
-    }
+    addInstallers(all, description, choices.signing, output);
     report(all, makeChanged(all, choices.links, output), choices, session);
 }
 
