@@ -103,6 +103,14 @@ std::string reasonOf(const std::exception& error) {
     return std::regex_replace(error.what(), prefix, "");
 }
 
+std::string inLines(const std::string& mark, const Json& texts) {
+    std::string lines;
+    for (const std::string text : texts) {
+        lines += mark + text + '\n';
+    }
+    return lines;
+}
+
 FileSummary summarize(const std::string& file) {
     FileSummary summary;
     Digest digest;

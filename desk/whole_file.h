@@ -32,6 +32,9 @@ std::optional<std::string> readWholeFile(const std::string& path);
 /// What an exception says, without the JSON library's own prefix.
 [[nodiscard]] std::string reasonOf(const std::exception& error);
 
+/// Each text of a list on a line of its own, behind `mark`.
+[[nodiscard]] std::string inLines(const std::string& mark, const Json& texts);
+
 /// What one reading of a file tells, however long it is.
 struct FileSummary {
     std::string head;           ///< the first mebibyte

@@ -142,11 +142,8 @@ std::string setInWords(const Json& document) {
             rows.push_back({"    warning: " + warning});
         }
     }
-    std::string words = inColumns(rows) + '\n';
-    for (const std::string problem : document["problems"]) {
-        words += "PROBLEM   " + problem + '\n';
-    }
-    return words + std::to_string(complete) + " of " + std::to_string(document["media"].size()) +
+    return inColumns(rows) + '\n' + inLines("PROBLEM   ", document["problems"]) +
+           std::to_string(complete) + " of " + std::to_string(document["media"].size()) +
            " media folders are complete" +
            (document["complete"] == true ? "\n" : "; the set is NOT COMPLETE\n");
 }

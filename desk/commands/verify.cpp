@@ -13,25 +13,20 @@ struct Choices {
 void verify(const Choices& choices, Session& session) {
     const ReleaseReport report = examineRelease(choices.folder, choices.build, choices.signature);
     const bool good = report.problems.empty();
-    std::string words;
-    for (const FileProblem& problem : report.problems) {
-        words += "PROBLEM   " + asLine(problem) + '\n';
-    }
-    words += std::to_string(report.installers) + " installers" +
-             (report.build.empty() ? "" : " of build " + report.build);
-    for (const std::string& signer : report.signers) {
-        words += ", " + signer;
-    }
-    printResult(session,
-                {{"folder", choices.folder},
-                 {"installers", report.installers},
-                 {"signed", report.signatures},
-                 {"signatures", report.signers},
-                 {"build", report.build},
-                 {"problems", report.problems},
-                 {"good", good}},
-                words + (good ? "; checksums, stamps and protections are right\n"
-                              : "; NOT AS IT SHOULD BE\n"));
+    std::vector<std::string> found = {std::to_string(report.installers) + " installers" +
+                                      (report.build.empty() ? "" : " of build " + report.build)};
+    found.insert(found.end(), report.signers.begin(), report.signers.end());
+    printResult(
+        session,
+        {{"folder", choices.folder},
+         {"installers", report.installers},
+         {"signed", report.signatures},
+         {"signatures", report.signers},
+         {"build", report.build},
+         {"problems", report.problems},
+         {"good", good}},
+        inLines("PROBLEM   ", asLines(report.problems)) + joined(found) +
+            (good ? "; checksums, stamps and protections are right\n" : "; NOT AS IT SHOULD BE\n"));
     session.exitCode = good ? exitGood : exitWrong;
 }
 

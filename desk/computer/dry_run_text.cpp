@@ -23,9 +23,7 @@ std::string dialogInWords(const Json& dialog) {
     bool isFirst = true;
     for (const std::string part : dialog["texts"]) {
         words += margin + "| " + replaceAll(part, "\n", '\n' + margin + "| ", false) + '\n';
-        for (const std::string row : isFirst ? dialog["rows"] : Json()) {
-            words += margin + "|   [x] " + row + '\n';
-        }
+        words += inLines(margin + "|   [x] ", isFirst ? dialog["rows"] : Json());
         isFirst = false;
     }
     std::string mark = hasRows ? "[x] " : "(o) ";
@@ -33,11 +31,8 @@ std::string dialogInWords(const Json& dialog) {
         words += margin + "|   " + mark + choice + '\n';
         mark = hasRows ? mark : "( ) ";
     }
-    std::string buttons;
-    for (const std::string button : dialog["buttons"]) {
-        buttons += (buttons.empty() ? "[" : "  [") + button + ']';
-    }
-    return words + margin + "| " + buttons + '\n';
+    const std::vector<std::string> buttons = dialog["buttons"];
+    return words + margin + "| [" + joined(buttons, "]  [") + "]\n";
 }
 
 std::string promptInWords(const Json& step) {
@@ -89,10 +84,7 @@ std::string runInWords(const Json& run) {
     system.erase(system.find_last_not_of(' ') + 1);
     std::string words = "The run on " + (system.empty() ? "a release without a name" : system) +
                         ", " + run["bits"].dump() + "-bit (code " + run["systemCode"].dump() +
-                        "):\n";
-    for (const std::string note : run["notes"]) {
-        words += "note: " + note + '\n';
-    }
+                        "):\n" + inLines("note: ", run["notes"]);
     std::size_t number = 0;
     for (const Json& step : run["steps"]) {
         words += '\n' + std::to_string(++number) + ". " + stepInWords(step);

@@ -283,12 +283,7 @@ std::string mediaInWords(const Json& report) {
                  text(file, "name") + "  (" + (damage.empty() ? text(file, "purpose") : damage) +
                  ")\n";
     }
-    for (const std::string warning : report["warnings"]) {
-        words += "WARNING   " + warning + '\n';
-    }
-    for (const std::string problem : report["problems"]) {
-        words += "PROBLEM   " + problem + '\n';
-    }
+    words += inLines("WARNING   ", report["warnings"]) + inLines("PROBLEM   ", report["problems"]);
     for (const Json& handOver : report["handOvers"]) {
         words += '\n' + text(handOver, "choice") + ", " + text(handOver, "windows") + "\n    " +
                  text(handOver, "parameters") + '\n';
