@@ -205,31 +205,28 @@ void check(const Choices& choices, Session& session) {
 
 }  // namespace
 
-void addCheckCommand(CLI::App& app, Session& session) {
-    CLI::App* const command =
-        addCommand(app, session, "check",
-                   "Tells what an installer will do with its media and whether they are whole");
+void addCheckOptions(CLI::App& command, Session& session) {
     const auto choices = std::make_shared<Choices>();
-    command->add_option("INSTALLER", choices->installer, "The stamped installer");
-    command->add_option("FOLDER", choices->folder, "The media folder");
-    command->add_option("--release", choices->release,
-                        "Check all media folders in this folder instead: those that \"layout\" "
-                        "listed there, else those of all products, of one build");
-    addRepeated(*command, "--product", choices->codes, "CODE",
+    command.add_option("INSTALLER", choices->installer, "The stamped installer");
+    command.add_option("FOLDER", choices->folder, "The media folder");
+    command.add_option("--release", choices->release,
+                       "Check all media folders in this folder instead: those that \"layout\" "
+                       "listed there, else those of all products, of one build");
+    addRepeated(command, "--product", choices->codes, "CODE",
                 "With --release: the media are those of this product; may be repeated");
-    command->add_option("--dir", choices->media.directory, "The folder as the launcher names it")
+    command.add_option("--dir", choices->media.directory, "The folder as the launcher names it")
         ->capture_default_str();
-    command->add_option("--build", choices->media.requiredBuild,
-                        "The build that the media must hold");
-    addSignatureOptions(*command, choices->media.signature);
-    addRepeated(*command, "--installed", choices->machineFiles, "FILE",
+    command.add_option("--build", choices->media.requiredBuild,
+                       "The build that the media must hold");
+    addSignatureOptions(command, choices->media.signature);
+    addRepeated(command, "--installed", choices->machineFiles, "FILE",
                 "Tell the whole run on the machine that this file describes: JSON, or what "
                 "regedit exports; given again, on another one beside it");
-    command->add_option("--windows", choices->machine.windows,
-                        "The machine's release, such as \"Windows 7\"");
-    command->add_option("--bits", choices->machine.bits, "The machine's bitness")
+    command.add_option("--windows", choices->machine.windows,
+                       "The machine's release, such as \"Windows 7\"");
+    command.add_option("--bits", choices->machine.bits, "The machine's bitness")
         ->check(CLI::IsMember({32, 64}));
-    command->add_option("--html", choices->page,
-                        "Write a page that shows the runs; without media, those of all products");
-    command->callback([choices, &session] { check(*choices, session); });
+    command.add_option("--html", choices->page,
+                       "Write a page that shows the runs; without media, those of all products");
+    command.callback([choices, &session] { check(*choices, session); });
 }

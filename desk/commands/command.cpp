@@ -3,14 +3,6 @@
 #include <algorithm>
 #include <iostream>
 
-CLI::App* addCommand(CLI::App& app, Session& session, const std::string& name,
-                     const std::string& description) {
-    CLI::App* const command = app.add_subcommand(name, description);
-    command->add_flag("--json", session.json, "Print the result as JSON");
-    command->add_flag("--strict", session.strict, "Count notes and warnings as errors");
-    return command;
-}
-
 void addRepeated(CLI::App& command, const std::string& name, std::vector<std::string>& values,
                  const std::string& type, const std::string& description) {
     command.add_option(name, values, description)

@@ -19,10 +19,6 @@ struct Session {
     int exitCode = exitGood;
 };
 
-/// Adds a command with its `--json` and `--strict`.
-CLI::App* addCommand(CLI::App& app, Session& session, const std::string& name,
-                     const std::string& description);
-
 /// Adds an option that takes one value and may be given again.
 void addRepeated(CLI::App& command, const std::string& name, std::vector<std::string>& values,
                  const std::string& type, const std::string& description);
@@ -49,7 +45,7 @@ void printResult(const Session& session, const Json& document, const std::string
 void printNotes(const Session& session, const std::string& subject,
                 const std::vector<std::string>& notes);
 
-/// Adds a command to the program; its own file defines it.
-using CommandAdder = void(CLI::App& app, Session& session);
-CommandAdder addProductsCommand, addStampCommand, addEncipherCommand, addDecipherCommand,
-    addLayoutCommand, addCheckCommand, addReleaseCommand, addVerifyCommand;
+/// Adds a command's own options, and what it does; the command's file defines it.
+using OptionsAdder = void(CLI::App& command, Session& session);
+OptionsAdder addProductsOptions, addStampOptions, addEncipherOptions, addDecipherOptions,
+    addLayoutOptions, addCheckOptions, addReleaseOptions, addVerifyOptions;

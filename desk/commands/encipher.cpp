@@ -14,10 +14,10 @@ struct Files {
     bool keepsLineEnds = false;
 };
 
-std::shared_ptr<Files> addFiles(CLI::App* command) {
+std::shared_ptr<Files> addFiles(CLI::App& command) {
     auto files = std::make_shared<Files>();
-    command->add_option("IN", files->input, "The file to read")->required();
-    command->add_option("OUT", files->output, "The file to make")->required();
+    command.add_option("IN", files->input, "The file to read")->required();
+    command.add_option("OUT", files->output, "The file to make")->required();
     return files;
 }
 
@@ -75,18 +75,14 @@ void decipherFile(const Files& files, const Session& session) {
 
 }  // namespace
 
-void addEncipherCommand(CLI::App& app, Session& session) {
-    CLI::App* const command =
-        addCommand(app, session, "encipher", "Makes \"ProductData.inx\" from \"ProductData.ini\"");
+void addEncipherOptions(CLI::App& command, Session& session) {
     const auto files = addFiles(command);
-    command->add_flag("--keep-line-ends", files->keepsLineEnds,
-                      "Encipher lines as they end, not with CR LF");
-    command->callback([files, &session] { encipherFile(*files, session); });
+    command.add_flag("--keep-line-ends", files->keepsLineEnds,
+                     "Encipher lines as they end, not with CR LF");
+    command.callback([files, &session] { encipherFile(*files, session); });
 }
 
-void addDecipherCommand(CLI::App& app, Session& session) {
-    CLI::App* const command =
-        addCommand(app, session, "decipher", "Makes \"ProductData.ini\" from \"ProductData.inx\"");
+void addDecipherOptions(CLI::App& command, Session& session) {
     const auto files = addFiles(command);
-    command->callback([files, &session] { decipherFile(*files, session); });
+    command.callback([files, &session] { decipherFile(*files, session); });
 }

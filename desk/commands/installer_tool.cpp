@@ -12,6 +12,24 @@
 
 namespace {
 
+constexpr struct {
+    const char *name, *description;
+    OptionsAdder* addOptions;
+} commands[] = {
+    {"products", "Tells the products and what a run does for each", addProductsOptions},
+    {"stamp", "Makes a product's installer: stamp INSTALLER CODE [NAME] OUT", addStampOptions},
+    {"encipher", "Makes \"ProductData.inx\" from \"ProductData.ini\"", addEncipherOptions},
+    {"decipher", "Makes \"ProductData.ini\" from \"ProductData.inx\"", addDecipherOptions},
+    {"layout",
+     "Makes the media folder of each product, OUT/CODE, from one description, and checks it",
+     addLayoutOptions},
+    {"check", "Tells what an installer will do with its media and whether they are whole",
+     addCheckOptions},
+    {"release", "Makes the installers of all products, with checksums and a bill of materials",
+     addReleaseOptions},
+    {"verify", "Checks a release: checksums, stamps, bill of materials, protections, signatures",
+     addVerifyOptions}};
+
 /// The command that a name of the program stands for: scripts in the field call each by its own.
 std::string commandOfName(const std::string& program) {
     const std::string name = fs::path(program).stem().string();
@@ -30,10 +48,11 @@ int run(std::vector<std::string> arguments, const std::string& program) {
     app.footer(
         "Exit codes: 0 good; 1 something is wrong with the input, and is named; 2 wrong usage.\n"
         "\"installer-tool COMMAND --help\" tells more about a command.");
-    for (CommandAdder* const add :
-         {addProductsCommand, addStampCommand, addEncipherCommand, addDecipherCommand,
-          addLayoutCommand, addCheckCommand, addReleaseCommand, addVerifyCommand}) {
-        add(app, session);
+    for (const auto& [name, description, addOptions] : commands) {
+        CLI::App* const command = app.add_subcommand(name, description);
+        command->add_flag("--json", session.json, "Print the result as JSON");
+        command->add_flag("--strict", session.strict, "Count notes and warnings as errors");
+        addOptions(*command, session);
     }
     try {
         app.parse(std::move(arguments));

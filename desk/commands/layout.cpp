@@ -164,29 +164,25 @@ void layOut(const Choices& choices, const Session& session) {
 
 }  // namespace
 
-void addLayoutCommand(CLI::App& app, Session& session) {
-    CLI::App* const command = addCommand(
-        app, session, "layout",
-        "Makes the media folder of each product, OUT/CODE, from one description, and checks it");
+void addLayoutOptions(CLI::App& command, Session& session) {
     const auto choices = std::make_shared<Choices>();
-    command->add_option("DESCRIPTION", choices->description,
-                        "JSON file; \"layout --example\" prints one with explanations");
-    command->add_option("OUT", choices->folder,
-                        "Where the media folders go; each is replaced whole, and only if something "
-                        "in it changes");
-    addRepeated(*command, "--product", choices->codes, "CODE",
-                "Only this product; may be repeated");
-    command->add_option("--release", choices->forAll["release"],
-                        "Take the installers, byte for byte, from this release");
-    command->add_option("--build", choices->forAll["build"], "The build of all products");
-    addRepeated(*command, "--set", choices->settings, "KEY=VALUE|CODE.KEY=VALUE",
+    command.add_option("DESCRIPTION", choices->description,
+                       "JSON file; \"layout --example\" prints one with explanations");
+    command.add_option("OUT", choices->folder,
+                       "Where the media folders go; each is replaced whole, and only if something "
+                       "in it changes");
+    addRepeated(command, "--product", choices->codes, "CODE", "Only this product; may be repeated");
+    command.add_option("--release", choices->forAll["release"],
+                       "Take the installers, byte for byte, from this release");
+    command.add_option("--build", choices->forAll["build"], "The build of all products");
+    addRepeated(command, "--set", choices->settings, "KEY=VALUE|CODE.KEY=VALUE",
                 "An entry of the description, or of one product in it; may be repeated");
-    command->add_flag_callback(
+    command.add_flag_callback(
         "--launcher", [choices] { choices->forAll["launcher"] = "true"; },
         "Lay \"install.cmd\", which starts the installer with the right folder, and "
         "\"autorun.inf\" beside each installer");
-    addSigningOptions(*command, choices->signing, "How many installers to make at a time");
-    command->add_flag("--link", choices->links, "Hard-link instead of copying where possible");
-    command->add_flag("--example", choices->example, "Print an example description");
-    command->callback([choices, &session] { layOut(*choices, session); });
+    addSigningOptions(command, choices->signing, "How many installers to make at a time");
+    command.add_flag("--link", choices->links, "Hard-link instead of copying where possible");
+    command.add_flag("--example", choices->example, "Print an example description");
+    command.callback([choices, &session] { layOut(*choices, session); });
 }

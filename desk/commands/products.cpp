@@ -33,7 +33,6 @@ void products(const Session& session) {
 
 }  // namespace
 
-void addProductsCommand(CLI::App& app, Session& session) {
-    addCommand(app, session, "products", "Tells the products and what a run does for each")
-        ->callback([&session] { products(session); });
+void addProductsOptions(CLI::App& command, Session& session) {
+    command.callback([&session] { products(session); });
 }

@@ -98,19 +98,16 @@ void release(const Choices& choices, const Session& session) {
 
 }  // namespace
 
-void addReleaseCommand(CLI::App& app, Session& session) {
-    CLI::App* const command =
-        addCommand(app, session, "release",
-                   "Makes the installers of all products, with checksums and a bill of materials");
+void addReleaseOptions(CLI::App& command, Session& session) {
     const auto choices = std::make_shared<Choices>();
     command
-        ->add_option("OUT", choices->folder,
-                     "The folder to make; an earlier release in it is replaced when all is done")
+        .add_option("OUT", choices->folder,
+                    "The folder to make; an earlier release in it is replaced when all is done")
         ->required();
-    command->add_option("--installer", choices->installer, "The built installer")
+    command.add_option("--installer", choices->installer, "The built installer")
         ->capture_default_str();
-    command->add_option("--build", choices->build,
-                        "Product version for the version resources; else the installer's own");
-    addSigningOptions(*command, choices->signing, "How many to make at a time");
-    command->callback([choices, &session] { release(*choices, session); });
+    command.add_option("--build", choices->build,
+                       "Product version for the version resources; else the installer's own");
+    addSigningOptions(command, choices->signing, "How many to make at a time");
+    command.callback([choices, &session] { release(*choices, session); });
 }

@@ -47,15 +47,13 @@ void stamp(const Choices& choices, const Session& session) {
 
 }  // namespace
 
-void addStampCommand(CLI::App& app, Session& session) {
-    CLI::App* const command = addCommand(
-        app, session, "stamp", "Makes a product's installer: stamp INSTALLER CODE [NAME] OUT");
+void addStampOptions(CLI::App& command, Session& session) {
     const auto choices = std::make_shared<Choices>();
-    command->add_option("WORDS", choices->words,
-                        "INSTALLER: the built installer; CODE: the product's; NAME: for the title, "
-                        "the catalogue's when left out; OUT: the file to make, with its folder");
-    command->add_option("--build", choices->build,
-                        "Product version for the version resource; else the installer's own");
-    command->add_flag("--list", choices->list, "Print the codes and names of all products");
-    command->callback([choices, &session] { stamp(*choices, session); });
+    command.add_option("WORDS", choices->words,
+                       "INSTALLER: the built installer; CODE: the product's; NAME: for the title, "
+                       "the catalogue's when left out; OUT: the file to make, with its folder");
+    command.add_option("--build", choices->build,
+                       "Product version for the version resource; else the installer's own");
+    command.add_flag("--list", choices->list, "Print the codes and names of all products");
+    command.callback([choices, &session] { stamp(*choices, session); });
 }

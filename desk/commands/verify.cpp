@@ -32,14 +32,10 @@ void verify(const Choices& choices, Session& session) {
 
 }  // namespace
 
-void addVerifyCommand(CLI::App& app, Session& session) {
-    CLI::App* const command = addCommand(
-        app, session, "verify",
-        "Checks a release: checksums, stamps, bill of materials, protections, signatures");
+void addVerifyOptions(CLI::App& command, Session& session) {
     const auto choices = std::make_shared<Choices>();
-    command->add_option("FOLDER", choices->folder, "The release")->required();
-    command->add_option("--build", choices->build,
-                        "The build that the version resources must show");
-    addSignatureOptions(*command, choices->signature);
-    command->callback([choices, &session] { verify(*choices, session); });
+    command.add_option("FOLDER", choices->folder, "The release")->required();
+    command.add_option("--build", choices->build, "The build that the version resources must show");
+    addSignatureOptions(command, choices->signature);
+    command.callback([choices, &session] { verify(*choices, session); });
 }
