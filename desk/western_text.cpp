@@ -2,8 +2,6 @@
 
 #include <iconv.h>
 
-#include <cerrno>
-
 #include "desk/refusal.h"
 
 namespace {
@@ -11,21 +9,12 @@ namespace {
 /// `substitute` stands for each character, or `unit` bytes that are none, that cannot be converted.
 std::string convert(std::string_view text, const char* from, const char* to, std::size_t unit,
                     std::string_view substitute) {
-    std::string result, source(text);
-    char* next = source.data();
-    std::size_t left = source.size() / unit * unit;
+    std::string source(text), result(3 * text.size(), '\0');  // no byte becomes more than three
+    char *next = source.data(), *end = result.data();
+    std::size_t left = source.size() / unit * unit, room = result.size();
     const iconv_t conversion = iconv_open(to, from);
-    while (left > 0) {
-        char buffer[1024];
-        char* end = buffer;
-        std::size_t room = sizeof buffer;
-        const bool stopped = iconv(conversion, &next, &left, &end, &room) == std::size_t(-1);
-        const bool isFull = errno == E2BIG;
-        result.append(buffer, end);
-        if (!stopped || isFull) {
-            continue;
-        }
-        result += substitute;
+    while (left > 0 && iconv(conversion, &next, &left, &end, &room) == std::size_t(-1)) {
+        end += substitute.copy(end, substitute.size()), room -= substitute.size();
         next += unit, left -= unit;
         const bool isLong = unit == 1 && static_cast<unsigned char>(next[-1]) >= 0xC2;
         while (isLong && left > 0 && (*next & 0xC0) == 0x80) {  // the rest of the character
@@ -33,6 +22,7 @@ std::string convert(std::string_view text, const char* from, const char* to, std
         }
     }
     iconv_close(conversion);
+    result.resize(result.size() - room);
     return result;
 }
 

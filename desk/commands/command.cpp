@@ -56,9 +56,7 @@ std::string inColumns(const std::vector<std::vector<std::string>>& rows) {
     for (const auto& row : rows) {
         for (std::size_t column = 0; column < row.size(); ++column) {
             text += row[column];
-            if (column + 1 < row.size()) {
-                text.append(widths[column] - row[column].size() + 2, ' ');
-            }
+            text.append(std::max(widths[column], row[column].size()) - row[column].size() + 2, ' ');
         }
         text.erase(text.find_last_not_of(' ') + 1);
         text += '\n';
