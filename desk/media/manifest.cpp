@@ -11,20 +11,6 @@ std::string asList(const Digests& digests) {
     return text;
 }
 
-Digests readList(const fs::path& list) {
-    Digests digests;
-    std::istringstream lines(readInput(list));
-    for (std::string line; std::getline(lines, line);) {
-        constexpr std::size_t digestSize = 64;
-        if (line.size() < digestSize + 3 || line[digestSize] != ' ' ||
-            !digests.emplace(line.substr(digestSize + 2), line.substr(0, digestSize)).second) {
-            throw Refusal(inQuotes(list) +
-                          ": a line is no checksum or names a file again: " + line);
-        }
-    }
-    return digests;
-}
-
 std::vector<std::string> filesBelow(const fs::path& folder, std::vector<FileProblem>& problems) {
     std::vector<std::string> files;
     std::error_code failure;
@@ -57,7 +43,15 @@ std::vector<FileProblem> compareWithList(const fs::path& folder, const std::stri
     std::vector<FileProblem> problems;
     Digests digests;
     try {
-        digests = readList(folder / list);
+        std::istringstream lines(readInput(folder / list));
+        for (std::string line; std::getline(lines, line);) {
+            constexpr std::size_t digestSize = 64;
+            if (line.size() < digestSize + 3 || line[digestSize] != ' ' ||
+                !digests.emplace(line.substr(digestSize + 2), line.substr(0, digestSize)).second) {
+                return {{list, inQuotes(folder / list) +
+                                   ": a line is no checksum or names a file again: " + line}};
+            }
+        }
     } catch (const Refusal& reason) {
         return {{list, reason.what()}};
     }

@@ -26,9 +26,6 @@ void to_json(Json& json, const FileProblem& problem);
 /// The file of digests.
 [[nodiscard]] std::string asList(const Digests& digests);
 
-/// Throws Refusal when the list cannot be read or holds something else.
-[[nodiscard]] Digests readList(const fs::path& list);
-
 /// The files of a folder and those below. Links, devices and what cannot be read, which no folder
 /// of ours holds, go to `problems`.
 [[nodiscard]] std::vector<std::string> filesBelow(const fs::path& folder,
