@@ -32,10 +32,10 @@ Executable::Executable(std::string_view head, std::uint64_t size, std::uint64_t 
       sections(optional + number(signature + optionalSizeField, 2)),
       sectionCount(number(signature + sectionCountField, 2)) {}
 
-std::uint32_t Executable::number(std::uint64_t offset, int bytes) const {
+std::uint32_t numberAt(std::string_view content, std::uint64_t offset, int bytes) {
     std::uint32_t value = 0;
     for (std::uint64_t at = offset + static_cast<unsigned>(bytes); at-- > offset;) {
-        value = value << 8 | (at < head.size() ? static_cast<unsigned char>(head[at]) : 0U);
+        value = value << 8 | (at < content.size() ? static_cast<unsigned char>(content[at]) : 0U);
     }
     return value;
 }

@@ -8,6 +8,9 @@
 
 #include "desk/whole_file.h"
 
+/// The little-endian number of so many bytes at `offset`; what lies behind the end counts as 0.
+[[nodiscard]] std::uint32_t numberAt(std::string_view content, std::uint64_t offset, int bytes);
+
 /// Answers from bytes that outlive it. What is asked beyond damage is asked of a whole executable.
 class Executable {
   public:
@@ -38,8 +41,9 @@ class Executable {
 
   private:
     Executable(std::string_view head, std::uint64_t size, std::uint64_t wordSum);
-    /// Of the head; little-endian, 0 behind its end.
-    [[nodiscard]] std::uint32_t number(std::uint64_t offset, int bytes) const;
+    [[nodiscard]] std::uint32_t number(std::uint64_t offset, int bytes) const {
+        return numberAt(head, offset, bytes);
+    }
     /// Whether the file holds the bytes that a header tells the offset and the size of.
     [[nodiscard]] bool holds(std::uint64_t offsetField, std::uint64_t sizeField) const {
         return std::uint64_t{number(offsetField, 4)} + number(sizeField, 4) <= size;

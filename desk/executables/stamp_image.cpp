@@ -56,12 +56,6 @@ std::string utf16(std::string_view text) {
     return wide;
 }
 
-/// `offset` lies in the image with two bytes at least.
-std::size_t shortAt(std::string_view image, std::size_t offset) {
-    return static_cast<unsigned char>(image[offset]) |
-           static_cast<std::size_t>(static_cast<unsigned char>(image[offset + 1])) << 8;
-}
-
 void setShort(std::string& image, std::size_t offset, std::size_t number) {
     image[offset] = static_cast<char>(number);
     image[offset + 1] = static_cast<char>(number >> 8);
@@ -84,7 +78,7 @@ std::optional<Node> findNode(std::string_view image, std::string_view key, std::
         return std::nullopt;
     }
     const std::size_t start = found - headerSize;
-    const Node node{start, (found + wide.size() + 3) / 4 * 4, start + shortAt(image, start)};
+    const Node node{start, (found + wide.size() + 3) / 4 * 4, start + numberAt(image, start, 2)};
     if (start % 4 != 0 || node.end > to || node.value > node.end) {
         return std::nullopt;
     }
@@ -98,7 +92,7 @@ std::optional<Node> findVersion(std::string_view image) {
 std::optional<Node> findText(std::string_view image, std::string_view key) {
     const Node version = findVersion(image).value_or(Node());
     const std::optional<Node> text = findNode(image, key, version.value, version.end);
-    return text && shortAt(image, text->start + typeField) == 1 ? text : std::nullopt;
+    return text && numberAt(image, text->start + typeField, 2) == 1 ? text : std::nullopt;
 }
 
 void setText(std::string& image, std::string_view key, std::string_view text) {
@@ -258,9 +252,9 @@ std::optional<std::string> versionText(std::string_view image, std::string_view 
         return std::nullopt;
     }
     std::string text;
-    for (std::size_t offset = node->value; offset + 2 <= node->end && shortAt(image, offset) != 0;
-         offset += 2) {
-        const std::size_t character = shortAt(image, offset);
+    for (std::size_t offset = node->value;
+         offset + 2 <= node->end && numberAt(image, offset, 2) != 0; offset += 2) {
+        const std::size_t character = numberAt(image, offset, 2);
         text += character < 0x80 ? static_cast<char>(character) : '?';
     }
     text.erase(text.find_last_not_of(' ') + 1);
