@@ -15,6 +15,11 @@ class Refusal : public std::runtime_error {
     return '"' + text + '"';
 }
 
+/// Throws Refusal with what is wrong with something of this name.
+[[noreturn]] inline void refuse(const std::string& name, const std::string& what) {
+    throw Refusal(inQuotes(name) + ' ' + what);
+}
+
 /// The texts with `separator` between them.
 template <class Texts>
 [[nodiscard]] std::string joined(const Texts& texts, const std::string& separator = ", ") {

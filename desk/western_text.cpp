@@ -50,9 +50,9 @@ std::string fromUtf8(std::string_view utf8) {
 std::string requireWestern(std::string_view utf8) {
     std::string text = fromUtf8(utf8);
     if (toUtf8(text) != utf8) {
-        throw Refusal(inQuotes(std::string(utf8)) +
-                      " holds characters that Windows' western code page does not have (" +
-                      inQuotes(toUtf8(text)) + "); write it without them.");
+        refuse(std::string(utf8),
+               "holds characters that Windows' western code page does not have (" +
+                   inQuotes(toUtf8(text)) + "); write it without them.");
     }
     return text;
 }

@@ -14,11 +14,6 @@
 
 namespace {
 
-[[noreturn]] void refuse(const std::string& path, const std::string& what,
-                         const std::string& reason) {
-    throw Refusal(inQuotes(path) + " cannot be " + what + ": " + reason + '.');
-}
-
 std::string lastReason() {
     return std::generic_category().message(errno);
 }
@@ -47,8 +42,9 @@ class Digest {
 void requireOrdinary(const std::string& path, const fs::file_status& status,
                      const std::string& what) {
     if (fs::exists(status) && !fs::is_regular_file(status)) {
-        refuse(path, what,
-               fs::is_directory(status) ? "it is a folder; name a file" : "it is no ordinary file");
+        refuse(path, "cannot be " + what +
+                         (fs::is_directory(status) ? ": it is a folder; name a file."
+                                                   : ": it is no ordinary file."));
     }
 }
 
@@ -58,18 +54,18 @@ void readInPieces(const std::string& path, const std::function<void(std::string_
     std::error_code failure;
     const fs::file_status status = fs::status(path, failure);
     if (failure) {
-        refuse(path, "read", failure.message());
+        refuse(path, "cannot be read: " + failure.message() + '.');
     }
     requireOrdinary(path, status, "read");
     std::ifstream file(path, std::ios::binary);
     if (!file) {
-        refuse(path, "read", lastReason());
+        refuse(path, "cannot be read: " + lastReason() + '.');
     }
     std::string piece(1 << 20, '\0');
     do {
         file.read(piece.data(), static_cast<std::streamsize>(piece.size()));
         if (file.bad()) {
-            refuse(path, "read", lastReason());
+            refuse(path, "cannot be read: " + lastReason() + '.');
         }
         take(std::string_view(piece).substr(0, static_cast<std::size_t>(file.gcount())));
     } while (file);
@@ -93,7 +89,7 @@ Json readJson(const std::string& file) {
     try {
         return Json::parse(readInput(file), nullptr, true, true);
     } catch (const Json::parse_error& error) {
-        throw Refusal(inQuotes(file) + " is no JSON: " + reasonOf(error) + '.');
+        refuse(file, "is no JSON: " + reasonOf(error) + '.');
     }
 }
 
@@ -146,7 +142,7 @@ void writeOutput(const std::string& path, std::string_view content) {
     const fs::file_status existing = fs::status(path, failure);
     requireOrdinary(path, existing, "written");
     if (!fs::exists(existing) && fs::is_symlink(fs::symlink_status(path, failure))) {
-        refuse(path, "written", "it is a link that leads nowhere");
+        refuse(path, "cannot be written: it is a link that leads nowhere.");
     }
     const fs::path target = fs::exists(existing) ? fs::canonical(path, failure) : fs::path(path);
     if (target.has_parent_path()) {
@@ -165,15 +161,14 @@ void writeOutput(const std::string& path, std::string_view content) {
     }
     if (!reason.empty()) {
         fs::remove(temporary, failure);
-        refuse(path, "written", reason);
+        refuse(path, "cannot be written: " + reason + '.');
     }
 }
 
 void refuseSameFile(const std::string& input, const std::string& output) {
     std::error_code failure;
     if (fs::equivalent(input, output, failure)) {
-        throw Refusal(inQuotes(output) +
-                      " is the input, which is not overwritten; name another output.");
+        refuse(output, "is the input, which is not overwritten; name another output.");
     }
 }
 
@@ -181,6 +176,6 @@ void makeFolder(const std::string& folder) {
     std::error_code failure;
     fs::create_directories(folder, failure);
     if (failure) {
-        refuse(folder, "made", failure.message());
+        refuse(folder, "cannot be made: " + failure.message() + '.');
     }
 }

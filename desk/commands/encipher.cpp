@@ -26,15 +26,15 @@ std::string buildIn(const std::string& text, const std::string& file) {
     const std::string kept = withoutComments(text);
     std::string_view body;
     if (!extractSection(kept, versionSectionHeader, body)) {
-        throw Refusal(inQuotes(file) +
-                      " has no section \"[Version Number]\", or nothing in it; add "
-                      "the section with a line \"Version Number=\" and the build.");
+        refuse(file,
+               "has no section \"[Version Number]\", or nothing in it; add "
+               "the section with a line \"Version Number=\" and the build.");
     }
     ValueParts values;
     if (!parseValues(body, values) || values["Version Number"].empty()) {
-        throw Refusal(inQuotes(file) +
-                      " gives no \"Version Number\" in its section \"[Version "
-                      "Number]\"; add a line \"Version Number=\" with the build.");
+        refuse(file,
+               "gives no \"Version Number\" in its section \"[Version "
+               "Number]\"; add a line \"Version Number=\" with the build.");
     }
     return std::string(values["Version Number"]);
 }
@@ -43,8 +43,8 @@ void encipherFile(const Files& files, const Session& session) {
     refuseSameFile(files.input, files.output);
     std::string text = readInput(files.input);
     if (text.starts_with(cipher::magic)) {
-        throw Refusal(inQuotes(files.input) +
-                      " is enciphered already; \"installer-tool decipher\" makes it readable.");
+        refuse(files.input,
+               "is enciphered already; \"installer-tool decipher\" makes it readable.");
     }
     const std::string ended =
         replaceAll(replaceAll(text, "\r\n", "\n", false), "\n", "\r\n", false);
@@ -66,8 +66,7 @@ void decipherFile(const Files& files, const Session& session) {
     refuseSameFile(files.input, files.output);
     std::string text, error;
     if (!decipher(readInput(files.input), text, error)) {
-        throw Refusal(inQuotes(files.input) + " cannot be deciphered: " + error +
-                      " Encipher the readable file anew.");
+        refuse(files.input, "cannot be deciphered: " + error + " Encipher the readable file anew.");
     }
     writeOutput(files.output, text);
     printResult(session, {{"output", files.output}}, "");

@@ -32,7 +32,7 @@ const Json& releases() {
 std::uint16_t number(const Json& object, const char* name, std::uint16_t otherwise) {
     const Json value = object.value(name, Json(otherwise));
     if (!value.is_number_unsigned() || value > 0xFFFF) {
-        throw Refusal(inQuotes(name) + " is not a number from 0 to 65535");
+        refuse(name, "is not a number from 0 to 65535");
     }
     return value;
 }
@@ -45,7 +45,7 @@ void requireMembers(const Json& value, const std::string& what,
     }
     for (const auto& [name, ignored] : value.items()) {
         if (std::ranges::find(names, name) == names.end()) {
-            throw Refusal(inQuotes(name) + " is not known in " + what);
+            refuse(name, "is not known in " + what);
         }
     }
 }
@@ -104,7 +104,7 @@ void addKeys(const Json& document, const char* list, RegistryKeys& keys,
              std::initializer_list<std::string_view> names) {
     const Json objects = document.value(list, Json());
     if (!objects.is_null() && !objects.is_array()) {
-        throw Refusal(inQuotes(list) + " is not a list");
+        refuse(list, "is not a list");
     }
     std::size_t index = 0;
     for (const Json& object : objects) {
@@ -155,7 +155,7 @@ MachineDescription fromJson(const Json& document, const fs::path& folder, Machin
     if (const std::string name = document.value("registry", ""); !name.empty()) {
         const std::string content = readInput(folder / name);
         if (!isRegistryExport(content)) {
-            throw Refusal(inQuotes(name) + " is not what regedit exports");
+            refuse(name, "is not what regedit exports");
         }
         readExport(content, name, choices.bits != 0, machine);
     }
@@ -178,7 +178,7 @@ MachineDescription emptyMachine(const MachineChoices& choices) {
         }
         known.push_back(inQuotes(name));
     }
-    throw Refusal(inQuotes(wanted) + " is no release that is known; there are " + joined(known));
+    refuse(wanted, "is no release that is known; there are " + joined(known));
 }
 
 MachineDescription readMachine(const std::string& file, MachineChoices choices) {

@@ -68,10 +68,6 @@ std::string runOn(const fs::path& file, const std::string& command, const std::s
     return failure ? "no output was made. " + result.output : "";
 }
 
-[[noreturn]] void refuse(const fs::path& file, const std::string& what, const std::string& reason) {
-    throw Refusal(inQuotes(file) + ' ' + what + ":\n" + reason);
-}
-
 }  // namespace
 
 Json signatureOf(const fs::path& file, const Executable& executable,
@@ -115,15 +111,15 @@ std::string signatureProblem(const Json& signature, const SignatureChoices& choi
 void requireUnsigned(const fs::path& existing) {
     std::error_code failure;
     if (fs::is_regular_file(existing, failure) && Executable(summarize(existing)).isSigned()) {
-        throw Refusal(inQuotes(existing) +
-                      " is signed, and what would replace it is not; sign it, name another "
-                      "folder, or remove this one.");
+        refuse(existing,
+               "is signed, and what would replace it is not; sign it, name another "
+               "folder, or remove this one.");
     }
 }
 
 void sign(const fs::path& file, const std::string& name, const SigningChoices& choices) {
     if (const std::string error = runOn(file, choices.command, name); !error.empty()) {
-        refuse(file, "cannot be signed; the sign command says", error);
+        refuse(file, "cannot be signed; the sign command says:\n" + error);
     }
     for (unsigned attempt = 1; !choices.timestampCommand.empty(); ++attempt) {
         const std::string error = runOn(file, choices.timestampCommand, name);
@@ -131,22 +127,20 @@ void sign(const fs::path& file, const std::string& name, const SigningChoices& c
             break;
         }
         if (attempt >= choices.attempts) {
-            refuse(file,
-                   "has no time stamp after " + std::to_string(attempt) +
-                       " attempts; the command says",
-                   error);
+            refuse(file, "has no time stamp after " + std::to_string(attempt) +
+                             " attempts; the command says:\n" + error);
         }
         std::this_thread::sleep_for(std::chrono::seconds(1U << std::min(attempt, 6U)) / 2);
     }
     const FileSummary summary = summarize(file);
     const Executable executable(summary);
     if (const std::string damage = executable.damage(); !damage.empty()) {
-        refuse(file, "was damaged by the sign command", damage);
+        refuse(file, "was damaged by the sign command:\n" + damage);
     }
     const Json signature = signatureOf(file, executable, choices.verification);
     const bool mustVerify = !choices.verification.authorities.empty();
     if (signature["state"] != "good" && (mustVerify || signature["state"] != "untrusted")) {
-        refuse(file, "is not signed as it should be although the sign command ended well",
-               signatureInWords(signature));
+        refuse(file, "is not signed as it should be although the sign command ended well:\n" +
+                         signatureInWords(signature));
     }
 }

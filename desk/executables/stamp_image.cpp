@@ -228,7 +228,7 @@ ProductStamp chooseStamp(const std::string& code, const std::string& name,
 std::string readInstaller(const std::string& file) {
     std::error_code failure;
     if (const auto size = fs::file_size(file, failure); !failure && size > largestInstaller) {
-        throw Refusal(inQuotes(file) + " is larger than any installer.");
+        refuse(file, "is larger than any installer.");
     }
     return readInput(file);
 }

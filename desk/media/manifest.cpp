@@ -87,8 +87,7 @@ void requireReplaceable(const fs::path& folder, const std::string& list) {
         return;
     }
     if (fs::is_symlink(folder, failure) || !fs::is_directory(folder, failure)) {
-        throw Refusal(inQuotes(folder) +
-                      " is a link or no folder, and is left alone; remove it or name another.");
+        refuse(folder, "is a link or no folder, and is left alone; remove it or name another.");
     }
     const auto leaveOutOurs = [](std::vector<FileProblem>& problems) {
         std::erase_if(problems,
@@ -101,10 +100,10 @@ void requireReplaceable(const fs::path& folder, const std::string& list) {
     }
     problems = compareWithList(folder, list);
     if (!leaveOutOurs(problems)) {
-        throw Refusal(inQuotes(folder) +
-                      " holds something else than was made here, which is left alone; remove it "
-                      "or name another folder:\n  " +
-                      joined(asLines(problems), "\n  "));
+        refuse(folder,
+               "holds something else than was made here, which is left alone; remove it "
+               "or name another folder:\n  " +
+                   joined(asLines(problems), "\n  "));
     }
 }
 

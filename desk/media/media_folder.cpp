@@ -67,7 +67,7 @@ std::vector<fs::path> entriesIn(const fs::path& folder) {
     std::error_code failure;
     const fs::directory_iterator found(folder, failure);
     if (failure) {
-        throw Refusal(inQuotes(folder) + " cannot be read: " + failure.message() + '.');
+        refuse(folder, "cannot be read: " + failure.message() + '.');
     }
     std::vector<fs::path> entries(begin(found), end(found));
     std::sort(entries.begin(), entries.end());
@@ -83,7 +83,7 @@ MediaSet readMediaSet(const fs::path& folder) {
             set[folderOf(member.at("code"))] = {member.at("build"), member.at("manifest")};
         }
     } catch (const Json::exception&) {
-        throw Refusal(inQuotes(file) + " is no list of media that \"layout\" wrote.");
+        refuse(file, "is no list of media that \"layout\" wrote.");
     }
     return set;
 }

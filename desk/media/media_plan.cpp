@@ -161,8 +161,8 @@ void makeMedia(const MediaPlan& media, const fs::path& folder, bool links) {
             fs::copy_file(file.source, target, failure);
         }
         if (failure) {
-            throw Refusal(inQuotes(file.source) + " cannot be copied to " + inQuotes(target) +
-                          ": " + failure.message() + '.');
+            refuse(file.source,
+                   "cannot be copied to " + inQuotes(target) + ": " + failure.message() + '.');
         }
     }
     writeOutput(folder / manifestFile, manifestOf(media));

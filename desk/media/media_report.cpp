@@ -28,7 +28,7 @@ class Examination {
         const std::string image = readInstaller(installer);
         std::error_code failure;
         if (!fs::is_directory(folder, failure)) {
-            throw Refusal(inQuotes(folder) + " is not a folder.");
+            refuse(folder, "is not a folder.");
         }
         media.identity = readStamp(image);
         if (media.identity.code.empty()) {

@@ -22,20 +22,16 @@ void handleSignals(void (*handler)(int)) {
     }
 }
 
-[[noreturn]] void refuse(const fs::path& path, const std::string& what) {
-    throw Refusal(inQuotes(path) + ' ' + what + '.');
-}
-
 }  // namespace
 
 OutputFolder::OutputFolder(const fs::path& given) {
     std::error_code failure;
     const fs::file_status status = fs::status(given, failure);
     if (fs::is_symlink(fs::symlink_status(given, failure)) && !fs::exists(status)) {
-        refuse(given, "is a link that leads nowhere; name a folder");
+        refuse(given, "is a link that leads nowhere; name a folder.");
     }
     if (fs::exists(status) && !fs::is_directory(status)) {
-        refuse(given, "is no folder; name another");
+        refuse(given, "is no folder; name another.");
     }
     isNew = !fs::exists(status);
     makeFolder(given);
@@ -48,7 +44,7 @@ OutputFolder::OutputFolder(const fs::path& given) {
         const std::string reason = errno == EWOULDBLOCK ? "another run is at work in it"
                                                         : std::generic_category().message(errno);
         close(lock);
-        refuse(given, "cannot be filled: " + reason);
+        refuse(given, "cannot be filled: " + reason + '.');
     }
     restore();
     fs::remove_all(staging(), failure);
@@ -111,7 +107,7 @@ void OutputFolder::put(const std::vector<std::string>& names) {
         }
         restore();
         refuse(error.path1(),
-               "cannot be moved into place: " + error.code().message() + "; nothing was changed");
+               "cannot be moved into place: " + error.code().message() + "; nothing was changed.");
     }
     isKept = false;
     isNew = false;

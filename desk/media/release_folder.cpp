@@ -105,7 +105,7 @@ std::string releasedPath(const std::string& code) {
 ReleaseReport examineRelease(const fs::path& folder, const std::string& build,
                              const SignatureChoices& choices) {
     if (!fs::is_directory(folder)) {
-        throw Refusal(inQuotes(folder) + " is no folder that can be read; name a release.");
+        refuse(folder, "is no folder that can be read; name a release.");
     }
     ReleaseReport report;
     std::vector<FileProblem>& problems = report.problems;
