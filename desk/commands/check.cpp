@@ -33,7 +33,6 @@ std::vector<MachineDescription> describedMachines(const Choices& choices) {
     if (machines.empty() &&
         (!choices.machine.windows.empty() || choices.machine.bits != 0 || !choices.page.empty())) {
         machines.push_back(emptyMachine(choices.machine));
-        machines.back().name = "nothing installed";
     }
     return machines;
 }

@@ -43,13 +43,12 @@ struct Trial {
 };
 
 /// The number behind the program folder's name; 1 where the name is free.
-int folderNumber(Trial& trial, const std::string& folder) {
+int folderNumber(CInstallApp& app, const std::string& folder) {
     DescribedMachine nothingInstalled;
     InstallationIndex index(nothingInstalled);
-    const CInstallApp& app = trial.app;
     const SetupRequest request{.productCode = app.productCode, .productType = app.productType};
-    const std::string free = uniqueProgramFolder(programFolderName(trial.app.catalogue, request),
-                                                 app.productNumber, index);
+    const std::string free =
+        uniqueProgramFolder(programFolderName(app.catalogue, request), app.productNumber, index);
     return folder.size() > free.size() ? std::atoi(&folder[free.size() + 1]) : 1;
 }
 
@@ -98,7 +97,7 @@ Json endingOf(Trial& trial, const std::string& choice) {
     const std::string folder = fields.value("-pf", "");
     const bool isNumbered = trial.question() != nullptr || trial.app.deviceFamily != nullptr;
     ending.update({{"programFolder", folder},
-                   {"programFolderNumber", isNumbered ? folderNumber(trial, folder) : 1},
+                   {"programFolderNumber", isNumbered ? folderNumber(trial.app, folder) : 1},
                    {"setup", call(last.program, last.arguments)},
                    {"fields", fields}});
     return ending;

@@ -9,8 +9,8 @@
 #include "platform/operating_system.h"
 
 struct MachineDescription {
-    std::string name;            ///< what a page calls it, UTF-8
-    OperatingSystemFacts facts;  ///< what Windows answers to the installer
+    std::string name = "nothing installed";  ///< what a page calls it, UTF-8
+    OperatingSystemFacts facts;              ///< what Windows answers to the installer
     bool is64Bit = true;
     bool administrator = true;
     std::string programFiles;        ///< of 32-bit programs, without a trailing backslash

@@ -195,14 +195,12 @@ ProductIdentity readStamp(std::string_view image) {
 ProductStamp chooseStamp(const std::string& code, const std::string& name,
                          const std::string& build) {
     const CProductData catalogue;
-    ProductStamp stamp{stampedCode(catalogue, code), name, build, {}};
+    const std::string stamped = stampedCode(catalogue, code);
     const auto& [ownCode, ownName] = *catalogue.ProductNames.find(lowerCase(code));
+    ProductStamp stamp{stamped, name.empty() ? ownName : name, build, {}};
     if (code != stamp.code && code != ownCode) {
         stamp.notes.push_back("the code " + inQuotes(code) + " is stamped as " +
                               inQuotes(stamp.code) + ", the form that the installer looks up");
-    }
-    if (name.empty()) {
-        stamp.name = ownName;
     }
     if (stamp.name != ownName) {
         stamp.notes.push_back("the dialog's title will say " + inQuotes(toUtf8(stamp.name)) +

@@ -48,14 +48,12 @@ fs::path findInstaller(const fs::path& folder) {
     if (const std::optional<fs::path> path = findInFolder(folder, "Install.exe")) {
         return *path;
     }
-    std::vector<fs::path> found;
-    for (const fs::path& file : entriesIn(folder)) {
+    std::vector<fs::path> found = entriesIn(folder);
+    std::erase_if(found, [](const fs::path& file) {
         std::error_code ignored;
-        if (isExecutable(file) && fs::file_size(file, ignored) <= largestInstaller &&
-            !readStamp(readWholeFile(file).value_or("")).code.empty()) {
-            found.push_back(file);
-        }
-    }
+        return !isExecutable(file) || fs::file_size(file, ignored) > largestInstaller ||
+               readStamp(readWholeFile(file).value_or("")).code.empty();
+    });
     if (found.size() != 1) {
         throw Refusal(found.empty() ? "There is no stamped installer."
                                     : "There is more than one stamped installer.");
