@@ -175,9 +175,7 @@ StartResult DescribedMachine::startProgram(RunStep::Kind kind, const std::string
 
 std::vector<std::string> DescribedMachine::show(ShownDialog dialog) {
     std::vector<std::string> actions = user ? user(dialog) : std::vector<std::string>();
-    const auto& buttons = dialog.buttons;
-    const bool left = !actions.empty() &&
-                      std::find(buttons.begin(), buttons.end(), actions.back()) != buttons.end();
+    const bool left = !actions.empty() && std::ranges::count(dialog.buttons, actions.back()) != 0;
     keep({.kind = RunStep::Kind::Dialog,
           .dialog = std::move(dialog),
           .answer = left ? actions.back() : ""});

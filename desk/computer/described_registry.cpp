@@ -85,20 +85,15 @@ class DescribedKey : public KeyReader {
 
     [[nodiscard]] std::uint32_t enumerateSubkey(unsigned long index, char* name,
                                                 unsigned long& size) const override {
-        if (fails(index)) {
-            return failures.enumerate;
-        }
-        return index < subkeys.size() ? giveText(subkeys[index], name, size) : errorNoMoreItems;
+        const std::uint32_t reached = reach(index, subkeys.size());
+        return reached == errorSuccess ? giveText(subkeys[index], name, size) : reached;
     }
 
     [[nodiscard]] std::uint32_t enumerateValue(unsigned long index, char* name,
                                                unsigned long& nameSize, char* data,
                                                unsigned long& dataSize) const override {
-        if (fails(index)) {
-            return failures.enumerate;
-        }
-        if (index >= inOrder.size()) {
-            return errorNoMoreItems;
+        if (const std::uint32_t reached = reach(index, inOrder.size()); reached != errorSuccess) {
+            return reached;
         }
         const auto& [ownName, value] = *inOrder[index];
         const std::uint32_t named = giveText(ownName, name, nameSize);
@@ -118,8 +113,10 @@ class DescribedKey : public KeyReader {
     [[nodiscard]] std::uint32_t lastError() const override { return registry.lastError; }
 
   private:
-    [[nodiscard]] bool fails(unsigned long index) const {
-        return failures.enumerate != errorSuccess && index >= failures.fromIndex;
+    /// Of an enumeration of so many.
+    [[nodiscard]] std::uint32_t reach(unsigned long index, std::size_t total) const {
+        const bool fails = failures.enumerate != errorSuccess && index >= failures.fromIndex;
+        return fails ? failures.enumerate : index < total ? errorSuccess : errorNoMoreItems;
     }
 
     const DescribedRegistry& registry;
