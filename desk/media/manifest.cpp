@@ -11,15 +11,15 @@ std::string asList(const Digests& digests) {
     return text;
 }
 
-std::vector<std::string> filesBelow(const fs::path& folder, std::vector<FileProblem>& problems) {
-    std::vector<std::string> files;
+std::set<std::string> filesBelow(const fs::path& folder, std::vector<FileProblem>& problems) {
+    std::set<std::string> files;
     std::error_code failure;
     fs::recursive_directory_iterator entries(folder, failure);
     for (; !failure && entries != fs::recursive_directory_iterator(); entries.increment(failure)) {
         const std::string path = entries->path().lexically_relative(folder).generic_string();
         const fs::file_status status = entries->symlink_status();
         if (fs::is_regular_file(status)) {
-            files.push_back(path);
+            files.insert(path);
         } else if (fs::is_symlink(status)) {
             problems.push_back({path, "is a link"});
         } else if (!fs::is_directory(status)) {
@@ -35,7 +35,6 @@ std::vector<std::string> filesBelow(const fs::path& folder, std::vector<FileProb
     if (failure) {
         problems.push_back({"", "cannot be read: " + failure.message()});
     }
-    std::sort(files.begin(), files.end());
     return files;
 }
 

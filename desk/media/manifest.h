@@ -2,6 +2,7 @@
 #pragma once
 
 #include <map>
+#include <set>
 #include <string>
 #include <vector>
 
@@ -28,8 +29,8 @@ void to_json(Json& json, const FileProblem& problem);
 
 /// The files of a folder and those below. Links, devices and what cannot be read, which no folder
 /// of ours holds, go to `problems`.
-[[nodiscard]] std::vector<std::string> filesBelow(const fs::path& folder,
-                                                  std::vector<FileProblem>& problems);
+[[nodiscard]] std::set<std::string> filesBelow(const fs::path& folder,
+                                               std::vector<FileProblem>& problems);
 
 /// Holds a folder against the list in it; the same problem is never told twice.
 [[nodiscard]] std::vector<FileProblem> compareWithList(const fs::path& folder,

@@ -1,7 +1,5 @@
 #include "desk/media/media_folder.h"
 
-#include <algorithm>
-
 #include "desk/executables/executable.h"
 #include "desk/executables/stamp_image.h"
 #include "desk/media/product_facts.h"
@@ -48,7 +46,7 @@ fs::path findInstaller(const fs::path& folder) {
     if (const std::optional<fs::path> path = findInFolder(folder, "Install.exe")) {
         return *path;
     }
-    std::vector<fs::path> found = entriesIn(folder);
+    std::set<fs::path> found = entriesIn(folder);
     std::erase_if(found, [](const fs::path& file) {
         std::error_code ignored;
         return !isExecutable(file) || fs::file_size(file, ignored) > largestInstaller ||
@@ -58,18 +56,16 @@ fs::path findInstaller(const fs::path& folder) {
         throw Refusal(found.empty() ? "There is no stamped installer."
                                     : "There is more than one stamped installer.");
     }
-    return found.front();
+    return *found.begin();
 }
 
-std::vector<fs::path> entriesIn(const fs::path& folder) {
+std::set<fs::path> entriesIn(const fs::path& folder) {
     std::error_code failure;
     const fs::directory_iterator found(folder, failure);
     if (failure) {
         refuse(folder, "cannot be read: " + failure.message() + '.');
     }
-    std::vector<fs::path> entries(begin(found), end(found));
-    std::sort(entries.begin(), entries.end());
-    return entries;
+    return {begin(found), end(found)};
 }
 
 MediaSet readMediaSet(const fs::path& folder) {

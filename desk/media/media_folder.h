@@ -4,8 +4,8 @@
 
 #include <map>
 #include <optional>
+#include <set>
 #include <string>
-#include <vector>
 
 #include "desk/whole_file.h"
 
@@ -25,7 +25,7 @@
 [[nodiscard]] fs::path findInstaller(const fs::path& folder);
 
 /// What lies directly in `folder`, sorted by name. Throws Refusal when it cannot be read.
-[[nodiscard]] std::vector<fs::path> entriesIn(const fs::path& folder);
+[[nodiscard]] std::set<fs::path> entriesIn(const fs::path& folder);
 
 inline constexpr const char* mediaSetFile = "media.json";
 
