@@ -56,19 +56,16 @@ fs::path makeInstallers(const std::vector<InstallerOrder>& orders, const Signing
                 sign(unfinished, toUtf8(orders[index].stamp.name) + " Installation", signing);
                 fs::rename(unfinished, file);
             }
+            output.keepOnFailure();
             ++kept;
         });
     } catch (const Refusal& reason) {
         if (kept == 0) {
             throw;
         }
-        output.keepOnFailure();
         throw Refusal(std::string(reason.what()) + "\n" + std::to_string(kept) + " of " +
                       std::to_string(orders.size()) +
                       " installers are signed and kept; the same command goes on from there.");
-    }
-    if (kept != 0) {
-        output.keepOnFailure();
     }
     return folder;
 }

@@ -1,6 +1,7 @@
 // A folder that a command fills, wholly or not at all.
 #pragma once
 
+#include <atomic>
 #include <string>
 #include <vector>
 
@@ -26,6 +27,7 @@ class OutputFolder {
     /// A folder that outlives a failed run and is found again by one with the same settings, once
     /// something in it is worth that.
     [[nodiscard]] fs::path resumable(const std::string& settings) const;
+    /// For any thread.
     void keepOnFailure() { isKept = true; }
 
     /// Moves each name from staging() into place, and removes those that are not in staging().
@@ -38,7 +40,7 @@ class OutputFolder {
     fs::path folder;
     fs::path work;
     bool isNew = false;
-    bool isKept = false;
+    std::atomic<bool> isKept = false;
     int lock = -1;
 };
 
