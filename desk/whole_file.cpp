@@ -48,9 +48,9 @@ void requireOrdinary(const std::string& path, const fs::file_status& status,
     }
 }
 
-}  // namespace
-
-void readInPieces(const std::string& path, const std::function<void(std::string_view)>& take) {
+/// Hands on the bytes of a file in pieces of a mebibyte, the last of them smaller.
+template <class Take>
+void readInPieces(const std::string& path, Take take) {
     std::error_code failure;
     const fs::file_status status = fs::status(path, failure);
     if (failure) {
@@ -70,6 +70,8 @@ void readInPieces(const std::string& path, const std::function<void(std::string_
         take(std::string_view(piece).substr(0, static_cast<std::size_t>(file.gcount())));
     } while (file);
 }
+
+}  // namespace
 
 std::string readInput(const std::string& path) {
     std::string content;

@@ -3,7 +3,6 @@
 
 #include <cstdint>
 #include <filesystem>
-#include <functional>
 #include <nlohmann/json.hpp>
 #include <optional>
 #include <string>
@@ -15,11 +14,7 @@ namespace fs = std::filesystem;
 /// Members keep the order in which they were put in.
 using Json = nlohmann::ordered_json;
 
-/// Hands on the bytes of a file in pieces of a mebibyte, the last of them smaller. Throws Refusal
-/// with the system's reason when the file cannot be read.
-void readInPieces(const std::string& path, const std::function<void(std::string_view)>& take);
-
-/// All bytes of a file. Throws Refusal as above.
+/// All bytes of a file. Throws Refusal with the system's reason when the file cannot be read.
 std::string readInput(const std::string& path);
 
 /// The same; nothing when it cannot be read.
