@@ -117,13 +117,11 @@ Json LayoutDescription::find(const std::string& code, const std::string& key) co
 std::string LayoutDescription::text(const std::string& code, const std::string& key,
                                     const char* otherwise) const {
     const Json found = find(code, key);
-    const char* const none = otherwise == nullptr ? "" : otherwise;
-    std::string value = found.is_null() ? none : found.get<std::string>();
-    if (value.empty() && otherwise == nullptr) {
+    if (otherwise == nullptr && (found.is_null() || found == "")) {
         refuse("there is no entry " + inQuotes(key) + ", which product " + code +
                " needs; add it.");
     }
-    return value;
+    return found.is_null() ? otherwise : found.get<std::string>();
 }
 
 fs::path LayoutDescription::path(const std::string& code, const std::string& key) const {
