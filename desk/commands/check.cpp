@@ -1,6 +1,5 @@
 // Tells what installers will do with their media, and whether those are what was to be delivered.
 #include <algorithm>
-#include <set>
 
 #include "desk/commands/command.h"
 #include "desk/computer/dry_run.h"

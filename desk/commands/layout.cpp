@@ -1,6 +1,5 @@
 // Makes the media folders of one or all products from a description.
 #include <algorithm>
-#include <map>
 
 #include "desk/commands/command.h"
 #include "desk/media/installer_maker.h"

@@ -6,7 +6,6 @@
 #include "platform/ansi_text.h"
 #include "ui/ask_uninstall_dialog.h"
 #include "ui/product_type.h"
-#include "ui/resource.h"
 
 namespace {
 

@@ -11,9 +11,7 @@
 #include "catalogue/code_directory.h"
 #include "desk/western_text.h"
 #include "drivers/driver_installation.h"
-#include "installed/installed_product.h"
 #include "platform/ansi_text.h"
-#include "ui/resource.h"
 
 namespace {
 

@@ -7,7 +7,6 @@
 #include <utility>
 #include <vector>
 
-#include "app/stamped_identity.h"
 #include "desk/computer/described_machine.h"
 #include "desk/computer/machine_description.h"
 #include "desk/whole_file.h"

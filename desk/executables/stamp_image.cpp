@@ -8,7 +8,6 @@
 #include "catalogue/product_traits.h"
 #include "desk/executables/executable.h"
 #include "desk/western_text.h"
-#include "desk/whole_file.h"
 #include "platform/ansi_text.h"
 
 namespace {

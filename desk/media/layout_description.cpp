@@ -2,7 +2,6 @@
 
 #include <algorithm>
 #include <cstring>
-#include <map>
 
 #include "app/direct_install.h"
 #include "app/setup_parameters.h"

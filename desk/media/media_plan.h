@@ -1,7 +1,6 @@
 // What the media folder of a product is to hold, worked out before anything is written.
 #pragma once
 
-#include <filesystem>
 #include <string>
 #include <vector>
 
@@ -14,7 +13,7 @@
 struct PlannedFile {
     std::string name;  ///< its path within the folder
     std::string bytes;
-    std::filesystem::path source;
+    fs::path source;
     std::string digest;
 };
 
@@ -30,11 +29,10 @@ struct MediaPlan {
 [[nodiscard]] MediaPlan planMedia(const LayoutDescription& description, const ProductFacts& facts,
                                   std::vector<std::string>& problems);
 
-void addInstaller(MediaPlan& media, const std::filesystem::path& source,
-                  std::vector<std::string>& problems);
+void addInstaller(MediaPlan& media, const fs::path& source, std::vector<std::string>& problems);
 
 /// The manifest of the folder.
 [[nodiscard]] std::string manifestOf(const MediaPlan& media);
 
 /// Makes the folder, with its manifest. Throws Refusal.
-void makeMedia(const MediaPlan& media, const std::filesystem::path& folder, bool links);
+void makeMedia(const MediaPlan& media, const fs::path& folder, bool links);

@@ -14,7 +14,6 @@
 #include "desk/media/product_facts.h"
 #include "desk/western_text.h"
 #include "platform/ansi_text.h"
-#include "ui/resource.h"
 
 namespace {
 

@@ -7,7 +7,6 @@
 
 #include "desk/computer/machine_description.h"
 #include "desk/executables/signature.h"
-#include "desk/whole_file.h"
 
 /// What is asked of media.
 struct MediaChoices {

@@ -9,7 +9,6 @@
 #include "desk/executables/stamp_image.h"
 #include "drivers/driver_installation.h"
 #include "platform/ansi_text.h"
-#include "ui/product_type.h"
 
 namespace {
 

@@ -2,7 +2,6 @@
 // notices of third parties, and the checksums of all of them.
 #pragma once
 
-#include <set>
 #include <string>
 #include <vector>
 
