@@ -33,10 +33,7 @@ constexpr struct {
 /// The command that a name of the program stands for: scripts in the field call each by its own.
 std::string commandOfName(const std::string& program) {
     const std::string name = fs::path(program).stem().string();
-    if (name == "check_media") {
-        return "check";
-    }
-    return name == "stamp" || name == "encipher" ? name : "";
+    return name == "check_media" ? "check" : name == "stamp" || name == "encipher" ? name : "";
 }
 
 int run(std::vector<std::string> arguments, const std::string& program) {

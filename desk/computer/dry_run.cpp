@@ -313,8 +313,7 @@ Json dryRun(const DryRunMedia& media, const MachineDescription& description) {
     char system[256] = "";
     const int systemCode = operatingSystemName(*trial.machine, system, sizeof system);
     noteDrivers(plan, systemCode, notes);
-    const bool removes =
-        std::ranges::any_of(common, [](const RunStep& step) { return step.whilePrompted; });
+    const bool removes = std::ranges::any_of(common, &RunStep::whilePrompted);
     const bool isNumbered = std::ranges::any_of(
         endings, [](const Json& ending) { return ending.value("programFolderNumber", 1) > 1; });
     if (removes && isNumbered) {
