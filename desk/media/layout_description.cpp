@@ -8,7 +8,6 @@
 #include "catalogue/product_catalogue.h"
 #include "desk/media/product_facts.h"
 #include "desk/media/release_folder.h"
-#include "desk/western_text.h"
 #include "drivers/driver_installation.h"
 #include "platform/ansi_text.h"
 

@@ -6,7 +6,6 @@
 #include "desk/executables/stamp_image.h"
 #include "desk/media/product_facts.h"
 #include "desk/western_text.h"
-#include "platform/ansi_text.h"
 
 namespace {
 
