@@ -71,9 +71,7 @@ void report(const std::vector<MediaPlan>& all, const std::vector<std::string>& m
         const std::string folder = folderOf(media.facts.code);
         const bool isMade = std::find(made.begin(), made.end(), folder) != made.end();
         std::vector<std::string> files;
-        for (const PlannedFile& file : media.files) {
-            files.push_back(file.name);
-        }
+        std::ranges::transform(media.files, std::back_inserter(files), &PlannedFile::name);
         document["media"].push_back({{"code", media.facts.code},
                                      {"folder", folder},
                                      {"build", media.stamp.build},

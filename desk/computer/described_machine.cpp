@@ -18,9 +18,7 @@ std::string withoutQuotes(const std::string& path) {
 /// The names in the order of the prompt's list.
 std::vector<std::string> sortedNames(const std::vector<InstalledProduct>& products) {
     std::vector<std::string> names;
-    for (const InstalledProduct& product : products) {
-        names.push_back(product.displayName);
-    }
+    std::ranges::transform(products, std::back_inserter(names), &InstalledProduct::displayName);
     const auto isBefore = [](const std::string& left, const std::string& right) {
         return compareLowerCaseNames(left, right, ascendingOrder) < 0;
     };

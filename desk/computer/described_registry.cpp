@@ -130,9 +130,7 @@ class DescribedKey : public KeyReader {
 }  // namespace
 
 bool KeyPathOrder::operator()(std::string_view left, std::string_view right) const {
-    return std::lexicographical_compare(
-        left.begin(), left.end(), right.begin(), right.end(),
-        [](char one, char other) { return rank(one) < rank(other); });
+    return std::ranges::lexicographical_compare(left, right, {}, rank, rank);
 }
 
 bool isBelow(std::string_view path, std::string_view parent) {

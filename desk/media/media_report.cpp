@@ -89,9 +89,8 @@ class Examination {
                 "A run ends without a word and installs nothing. That is how this product is made, "
                 "but it is seldom what a customer should get.");
         }
-        for (const NeededFile& file : neededFiles(plan)) {
-            media.files.push_back(file.name);
-        }
+        std::ranges::transform(neededFiles(plan), std::back_inserter(media.files),
+                               &NeededFile::name);
         tellLaunches(plan);
         examineFiles(plan);
         examineManifest();

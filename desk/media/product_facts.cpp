@@ -1,5 +1,6 @@
 #include "desk/media/product_facts.h"
 
+#include <algorithm>
 #include <set>
 
 #include "app/direct_install.h"
@@ -36,9 +37,7 @@ ProductFacts factsOf(CProductData& catalogue, const std::string& code, const std
             facts.choices.emplace_back(choice.label);
         }
     }
-    for (const NeededFile& file : neededFiles(plan)) {
-        facts.files.push_back(file.name);
-    }
+    std::ranges::transform(neededFiles(plan), std::back_inserter(facts.files), &NeededFile::name);
     return facts;
 }
 
