@@ -88,7 +88,7 @@ void release(const Choices& choices, const Session& session) {
         examineRelease(output.staging(), choices.build, choices.signing.verification);
     if (!examined.problems.empty()) {
         throw Refusal("The release would not be as it should be; nothing was changed. " +
-                      asLine(examined.problems.front()));
+                      examined.problems.front().asLine());
     }
     // The same release again stays where it is: somebody may be using it.
     const bool isSame = readWholeFile(output.path() / checksumsFile) == checksums;

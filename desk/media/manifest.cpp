@@ -106,16 +106,8 @@ void requireReplaceable(const fs::path& folder, const std::string& list) {
     }
 }
 
-void to_json(Json& json, const FileProblem& problem) {
-    json = {{"file", problem.file}, {"problem", problem.what}};
-}
-
 std::vector<std::string> asLines(const std::vector<FileProblem>& problems) {
     std::vector<std::string> lines;
-    std::ranges::transform(problems, std::back_inserter(lines), asLine);
+    std::ranges::transform(problems, std::back_inserter(lines), &FileProblem::asLine);
     return lines;
-}
-
-std::string asLine(const FileProblem& problem) {
-    return problem.file.empty() ? problem.what : problem.file + ": " + problem.what;
 }

@@ -18,10 +18,13 @@ using Digests = std::map<std::string, std::string>;
 struct FileProblem {
     std::string file;  ///< its path within the folder; empty: the folder itself
     std::string what;
+
+    [[nodiscard]] std::string asLine() const { return file.empty() ? what : file + ": " + what; }
+    friend void to_json(Json& json, const FileProblem& problem) {
+        json = {{"file", problem.file}, {"problem", problem.what}};
+    }
 };
 
-void to_json(Json& json, const FileProblem& problem);
-[[nodiscard]] std::string asLine(const FileProblem& problem);
 [[nodiscard]] std::vector<std::string> asLines(const std::vector<FileProblem>& problems);
 
 /// The file of digests.

@@ -184,7 +184,7 @@ class Examination {
             return;
         }
         for (const FileProblem& found : compareWithList(folder, manifestFile)) {
-            problem(asLine(found));
+            problem(found.asLine());
         }
     }
 
