@@ -10,6 +10,11 @@
 
 namespace {
 
+/// A complete description with explanations: layout_example.json, which CMake puts between quotes.
+constexpr const char* exampleDescription =
+#include "layout_example.inc"
+    ;
+
 struct Choices {
     std::string description;
     std::string folder;
@@ -140,8 +145,8 @@ std::vector<std::string> makeChanged(const std::vector<MediaPlan>& all, bool lin
 
 void layOut(const Choices& choices, const Session& session) {
     if (choices.example) {
-        printResult(session, Json::parse(exampleLayoutDescription, nullptr, true, true),
-                    exampleLayoutDescription);
+        printResult(session, Json::parse(exampleDescription, nullptr, true, true),
+                    exampleDescription);
         return;
     }
     if (choices.folder.empty()) {

@@ -9,12 +9,6 @@
 
 namespace {
 
-std::string withoutQuotes(const std::string& path) {
-    return path.size() > 1 && path.front() == '"' && path.back() == '"'
-               ? path.substr(1, path.size() - 2)
-               : path;
-}
-
 /// The names in the order of the prompt's list.
 std::vector<std::string> sortedNames(const std::vector<InstalledProduct>& products) {
     std::vector<std::string> names;
@@ -146,7 +140,10 @@ std::optional<unsigned> DescribedMachine::askProductType(const ProductTypeQuesti
 
 StartResult DescribedMachine::startProgram(RunStep::Kind kind, const std::string& file,
                                            const std::string& parameters) {
-    std::string path = withoutQuotes(file);
+    std::string path = file;
+    if (path.size() > 1 && path.front() == '"' && path.back() == '"') {
+        path = path.substr(1, path.size() - 2);
+    }
     if (pathKind(path) == PathKind::Inaccessible) {
         path += ".exe";
     }

@@ -23,10 +23,6 @@ const std::map<std::string, Kind> kinds = {
 
 }  // namespace
 
-const char* const exampleLayoutDescription =
-#include "layout_example.inc"
-    ;
-
 LayoutDescription::LayoutDescription(const std::string& descriptionFile,
                                      const std::vector<std::string>& settings,
                                      const std::map<std::string, std::string>& forAll)

@@ -7,9 +7,6 @@
 
 #include "desk/whole_file.h"
 
-/// A complete description with explanations.
-extern const char* const exampleLayoutDescription;
-
 /// Answers what is described for a product: its own entry counts before the general one. `code` is
 /// of any letter case; "{code}" in a path is replaced by it in lower case. Paths in the description
 /// are relative to its folder. Every operation throws Refusal when an entry is missing or of the
