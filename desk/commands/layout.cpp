@@ -113,10 +113,8 @@ std::vector<MediaPlan> planAll(const LayoutDescription& description, const Choic
 /// Makes the folders in which something changes, and the list of the set; tells which were made.
 std::vector<std::string> makeChanged(const std::vector<MediaPlan>& all, bool links,
                                      OutputFolder& output) {
-    MediaSet set;
-    if (fs::exists(output.path() / mediaSetFile)) {
-        set = readMediaSet(output.path());
-    }
+    const bool isListed = fs::exists(output.path() / mediaSetFile);
+    MediaSet set = isListed ? readMediaSet(output.path()) : MediaSet();
     std::vector<std::string> made;
     for (const MediaPlan& media : all) {
         const std::string folder = folderOf(media.facts.code), manifest = manifestOf(media);

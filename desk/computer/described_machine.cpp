@@ -144,9 +144,7 @@ StartResult DescribedMachine::startProgram(RunStep::Kind kind, const std::string
     if (path.size() > 1 && path.front() == '"' && path.back() == '"') {
         path = path.substr(1, path.size() - 2);
     }
-    if (pathKind(path) == PathKind::Inaccessible) {
-        path += ".exe";
-    }
+    path += pathKind(path) == PathKind::Inaccessible ? ".exe" : "";
     const DescribedProgram* const program = valueIn(programs, path);
     StartResult result{.started = true};
     if (pathKind(path) != PathKind::File) {

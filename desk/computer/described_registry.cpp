@@ -62,9 +62,7 @@ class DescribedKey : public KeyReader {
     [[nodiscard]] std::uint32_t openSubkey(const char* name,
                                            std::unique_ptr<KeyReader>& subkey) const override {
         std::string wanted = path.empty() || *name == '\0' ? path + name : path + '\\' + name;
-        while (wanted.ends_with('\\')) {
-            wanted.pop_back();
-        }
+        wanted.erase(wanted.find_last_not_of('\\') + 1);
         auto opened = std::make_unique<DescribedKey>(registry, wanted);
         if (opened->failures.open != errorSuccess) {
             return opened->failures.open;

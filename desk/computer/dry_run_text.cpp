@@ -89,9 +89,7 @@ std::string runInWords(const Json& run) {
     for (const Json& step : run["steps"]) {
         words += '\n' + std::to_string(++number) + ". " + stepInWords(step);
     }
-    if (!run["earlyEnd"].is_null()) {
-        words += '\n' + text(run, "earlyEnd") + '\n';
-    }
+    words += run["earlyEnd"].is_null() ? "" : '\n' + text(run, "earlyEnd") + '\n';
     for (const Json& ending : run["endings"]) {
         words += '\n' + endingInWords(ending);
     }

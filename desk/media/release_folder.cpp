@@ -187,10 +187,8 @@ std::string thirdPartyNotices() {
                      ? "every Install.exe"
                      : "installer-tool, which makes releases and is not shipped") +
                 "\nLicence: " + part["licence"].get<std::string>() +
-                "\nCopyright: " + part["copyright"].get<std::string>() + "\n\n";
-        for (const Json& line : part["text"]) {
-            text += line.get<std::string>() + '\n';
-        }
+                "\nCopyright: " + part["copyright"].get<std::string>() + "\n\n" +
+                inLines("", part["text"]);
     }
     return text;
 }
