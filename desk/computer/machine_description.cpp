@@ -193,9 +193,8 @@ MachineDescription readMachine(const std::string& file, MachineChoices choices) 
             }
             readExport(content, "the export", choices.bits != 0, machine);
         } else {
-            const fs::path path(file);
-            machine = fromJson(Json::parse(content, nullptr, true, true), path.parent_path(),
-                               std::move(choices));
+            machine = fromJson(Json::parse(content, nullptr, true, true),
+                               fs::path(file).parent_path(), std::move(choices));
         }
     } catch (const std::exception& error) {
         throw Refusal(inQuotes(file) + ": " + reasonOf(error) + '.');

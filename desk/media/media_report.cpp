@@ -126,11 +126,9 @@ class Examination {
             problem(file + ": no \"Version Number\" in the section \"[Version Number]\"");
             return "compiled in, since " + file + " gives none";
         }
-        if (value.find('\n') != std::string_view::npos) {
-            problem(file + ": lines do not end in CR LF; the build swallows what follows");
-        } else {
-            problem(file, buildFault(std::string(value)));
-        }
+        problem(file, value.find('\n') != std::string_view::npos
+                          ? "lines do not end in CR LF; the build swallows what follows"
+                          : buildFault(std::string(value)));
         return file;
     }
 
