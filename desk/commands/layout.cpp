@@ -32,27 +32,23 @@ void refuseAll(const std::string& what, const std::vector<std::string>& problems
     }
 }
 
-/// Makes the installers as a release has them, in a folder that it returns.
-fs::path makeOwnInstallers(const std::vector<MediaPlan>& all, const LayoutDescription& description,
-                           const SigningChoices& signing, OutputFolder& output) {
-    std::vector<InstallerOrder> orders;
-    for (const MediaPlan& media : all) {
-        const std::string& code = media.facts.code;
-        orders.push_back({folderOf(code) + '/' + media.installerName,
-                          description.path(code, "installer"), media.stamp});
-    }
-    return makeInstallers(orders, signing, output);
-}
-
-/// Adds the installers, which are taken from a release that is as it should be, or made.
+/// Adds the installers, taken from a release that is as it should be, or made as one has them.
 void addInstallers(std::vector<MediaPlan>& all, const LayoutDescription& description,
                    const SigningChoices& signing, OutputFolder& output) {
     const bool isReleased = description.has("", "release");
-    const fs::path source = isReleased ? description.path("", "release")
-                                       : makeOwnInstallers(all, description, signing, output);
+    fs::path source;
     if (isReleased) {
+        source = description.path("", "release");
         refuseAll("The release " + inQuotes(source) + " is not as it should be",
                   asLines(examineRelease(source, "", signing.verification).problems));
+    } else {
+        std::vector<InstallerOrder> orders;
+        for (const MediaPlan& media : all) {
+            const std::string& code = media.facts.code;
+            orders.push_back({folderOf(code) + '/' + media.installerName,
+                              description.path(code, "installer"), media.stamp});
+        }
+        source = makeInstallers(orders, signing, output);
     }
     std::vector<std::string> problems;
     for (MediaPlan& media : all) {
