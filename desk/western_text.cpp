@@ -9,7 +9,8 @@ namespace {
 /// `substitute` stands for each character, or `unit` bytes that are none, that cannot be converted.
 std::string convert(std::string_view text, const char* from, const char* to, std::size_t unit,
                     std::string_view substitute) {
-    std::string source(text), result(3 * text.size(), '\0');  // no byte becomes more than three
+    // No unit becomes more than three bytes.
+    std::string source(text), result(3 * (text.size() / unit), '\0');
     char *next = source.data(), *end = result.data();
     std::size_t left = source.size() / unit * unit, room = result.size();
     const iconv_t conversion = iconv_open(to, from);
