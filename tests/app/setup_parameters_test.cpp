@@ -38,24 +38,20 @@ TEST(SetupParameters, HoldEveryDecision) {
 TEST(SetupParameters, TheProgramFolderIsNumberedAsFarAsItFits) {
     constexpr int classic = 4, lowEnergy = 55;
     const std::string longName(300, 'n'), longFolder = "Halvick " + longName;
-    const struct {
-        int product;
-        std::string name;
-        std::vector<std::string> taken;
-        std::string folder;
-    } rows[] = {
-        {classic, "X", {"halvick x", "Halvick X 2"}, "Halvick X 3"},
-        {classic, "X", {"Halvick X 2"}, "Halvick X"},
-        {lowEnergy, "X", {"X", "Halvick X"}, "X 2"},
-        {classic, longName, {}, longFolder},
-        // The number no longer fits: the search ends all the same.
-        {classic, longName, {longFolder, longFolder.substr(0, 260)}, longFolder.substr(0, 260)}};
-    for (const auto& row : rows) {
-        DescribedMachine machine;
-        InstallationIndex index(machine);
-        for (const std::string& taken : row.taken) {
-            index.records.emplace_back().fields["Program Folder"] = taken;
-        }
-        EXPECT_EQ(uniqueProgramFolder(row.name, row.product, index), row.folder);
-    }
+    using Folders = std::vector<std::string>;
+    expectRows<std::tuple<int, std::string, Folders>, std::string>(
+        {{{classic, "X", {"halvick x", "Halvick X 2"}}, "Halvick X 3"},
+         {{classic, "X", {"Halvick X 2"}}, "Halvick X"},
+         {{lowEnergy, "X", {"X", "Halvick X"}}, "X 2"},
+         {{classic, longName, {}}, longFolder},
+         // The number no longer fits: the search ends all the same.
+         {{classic, longName, {longFolder, longFolder.substr(0, 260)}}, longFolder.substr(0, 260)}},
+        [](int product, const std::string& name, const Folders& taken) {
+            DescribedMachine machine;
+            InstallationIndex index(machine);
+            for (const std::string& folder : taken) {
+                index.records.emplace_back().fields["Program Folder"] = folder;
+            }
+            return uniqueProgramFolder(name, product, index);
+        });
 }

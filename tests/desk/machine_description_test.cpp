@@ -74,10 +74,7 @@ TEST(Machine, ReadsWhatRegeditExports) {
     const std::string listed = list + "\\a]\n" + entry;
     const std::string redirected =
         "[HKEY_LOCAL_MACHINE\\SOFTWARE\\WOW6432Node\\Microsoft\\Windows\\CurrentVersion\\Uninstall";
-    const struct {
-        const char* what;
-        std::string content, seen;
-    } cases[] = {
+    const std::tuple<const char*, std::string, std::string> cases[] = {
         {"version 5", header + listed, found},
         {"version 5 in UTF-16", wide(withCarriageReturns(header + listed)), found},
         {"version 4", withCarriageReturns("REGEDIT4\n\n" + listed), found},
@@ -100,9 +97,9 @@ TEST(Machine, ReadsWhatRegeditExports) {
              record + "\"G\"\n",
          "F\nolder: G\n"},
         {"other roots", header + "[HKEY_CURRENT_USER\\a]\n" + entry, ""}};
-    for (const auto& row : cases) {
+    for (const auto& [what, content, expected] : cases) {
         MachineDescription machine;
-        EXPECT_EQ(read(row.content, machine), row.seen) << row.what;
+        EXPECT_EQ(read(content, machine), expected) << what;
     }
 }
 

@@ -66,27 +66,25 @@ TEST(StampImage, Refuses) {
     const auto changed = [&whole](std::size_t offset, const std::string& bytes) {
         return std::string(whole).replace(offset, bytes.size(), bytes);
     };
-    struct {
-        const char* reason;
-        std::string image, code, name;
-    } const cases[] = {{"no code", whole, "", "X"},
-                       {"long code", whole, "12345678", "X"},
-                       {"no name", whole, "1k", ""},
-                       {"long name", whole, "1k", std::string(104, 'n')},
-                       {"empty file", "", "1k", "X"},
-                       {"no MZ", changed(0, "ZM"), "1k", "X"},
-                       {"no PE", changed(64, "NE"), "1k", "X"},
-                       {"64-bit", changed(optionalHeader, "\x0B\x02"), "1k", "X"},
-                       {"header outside", changed(60, "\xFF\xFF\xFF\xFF"), "1k", "X"},
-                       {"header cut off", whole.substr(0, optionalHeader + 121), "1k", "X"},
-                       {"signed", changed(optionalHeader + 128, {1, 0, 0, 0, 1}), "1k", "X"},
-                       {"no block", changed(blockOffset, "?"), "1k", "X"},
-                       {"block cut off", whole.substr(0, blockOffset + 100), "1k", "X"},
-                       {"two blocks", whole + marker, "1k", "X"}};
-    for (const auto& row : cases) {
-        std::string image = row.image;
-        EXPECT_THROW(stampImage(image, row.code, row.name), Refusal) << row.reason;
-        EXPECT_EQ(image, row.image) << row.reason;
+    using Row = std::tuple<const char*, std::string, std::string, std::string>;
+    const Row cases[] = {{"no code", whole, "", "X"},
+                         {"long code", whole, "12345678", "X"},
+                         {"no name", whole, "1k", ""},
+                         {"long name", whole, "1k", std::string(104, 'n')},
+                         {"empty file", "", "1k", "X"},
+                         {"no MZ", changed(0, "ZM"), "1k", "X"},
+                         {"no PE", changed(64, "NE"), "1k", "X"},
+                         {"64-bit", changed(optionalHeader, "\x0B\x02"), "1k", "X"},
+                         {"header outside", changed(60, "\xFF\xFF\xFF\xFF"), "1k", "X"},
+                         {"header cut off", whole.substr(0, optionalHeader + 121), "1k", "X"},
+                         {"signed", changed(optionalHeader + 128, {1, 0, 0, 0, 1}), "1k", "X"},
+                         {"no block", changed(blockOffset, "?"), "1k", "X"},
+                         {"block cut off", whole.substr(0, blockOffset + 100), "1k", "X"},
+                         {"two blocks", whole + marker, "1k", "X"}};
+    for (const auto& [reason, given, code, name] : cases) {
+        std::string image = given;
+        EXPECT_THROW(stampImage(image, code, name), Refusal) << reason;
+        EXPECT_EQ(image, given) << reason;
     }
 }
 

@@ -60,34 +60,30 @@ TEST(InstallationIndex, FindsFromTheLastToTheFirst) {
     index.records[2].fields["Temp Reference"] = "Other";
     using Positions = std::vector<std::size_t>;
     namespace by = installation_selector;
-    const struct {
-        std::string value;
-        int selector;
-        Positions found;
-        bool twoByte = false;  ///< the last byte of the third path is half a character
-    } rows[] = {{"C:\\OLD\\\\", by::path, {1, 0}},
-                {"C:\\", by::path, {}},
-                {"C:\\Old\x95", by::path, {}, true},
-                {"c:\\old\x95\\\\", by::path, {2}, true},
-                {"1K", by::productId, {0}},
-                {"0b", by::productId, {2, 1}},
-                {"name", by::productName, {1}},
-                {"HALVICK ANALYZER", by::programFolder, {2, 1, 0}},
-                {"Halvick", by::programFolder, {}},
-                {"", by::programFolder, {}},
-                {"1", 4, {}},
-                {"other", by::temporaryReference, {2}},
-                {"1", 6, {}},
-                {"1", -1, {}}};
-    for (const auto& row : rows) {
-        CodePage page = asciiCodePage;
-        page.lead[0x95] = row.twoByte;
-        useCodePage(page);
-        Positions matches{99};
-        EXPECT_EQ(index.find(row.value, row.selector, matches), !row.found.empty());
-        EXPECT_EQ(matches, row.found) << row.value << " by selector " << row.selector;
-        useCodePage(asciiCodePage);
-    }
+    CodePage page = asciiCodePage;
+    page.lead[0x95] = true;  // the last byte of the third path is half a character
+    useCodePage(page);
+    expectRows<std::tuple<std::string, int>, Positions>(
+        {{{"C:\\OLD\\\\", by::path}, {1, 0}},
+         {{"C:\\", by::path}, {}},
+         {{"C:\\Old\x95", by::path}, {}},
+         {{"c:\\old\x95\\\\", by::path}, {2}},
+         {{"1K", by::productId}, {0}},
+         {{"0b", by::productId}, {2, 1}},
+         {{"name", by::productName}, {1}},
+         {{"HALVICK ANALYZER", by::programFolder}, {2, 1, 0}},
+         {{"Halvick", by::programFolder}, {}},
+         {{"", by::programFolder}, {}},
+         {{"1", 4}, {}},
+         {{"other", by::temporaryReference}, {2}},
+         {{"1", 6}, {}},
+         {{"1", -1}, {}}},
+        [&](const std::string& value, int selector) {
+            Positions matches{99};
+            EXPECT_EQ(index.find(value, selector, matches), !matches.empty());
+            return matches;
+        });
+    useCodePage(asciiCodePage);
 }
 
 }  // namespace

@@ -33,30 +33,21 @@ EntryState stateWith(const std::string& name, std::uint32_t type, const std::str
 TEST(InstalledProduct, IsReportedWhenItsEntryIsWhole) {
     constexpr std::uint32_t text = 1, expandable = 2, binary = 3;
     const std::string longest(259, 'x');
-    const struct {
-        const char* name;
-        std::uint32_t type;
-        std::string data;
-        EntryState state;
-    } rows[] = {
-        {"Comment", text, "\0"s, EntryState::Reported},
-        {"DisplayName", expandable, "A Halvick\0"s, EntryState::Reported},
-        {"DisplayName", text, "HALVICK Viewer\0"s, EntryState::OtherProduct},
-        {"DisplayName", text, "", EntryState::OtherProduct},  // the empty text
-        {"DisplayName", text, "Halvick", EntryState::NoDisplayName},
-        {"DisplayName", text, "Halvick" + longest + '\0', EntryState::NoDisplayName},
-        {"DisplayVersion", text, "11.0.0.0\0"s, EntryState::Reported},
-        {"DisplayVersion", text, "10.9.1.0\0"s, EntryState::TooOld},
-        {"DisplayVersion", text, "11.0\0"s, EntryState::NoVersion},
-        {"DisplayVersion", binary, "11.0.0.0\0"s, EntryState::NoVersion},
-        {"UninstallString", text, longest + '\0', EntryState::Reported},
-        {"UninstallString", text, longest + "x\0"s, EntryState::NoUninstaller},
-        {"InstallLocation", text, "x", EntryState::NoInstallLocation},
-    };
-    for (const auto& row : rows) {
-        EXPECT_EQ(stateWith(row.name, row.type, row.data), row.state)
-            << row.name << " of type " << row.type << ": " << row.data;
-    }
+    expectRows<std::tuple<std::string, std::uint32_t, std::string>, EntryState>(
+        {{{"Comment", text, "\0"s}, EntryState::Reported},
+         {{"DisplayName", expandable, "A Halvick\0"s}, EntryState::Reported},
+         {{"DisplayName", text, "HALVICK Viewer\0"s}, EntryState::OtherProduct},
+         {{"DisplayName", text, ""}, EntryState::OtherProduct},  // the empty text
+         {{"DisplayName", text, "Halvick"}, EntryState::NoDisplayName},
+         {{"DisplayName", text, "Halvick" + longest + '\0'}, EntryState::NoDisplayName},
+         {{"DisplayVersion", text, "11.0.0.0\0"s}, EntryState::Reported},
+         {{"DisplayVersion", text, "10.9.1.0\0"s}, EntryState::TooOld},
+         {{"DisplayVersion", text, "11.0\0"s}, EntryState::NoVersion},
+         {{"DisplayVersion", binary, "11.0.0.0\0"s}, EntryState::NoVersion},
+         {{"UninstallString", text, longest + '\0'}, EntryState::Reported},
+         {{"UninstallString", text, longest + "x\0"s}, EntryState::NoUninstaller},
+         {{"InstallLocation", text, "x"}, EntryState::NoInstallLocation}},
+        stateWith);
 }
 
 TEST(InstalledProduct, IsFoundInTheOrderOfTheListWhateverElseIsInIt) {

@@ -2,6 +2,7 @@
 #include "installed/key_tree_walk.h"
 
 #include "tests/installed/described_tree.h"
+#include "tests/rows.h"
 
 using namespace std::string_literals;
 
@@ -24,20 +25,20 @@ class KeyTreeWalk : public testing::Test {
 TEST_F(KeyTreeWalk, TakesDataOfAnyTypeUpToTheirFirstZero) {
     constexpr std::uint32_t text = 1, binary = 3, number = 4, texts = 7;
     const std::string longest(1024, 'x');
-    const struct {
-        std::uint32_t type;
-        std::string data, read;
-    } rows[] = {
-        {text, "", ""},           {text, "abc\0"s, "abc"},    {text, "a\0b\0"s, "a"},
-        {text, "abc", "abc"},     {binary, longest, longest}, {binary, longest + 'x', "broken off"},
-        {number, "ABCD", "ABCD"}, {number, "A\0\0\0"s, "A"},  {texts, "a\0b\0\0"s, "a"}};
-    for (const auto& row : rows) {
-        machine.registry.keys.clear();
-        setRecord(machine, "A");
-        machine.registry.keys["A"]["Lard"] = {row.type, row.data};
-        EXPECT_EQ(walk("A") ? records.at(0).fields["Lard"] : "broken off", row.read)
-            << "type " << row.type << ", " << row.data.substr(0, 9);
-    }
+    setRecord(machine, "A");
+    expectRows<std::tuple<std::uint32_t, std::string>, std::string>(
+        {{{text, ""}, ""},
+         {{text, "abc\0"s}, "abc"},
+         {{text, "a\0b\0"s}, "a"},
+         {{text, "abc"}, "abc"},
+         {{binary, longest}, longest},
+         {{binary, longest + 'x'}, "broken off"},
+         {{number, "ABCD"}, "ABCD"},
+         {{texts, "a\0b\0\0"s}, "a"}},
+        [&](std::uint32_t type, const std::string& data) {
+            machine.registry.keys["A"]["Lard"] = {type, data};
+            return walk("A") ? records.at(0).fields["Lard"] : "broken off";
+        });
 }
 
 TEST_F(KeyTreeWalk, ReachesEveryLeaf) {
@@ -75,11 +76,7 @@ TEST_F(KeyTreeWalk, TellsItsLastFailure) {
     setRecord(machine, "T\\A");
     setRecord(machine, "T\\B");
     machine.registry.lastError = 5;
-    const struct {
-        const char *failing, *walked;
-        KeyFailures failures;
-        const char* told;
-    } rows[] = {
+    const std::tuple<std::string, const char*, KeyFailures, const char*> rows[] = {
         {"T", "T\\", {.open = 5}, "Could not open registry key \"HKEY_LOCAL_MACHINE\\T\\\""},
         {"T", "T", {.count = 5}, "Could not query key \"HKEY_LOCAL_MACHINE\\T\""},
         {"T", "T", {.enumerate = 5}, "Could not enumerate key \"HKEY_LOCAL_MACHINE\\T\""},
@@ -90,10 +87,10 @@ TEST_F(KeyTreeWalk, TellsItsLastFailure) {
         {"T\\A", "T\\A", {.enumerate = 234, .fromIndex = 2}, "RegEnumValue failed with 5."},
         {"X", "X", {}, "Could not open registry key \"HKEY_LOCAL_MACHINE\\X\""},
     };
-    for (const auto& row : rows) {
-        machine.registry.failures = {{row.failing, row.failures}};
-        EXPECT_FALSE(walk(row.walked)) << row.told;
-        EXPECT_STREQ(walkError(), row.told);
+    for (const auto& [failing, walked, failures, told] : rows) {
+        machine.registry.failures = {{failing, failures}};
+        EXPECT_FALSE(walk(walked)) << told;
+        EXPECT_STREQ(walkError(), told);
     }
     machine.registry.failures.clear();
     EXPECT_TRUE(walk("T"));

@@ -35,11 +35,7 @@ Reported nt(std::uint32_t major, std::uint32_t minor) {
 
 TEST(OperatingSystem, HasACodeAndANameForEveryRelease) {
     constexpr std::uint16_t otherSuites = 0x7FFF;
-    const struct {
-        Reported facts;
-        int code;
-        std::string name;
-    } rows[] = {
+    const std::tuple<Reported, int, std::string> rows[] = {
         {{onDos, 3, 11}, win32s, "Win32s SP"},
         {Reported(windows9x, 4, 0).pack(" c"), windows95Osr2, "Windows 95 OSR2"},
         {Reported(windows9x, 4, 0).pack(" B"), windows95, "Windows 95  B"},
@@ -104,20 +100,16 @@ TEST(OperatingSystem, FailuresReachTheBufferOrLeaveIt) {
 
     const OperatingSystemIdentity xp{windowsXp, "Windows XP ", NameDelivery::Checked};
     EXPECT_EQ(deliverOperatingSystemName(xp, nullptr, 12), noBuffer);
-    const struct {
-        OperatingSystemIdentity identity;
-        std::size_t size;
-        int code;
-        std::string buffer;
-    } rows[] = {{xp, 0, noBuffer, "before"},
-                {xp, 10, nameTooLong, "before"},
-                {xp, 11, windowsXp, ""},
-                {xp, 12, windowsXp, "Windows XP "},
-                {failed, 8, notRecognised, "GetVers"},
-                {foreign, 12, notRecognised, "before"}};
-    for (const auto& row : rows) {
+    const std::tuple<OperatingSystemIdentity, std::size_t, int, std::string> rows[] = {
+        {xp, 0, noBuffer, "before"},
+        {xp, 10, nameTooLong, "before"},
+        {xp, 11, windowsXp, ""},
+        {xp, 12, windowsXp, "Windows XP "},
+        {failed, 8, notRecognised, "GetVers"},
+        {foreign, 12, notRecognised, "before"}};
+    for (const auto& [identity, size, code, expected] : rows) {
         char buffer[12] = "before";
-        EXPECT_EQ(deliverOperatingSystemName(row.identity, buffer, row.size), row.code);
-        EXPECT_EQ(buffer, row.buffer) << row.identity.name << " into " << row.size;
+        EXPECT_EQ(deliverOperatingSystemName(identity, buffer, size), code);
+        EXPECT_EQ(buffer, expected) << identity.name << " into " << size;
     }
 }

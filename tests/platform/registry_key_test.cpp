@@ -1,41 +1,39 @@
 #include "platform/registry_key.h"
 
-#include "tests/installed/described_tree.h"
+#include "desk/computer/described_machine.h"
+#include "tests/rows.h"
 
 using namespace std::string_literals;
 
 // Into 260 bytes.
 TEST(RegistryKey, ReadsTerminatedStringsOnly) {
-    constexpr std::uint32_t text = 1, expandable = 2, binary = 3, texts = 7, moreData = 234;
+    constexpr std::uint32_t text = 1, expandable = 2, binary = 3, texts = 7;
+    const std::string moreData = "234", invalidData = "13";
     const std::string longest(259, 'x');
-    const struct {
-        std::uint32_t type;
-        std::string data, read;
-        std::uint32_t error = errorSuccess;
-    } rows[] = {{text, "", ""},
-                {text, "abc\0"s, "abc"},
-                {expandable, "%a%\0"s, "%a%"},
-                {text, "a\0b\0"s, "a"},
-                {text, longest + '\0', longest},
-                {text, longest + "x\0"s, "", moreData},
-                {text, longest + 'x', "", errorInvalidData},
-                {text, "abc", "", errorInvalidData},
-                {binary, "abc\0"s, "", errorInvalidData},
-                {texts, "a\0b\0\0"s, "", errorInvalidData}};
-    for (const auto& row : rows) {
-        DescribedMachine machine;
-        machine.registry.keys["A"]["name"] = {row.type, row.data};
-        std::unique_ptr<KeyReader> key;
-        ASSERT_EQ(machine.localMachine()->openSubkey("A", key), errorSuccess);
-        unsigned long size = 0;
-        const std::uint32_t alone = readStringValue(*key, "NAME", nullptr, size);
-        EXPECT_EQ(size, alone == errorSuccess ? row.data.size() : 0);
-        std::string buffer(300, '#');
-        EXPECT_EQ(readStringValue(*key, "name", buffer.data(), size = 260), row.error);
-        EXPECT_EQ(buffer.substr(260), std::string(40, '#'));
-        EXPECT_EQ(size, row.error == errorSuccess ? row.data.size() : 0);
-        if (row.error == errorSuccess) {
-            EXPECT_EQ(std::string(buffer.c_str()), row.read);
-        }
-    }
+    // Its text, or the error.
+    expectRows<std::tuple<std::uint32_t, std::string>, std::string>(
+        {{{text, ""}, ""},
+         {{text, "abc\0"s}, "abc"},
+         {{expandable, "%a%\0"s}, "%a%"},
+         {{text, "a\0b\0"s}, "a"},
+         {{text, longest + '\0'}, longest},
+         {{text, longest + "x\0"s}, moreData},
+         {{text, longest + 'x'}, invalidData},
+         {{text, "abc"}, invalidData},
+         {{binary, "abc\0"s}, invalidData},
+         {{texts, "a\0b\0\0"s}, invalidData}},
+        [](std::uint32_t type, const std::string& data) {
+            DescribedMachine machine;
+            machine.registry.keys["A"]["name"] = {type, data};
+            std::unique_ptr<KeyReader> key;
+            EXPECT_EQ(machine.localMachine()->openSubkey("A", key), errorSuccess);
+            unsigned long size = 0;
+            const std::uint32_t alone = readStringValue(*key, "NAME", nullptr, size);
+            EXPECT_EQ(size, alone == errorSuccess ? data.size() : 0);
+            std::string buffer(300, '#');
+            const std::uint32_t error = readStringValue(*key, "name", buffer.data(), size = 260);
+            EXPECT_EQ(buffer.substr(260), std::string(40, '#'));
+            EXPECT_EQ(size, error == errorSuccess ? data.size() : 0);
+            return error == errorSuccess ? buffer.c_str() : std::to_string(error);
+        });
 }

@@ -1,8 +1,7 @@
 #include "platform/shell_runner.h"
 
-#include <gtest/gtest.h>
-
 #include "desk/computer/described_machine.h"
+#include "tests/rows.h"
 
 namespace {
 
@@ -15,24 +14,23 @@ std::string shown(std::uint32_t result, std::uint32_t lastError) {
 }
 
 TEST(ShellRunner, TellsTheShellsResultElseTheLastError) {
-    const struct {
-        const char* start;  ///< of the message
-        std::uint32_t result, lastError = none;
-    } rows[] = {{nothing, 2, 2},
-                {"The specified path was not found.", 3, 3},
-                {"The operating system denied access", 5, 5},
-                {"There was not enough memory to complete", 8},
-                {"The operating system did not have enough memory", none, 8},
-                {"A sharing violation", 26, 32},
-                {"The file name association is incomplete", 27},
-                {"The DDE transaction could not be completed because the request timed", 28},
-                {"The DDE transaction failed.", 29, 1156},
-                {"The DDE transaction could not be completed because other DDE", 30},
-                {"There is no application associated", 31, 1155},
-                {"The specified dynamic-link library", 32, 1157},
-                {"Operation cancelled by user.", 33, cancelled},
-                {"Unknown ShellExecute error !", none, 193},
-                {"Unknown ShellExecute error !", none, 26}};
+    // How each message starts, by the shell's result and by the last error.
+    const std::tuple<const char*, std::uint32_t, std::uint32_t> rows[] = {
+        {nothing, 2, 2},
+        {"The specified path was not found.", 3, 3},
+        {"The operating system denied access", 5, 5},
+        {"There was not enough memory to complete", 8, none},
+        {"The operating system did not have enough memory", none, 8},
+        {"A sharing violation", 26, 32},
+        {"The file name association is incomplete", 27, none},
+        {"The DDE transaction could not be completed because the request timed", 28, none},
+        {"The DDE transaction failed.", 29, 1156},
+        {"The DDE transaction could not be completed because other DDE", 30, none},
+        {"There is no application associated", 31, 1155},
+        {"The specified dynamic-link library", 32, 1157},
+        {"Operation cancelled by user.", 33, cancelled},
+        {"Unknown ShellExecute error !", none, 193},
+        {"Unknown ShellExecute error !", none, 26}};
     for (const auto& [start, result, lastError] : rows) {
         if (result != none) {
             EXPECT_TRUE(shown(result, cancelled).starts_with(start)) << "result " << result;
@@ -45,39 +43,36 @@ TEST(ShellRunner, TellsTheShellsResultElseTheLastError) {
 
 // The shell would say so itself where a file is missing. It looks for a program without ".exe".
 TEST(ShellRunner, HandsNoMissingFileToTheShell) {
-    const struct {
-        const char* file;
-        bool reachesTheShell;
-        const char* message = "";
-    } rows[] = {{"", false},
-                {"C:\\there.exe", true},
-                {"\"C:\\there.exe\"", true},
-                {"C:\\there", true},
-                {"C:\\there.exe /S", false},
-                {"C:\\gone.exe", false},
-                {"\"C:\\gone.exe\"", false},
-                {"\\\\server\\share\\gone.exe", false},
-                {"C:\\folder", true},
-                {"gone.exe", true},
-                {"\"C:\\there.exe\" /S", true},
-                {"C:\\refused.exe", true, "Operation cancelled by user."}};
-    for (const auto& row : rows) {
-        for (const auto start : {launch, launchAndWait}) {
-            DescribedMachine machine;
-            machine.files = {{"C:\\there.exe", {}},
-                             {"C:\\refused.exe", {}},
-                             {"C:\\folder", {.kind = PathKind::Directory}}};
-            machine.programs["C:\\refused.exe"].failure =
-                StartResult{.started = false, .lastError = cancelled};
-            const bool started = start(machine, row.file, "");
-            const auto& steps = machine.steps;
-            const bool reached = !steps.empty() && steps[0].kind != RunStep::Kind::Dialog;
-            EXPECT_EQ(reached, row.reachesTheShell) << row.file;
-            EXPECT_EQ(started, reached && steps[0].succeeded) << row.file;
-            const ShownDialog shown = steps.size() == 2 ? steps[1].dialog : ShownDialog();
-            EXPECT_EQ(shown.texts.empty() ? "" : shown.texts[0], row.message) << row.file;
-            EXPECT_EQ(shown.title, *row.message == '\0' ? "" : "Error");
-        }
+    for (const auto start : {launch, launchAndWait}) {
+        expectRows<std::string, std::string>(
+            {{"", ""},
+             {"C:\\there.exe", "shell, started"},
+             {"\"C:\\there.exe\"", "shell, started"},
+             {"C:\\there", "shell, started"},
+             {"C:\\there.exe /S", ""},
+             {"C:\\gone.exe", ""},
+             {"\"C:\\gone.exe\"", ""},
+             {"\\\\server\\share\\gone.exe", ""},
+             {"C:\\folder", "shell, "},
+             {"gone.exe", "shell, "},
+             {"\"C:\\there.exe\" /S", "shell, "},
+             {"C:\\refused.exe", "shell, Error: Operation cancelled by user."}},
+            [start](const std::string& file) {
+                DescribedMachine machine;
+                machine.files = {{"C:\\there.exe", {}},
+                                 {"C:\\refused.exe", {}},
+                                 {"C:\\folder", {.kind = PathKind::Directory}}};
+                machine.programs["C:\\refused.exe"].failure =
+                    StartResult{.started = false, .lastError = cancelled};
+                const bool started = start(machine, file, "");
+                std::string seen;
+                for (const RunStep& step : machine.steps) {
+                    seen += step.kind == RunStep::Kind::Dialog
+                                ? step.dialog.title + ": " + step.dialog.texts[0]
+                                : "shell, ";
+                }
+                return seen + (started ? "started" : "");
+            });
     }
 }
 

@@ -15,23 +15,20 @@ TEST(HelpControl, IsLoadedFromAFullPathOnly) {
         return std::string(name == "root" ? "C:\\Windows" : "");
     };
     constexpr unsigned long text = 1, expandable = 2, binary = 3;
-    const struct {
-        unsigned long type;
-        const char *text, *path;
-    } table[] = {{text, "D:\\help.ocx", "D:\\help.ocx"},
-                 {text, "\\\\server\\share\\help.ocx", "\\\\server\\share\\help.ocx"},
-                 {text, "%root%\\help.ocx", ""},
-                 {text, "help.ocx", ""},
-                 {text, "\\help.ocx", ""},
-                 {text, "C:help.ocx", ""},
-                 {text, "", ""},
-                 {expandable, "%root%\\help.ocx", "C:\\Windows\\help.ocx"},
-                 {expandable, "C:\\%user%root%root%\\%", "C:\\%userC:\\Windowsroot%\\%"},
-                 {expandable, "%user%\\help.ocx", ""},
-                 {expandable, "D:\\100%.ocx", "D:\\100%.ocx"},
-                 {binary, "D:\\help.ocx", ""}};
-    for (const auto& row : table) {
-        EXPECT_EQ(registeredControlPath(row.type, row.text, variable), row.path)
-            << row.type << ' ' << row.text;
-    }
+    expectRows<std::tuple<unsigned long, std::string>, std::string>(
+        {{{text, "D:\\help.ocx"}, "D:\\help.ocx"},
+         {{text, "\\\\server\\share\\help.ocx"}, "\\\\server\\share\\help.ocx"},
+         {{text, "%root%\\help.ocx"}, ""},
+         {{text, "help.ocx"}, ""},
+         {{text, "\\help.ocx"}, ""},
+         {{text, "C:help.ocx"}, ""},
+         {{text, ""}, ""},
+         {{expandable, "%root%\\help.ocx"}, "C:\\Windows\\help.ocx"},
+         {{expandable, "C:\\%user%root%root%\\%"}, "C:\\%userC:\\Windowsroot%\\%"},
+         {{expandable, "%user%\\help.ocx"}, ""},
+         {{expandable, "D:\\100%.ocx"}, "D:\\100%.ocx"},
+         {{binary, "D:\\help.ocx"}, ""}},
+        [&](unsigned long type, const std::string& path) {
+            return registeredControlPath(type, path, variable);
+        });
 }
