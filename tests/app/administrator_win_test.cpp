@@ -26,7 +26,6 @@ TEST(Administrator, IsWhoseGroupsHoldTheGroup) {
     expectRows<Groups, bool>(
         {{{}, false},
          {{{users.bytes, SE_GROUP_ENABLED}, {powerUsers.bytes, SE_GROUP_ENABLED}}, false},
-         {{{users.bytes, 0}, {administrators.bytes, SE_GROUP_ENABLED}}, true},
          {{{administrators.bytes, 0}, {users.bytes, SE_GROUP_ENABLED}}, true},
          {{{users.bytes, 0}, {administrators.bytes, SE_GROUP_USE_FOR_DENY_ONLY}}, true}},
         [](const Groups& groups) {

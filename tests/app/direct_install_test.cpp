@@ -10,8 +10,7 @@ TEST(DirectInstall, CutsTheUninstallCommandByPosition) {
          {R"(C:\V\setup.exe /u)", R"(C:\V\setup.exe |u|C:\V\UninstallQmx.exe )"},
          {"setup.exe", "setup.exe||UninstallQmx.exe"},
          {R"("setup.exe" "D:\setup.exe")", R"("setup.exe"|"D:\setup.exe"|UninstallQmx.exe)"},
-         {"MsiExec.exe /X{1}", "MsiExec.exe /X{1}||"},
-         {"", "||"}},
+         {"MsiExec.exe /X{1}", "MsiExec.exe /X{1}||"}},
         [](const std::string& text) {
             const ViewerRemoval removal = planViewerRemoval(text, "E:\\");
             EXPECT_EQ(removal.runsSetup, !removal.copyTo.empty());

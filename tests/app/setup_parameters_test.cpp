@@ -10,14 +10,11 @@ using namespace product_type;
 TEST(SetupParameters, HoldEveryDecision) {
     const CProductData catalogue;
     expectRows<std::tuple<std::string, unsigned, std::string, bool>, std::string>(
-        {{{"04", live, "", true}, "LIVE`-bitness=x86"},
-         {{"07", live, "", true}, "LIVE x64`-bitness=x64"},
-         {{"1m", live, "", false}, "LIVE x86`-bitness=x86"},
+        {{{"1m", live, "", false}, "LIVE x86`-bitness=x86"},
          {{"07", live, "Pro", true}, "LIVE Pro x64`-bitness=x64"},
          {{"1u", live, "Pro", true}, "LIVE Pro x86`-bitness=x86"},
          {{"07", demonstration, "Pro", true}, "DEMO`-bitness=x64"},
          {{"1m", viewer, "Pro", true}, "VIEW`-bitness=x64"},
-         {{"1w", viewer, "", true}, "VIEW x86`-bitness=x86"},
          {{"1u", demonstration, "", true}, "DEMO x86`-bitness=x86"},
          {{"04", 0, "Pro", true}, "LIVE Pro`-bitness=x86"},
          {{"04", demonstration | viewer, "", true}, "DEMO`-bitness=x86"}},

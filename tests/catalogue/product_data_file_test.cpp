@@ -9,7 +9,6 @@ TEST(ProductDataFile, IsPlainOrEncipheredAndHasCommentLines) {
          {{" ;a\n;\n\nb", false}, " ;a\n\nb"},
          {{";a", false}, ""},
          {{"a\n;b", false}, "a"},
-         {{"", false}, ""},
          {{encipher(";c\r\na=1\r\n"), true}, "a=1\r"},
          {{"a=1", true}, "Cannot load product data - The text is not enciphered."},
          {{std::nullopt, false}, "Cannot load product data - The file cannot be read."}},
@@ -37,8 +36,7 @@ TEST(ProductDataFile, HasItsVersionSectionRead) {
          {"[Version Number]\r\nno value", {}},
          {"[Version Number]\r\n \t\r\n", leftAlone},
          {"[Version Number]\r\n[Other]\r\na=1", leftAlone},
-         {"[Version]\r\na=1", leftAlone},
-         {"", leftAlone}},
+         {"[Version]\r\na=1", leftAlone}},
         [&leftAlone](const std::string& text) {
             ValueParts values = leftAlone;
             const bool found = readVersionSection(text, values);

@@ -76,7 +76,6 @@ TEST(InstallationIndex, FindsFromTheLastToTheFirst) {
          {{"", by::programFolder}, {}},
          {{"1", 4}, {}},
          {{"other", by::temporaryReference}, {2}},
-         {{"1", 6}, {}},
          {{"1", -1}, {}}},
         [&](const std::string& value, int selector) {
             Positions matches{99};

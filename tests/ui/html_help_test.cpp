@@ -25,7 +25,6 @@ TEST(HelpControl, IsLoadedFromAFullPathOnly) {
          {{text, ""}, ""},
          {{expandable, "%root%\\help.ocx"}, "C:\\Windows\\help.ocx"},
          {{expandable, "C:\\%user%root%root%\\%"}, "C:\\%userC:\\Windowsroot%\\%"},
-         {{expandable, "%user%\\help.ocx"}, ""},
          {{expandable, "D:\\100%.ocx"}, "D:\\100%.ocx"},
          {{binary, "D:\\help.ocx"}, ""}},
         [&](unsigned long type, const std::string& path) {
