@@ -3,6 +3,8 @@
 
 #include <string>
 
+#include "desk/executables/executable.h"
+
 inline std::string executable(const std::string& content) {
     constexpr std::size_t headers = 512, optionalHeader = 64 + 24, sections = optionalHeader + 224;
     std::string image(headers, '\0');
@@ -21,15 +23,6 @@ inline std::string executable(const std::string& content) {
     put(sections + 16, content.size(), 4);  // of the section's bytes
     put(sections + 20, headers, 4);         // their offset
     image += content;
-    // The sum of all words, carries added, and the size.
-    std::size_t sum = 0;
-    for (std::size_t offset = 0; offset < image.size(); ++offset) {
-        sum += static_cast<std::size_t>(static_cast<unsigned char>(image[offset]))
-               << (offset % 2 * 8);
-    }
-    while (sum > 0xFFFF) {
-        sum = (sum & 0xFFFF) + (sum >> 16);
-    }
-    put(optionalHeader + 64, sum + image.size(), 4);
+    put(optionalHeader + 64, Executable(image).checksum(), 4);
     return image;
 }

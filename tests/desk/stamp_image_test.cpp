@@ -7,41 +7,30 @@
 
 #include "app/stamped_identity.h"
 #include "desk/refusal.h"
+#include "tests/desk/sample_executable.h"
 
 namespace {
 
 constexpr std::size_t optionalHeader = 64 + 24;
 constexpr std::size_t blockOffset = 512;
 const std::string marker(stampMarker, sizeof stampMarker);
-
-/// The headers of an executable, as far as stamping looks at them, and an empty block.
-std::string executable() {
-    std::string image(blockOffset + sizeof(StampedIdentity) + 101, '\0');
-    image.replace(0, 2, "MZ");
-    image[60] = 64;
-    image.replace(64, 2, "PE");
-    image.replace(optionalHeader, 2, "\x0B\x01");
-    return image.replace(blockOffset, marker.size(), marker);
-}
+/// With an empty block, an odd number of bytes in all.
+const std::string whole =
+    executable(marker + std::string(113, '\0') + '\xFD' + std::string(99, '\0'));
 
 TEST(StampImage, FillsTheBlockAndTheChecksum) {
-    std::string image = executable();
+    std::string image = whole;
     stampImage(image, "1k", "A longer name");
-    stampImage(image, "1Q", "Model X");
+    stampImage(image, "1Q", "Model X");  // neither the earlier name nor its checksum counts
 
-    std::string expected = executable();
+    std::string expected = whole;
     expected.replace(blockOffset + 16, 2, "1Q");
     expected.replace(blockOffset + 24, 7, "Model X");
     expected[optionalHeader - 1] = '\x0C';  // loaded whole from a disc and from the net
-    // The words that are not zero: 5A4D 0040 4550 0C00 010B, the marker's 233C 5250 444F 4355 2D54
-    // 5453 4D41 3E50, the texts' 5131 6F4D 6564 206C 0058. Their sum 3FDF6, folded to FDF9, and the
-    // size of the file, 2E5.
-    expected.replace(optionalHeader + 64, 3, "\xDE\x00\x01", 3);
-    EXPECT_EQ(image, expected);
-
-    // A checksum that was there before does not count.
-    image[optionalHeader + 64] = 1;
-    stampImage(image, "1Q", "Model X");
+    // The words that are not zero: 5A4D 0040 4550 0001 00E0 0C00 010B 00E5 0200, the marker's 233C
+    // 5250 444F 4355 2D54 5453 4D41 3E50, the texts' 5131 6F4D 6564 206C 0058, and FD00. Their sum
+    // 4FEBC, folded to FEC0, and the size of the file, 2E5.
+    expected.replace(optionalHeader + 64, 4, "\xA5\x01\x01\x00", 4);
     EXPECT_EQ(image, expected);
 
     const std::string longest(103, 'n');
@@ -62,8 +51,7 @@ TEST(StampImage, EndsItsTextsWithTheirFields) {
 }
 
 TEST(StampImage, Refuses) {
-    const std::string whole = executable();
-    const auto changed = [&whole](std::size_t offset, const std::string& bytes) {
+    const auto changed = [](std::size_t offset, const std::string& bytes) {
         return std::string(whole).replace(offset, bytes.size(), bytes);
     };
     using Row = std::tuple<const char*, std::string, std::string, std::string>;
@@ -79,7 +67,7 @@ TEST(StampImage, Refuses) {
                          {"header cut off", whole.substr(0, optionalHeader + 121), "1k", "X"},
                          {"signed", changed(optionalHeader + 128, {1, 0, 0, 0, 1}), "1k", "X"},
                          {"no block", changed(blockOffset, "?"), "1k", "X"},
-                         {"block cut off", whole.substr(0, blockOffset + 100), "1k", "X"},
+                         {"block cut off", executable(marker + std::string(99, '\0')), "1k", "X"},
                          {"two blocks", whole + marker, "1k", "X"}};
     for (const auto& [reason, given, code, name] : cases) {
         std::string image = given;
