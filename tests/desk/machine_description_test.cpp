@@ -7,24 +7,20 @@
 #include "desk/western_text.h"
 #include "desk/whole_file.h"
 #include "installed/installation_index.h"
+#include "platform/ansi_text.h"
 
 namespace {
 
 std::string wide(const std::string& text) {
     std::string bytes = "\xFF\xFE";
     for (const char character : text) {
-        bytes += character;
-        bytes += '\0';
+        bytes += {character, '\0'};
     }
     return bytes;
 }
 
 std::string withCarriageReturns(const std::string& text) {
-    std::string result;
-    for (const char character : text) {
-        result += character == '\n' ? "\r\n" : std::string(1, character);
-    }
-    return result;
+    return replaceAll(text, "\n", "\r\n", false);
 }
 
 /// What a run reports of the uninstall list, and the program folders that are taken.
