@@ -1,17 +1,10 @@
 #include "desk/computer/dry_run.h"
 
 #include "installed/installation_index.h"
+#include "tests/installed/described_tree.h"
 #include "tests/rows.h"
 
 namespace {
-
-using Texts = std::map<std::string, std::string>;
-
-void addKey(MachineDescription& machine, const std::string& path, const Texts& texts) {
-    for (const auto& [name, text] : texts) {
-        machine.registry[path][name] = registryText(text);
-    }
-}
 
 Json dryRunOf(const std::string& code, const MachineDescription& machine) {
     return dryRun({.identity = {code, "Name"},
@@ -24,14 +17,10 @@ const std::string version = "Halvick Tavlink Classic Analyzer";
 const std::string list = std::string(uninstallListKey) + '\\';
 
 /// A machine with one version installed, whose entry says this otherwise.
-MachineDescription withVersion(const Texts& changed) {
+MachineDescription withVersion(const FieldMap& changed) {
     MachineDescription machine = emptyMachine({});
-    addKey(machine, list + "one",
-           {{"DisplayName", version},
-            {"DisplayVersion", "12.0.0.0"},
-            {"UninstallString", "C:\\remove.exe"},
-            {"InstallLocation", "C:\\"}});
-    addKey(machine, list + "one", changed);
+    setEntry(machine.registry, list + "one", version);
+    setTexts(machine.registry, list + "one", changed);
     return machine;
 }
 
@@ -57,7 +46,7 @@ TEST(DryRun, SaysWhyAnInstalledVersionIsNotRemoved) {
           {notRemoved + "\"C:\\remove.exe /S\" as a whole is not the path of a program."}}},
         [](const Value& changed) {
             MachineDescription machine = withVersion({changed});
-            addKey(machine, list + "one\\below", {{"DisplayName", version}});
+            setTexts(machine.registry, list + "one\\below", {{"DisplayName", version}});
             return dryRunOf("04", machine)["notes"];
         });
 }
@@ -79,13 +68,9 @@ TEST(DryRun, SaysWhereItEndsAndWhatItLeavesOut) {
     EXPECT_EQ(dryRunOf("1m", emptyMachine({"Windows 2000"}))["notes"],
               Json({"The drivers in SerialTavlinkDrivers.fzx are not for this Windows and are left "
                     "out."}));
-    addKey(versions, std::string(makerTree) + "one",
-           {{"Path", "C:\\"},
-            {"Product Id", "04"},
-            {"Product Name", "x"},
-            {"Program Folder", "Halvick Tavlink Classic Analyzer 16.4.10002.0"},
-            {"Seinda", "x"},
-            {"Temp Reference", "x"}});
+    const std::string recorded = std::string(makerTree) + "one";
+    setRecord(versions.registry, recorded);
+    setTexts(versions.registry, recorded, {{"Program Folder", version + " 16.4.10002.0"}});
     const Json run = dryRunOf("04", versions);
     EXPECT_EQ(run["endings"][0]["programFolder"],
               "Halvick Tavlink Classic Analyzer 16.4.10002.0 2");

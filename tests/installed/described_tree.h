@@ -1,4 +1,4 @@
-// A registry for tests, and records in it.
+// What a registry for tests holds.
 #pragma once
 
 #include <gtest/gtest.h>
@@ -20,16 +20,23 @@ inline InstallationRecord sampleRecord() {
     return record;
 }
 
-inline void setText(DescribedMachine& machine, const std::string& key, const std::string& name,
-                    const std::string& text) {
-    machine.registry.keys[key][name] = registryText(text);
+/// Values of a key.
+inline void setTexts(RegistryKeys& keys, const std::string& key, const FieldMap& texts) {
+    for (const auto& [name, text] : texts) {
+        keys[key][name] = registryText(text);
+    }
 }
 
-/// As an installation would.
-inline void setRecord(DescribedMachine& machine, const std::string& key) {
-    for (const auto& [name, text] : sampleRecord().fields) {
-        if (!text.empty()) {
-            setText(machine, key, name, text);
-        }
-    }
+/// A record, as an installation would.
+inline void setRecord(RegistryKeys& keys, const std::string& key) {
+    setTexts(keys, key, sampleRecord().fields);
+}
+
+/// A whole entry of the uninstall list.
+inline void setEntry(RegistryKeys& keys, const std::string& key, const std::string& displayName) {
+    setTexts(keys, key,
+             {{"DisplayName", displayName},
+              {"DisplayVersion", "12.0.0.0"},
+              {"UninstallString", "C:\\remove.exe"},
+              {"InstallLocation", "C:\\v"}});
 }

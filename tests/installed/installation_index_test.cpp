@@ -11,21 +11,21 @@ const std::string maker = makerTree, older = olderMakerTree;
 
 TEST(InstallationIndex, HoldsBothTreesOnce) {
     DescribedMachine machine;
+    RegistryKeys& keys = machine.registry.keys;
     InstallationIndex index(machine);
     std::vector<std::size_t> matches;
     EXPECT_FALSE(index.load(true));
-    setRecord(machine, older + "B");
-    setText(machine, older + "B", "Installation Helper", "C:\\Old");
+    setRecord(keys, older + "B");
+    setTexts(keys, older + "B", {{"Installation Helper", "C:\\Old"}, {"Old User Data Key", "old"}});
     EXPECT_FALSE(index.find("", installation_selector::programFolder, matches));
     EXPECT_TRUE(index.records.empty()) << "nothing is read for an empty value";
     EXPECT_TRUE(index.find("halvick ANALYZER", installation_selector::programFolder, matches))
         << "an empty index is read first";
     EXPECT_EQ(matches, std::vector<std::size_t>{0});
     EXPECT_EQ(index.helperLocation, "") << "the older tree's";
-    setRecord(machine, maker + "A");
-    setText(machine, maker + "A", "Version", "not trusted");
-    setText(machine, maker + "Common", "Installation Helper", "C:\\Helper");
-    setText(machine, older + "B", "Old User Data Key", "old");
+    setRecord(keys, maker + "A");
+    setTexts(keys, maker + "A", {{"Version", "not trusted"}});
+    setTexts(keys, maker + "Common", {{"Installation Helper", "C:\\Helper"}});
     machine.files["C:\\Analyzer\\Executables\\Core\\qmx.exe"].version = "Version Build 12.4.1";
     EXPECT_TRUE(index.load(false));
     EXPECT_EQ(index.records.size(), 1u);

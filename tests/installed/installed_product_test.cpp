@@ -9,20 +9,10 @@ namespace {
 
 const std::string list = uninstallListKey;
 
-/// A whole entry of the list.
-void setEntry(DescribedMachine& machine, const std::string& key, const std::string& displayName) {
-    for (const auto& [name, text] : {std::pair("DisplayName", displayName),
-                                     {"DisplayVersion", "12.0.0.0"},
-                                     {"UninstallString", "remove.exe"},
-                                     {"InstallLocation", "C:\\v"}}) {
-        setText(machine, key, name, text);
-    }
-}
-
 /// The state of an entry with one value that differs from a whole one's.
 EntryState stateWith(const std::string& name, std::uint32_t type, const std::string& data) {
     DescribedMachine machine;
-    setEntry(machine, "entry", "Halvick Viewer 12");
+    setEntry(machine.registry.keys, "entry", "Halvick Viewer 12");
     machine.registry.keys["entry"][name] = {type, data};
     std::unique_ptr<KeyReader> entry;
     EXPECT_EQ(machine.localMachine()->openSubkey("entry", entry), errorSuccess);
@@ -52,9 +42,9 @@ TEST(InstalledProduct, IsFoundInTheOrderOfTheListWhateverElseIsInIt) {
     // A long name of an entry, one that cannot be opened, and keys below entries.
     const std::string longName(250, 'm');
     for (const std::string& key : {"a"s, "b"s, longName, "z"s, "z\\below"s}) {
-        setEntry(machine, list + '\\' + key, "Halvick " + key.substr(0, 9));
+        setEntry(machine.registry.keys, list + '\\' + key, "Halvick " + key.substr(0, 9));
     }
-    setText(machine, list + "\\c", "DisplayName", "Halvick without the rest");
+    setTexts(machine.registry.keys, list + "\\c", {{"DisplayName", "Halvick without the rest"}});
     machine.registry.failures[list + "\\b"].open = 5;
     EXPECT_TRUE(findInstalledMakerProducts(*machine.localMachine(), products));
     EXPECT_TRUE(findInstalledProducts(*machine.localMachine(), "ick a", products));

@@ -18,6 +18,7 @@ class KeyTreeWalk : public testing::Test {
     }
 
     DescribedMachine machine;
+    RegistryKeys& keys = machine.registry.keys;
     std::vector<InstallationRecord> records;
     FieldMap extras;
 };
@@ -25,7 +26,7 @@ class KeyTreeWalk : public testing::Test {
 TEST_F(KeyTreeWalk, TakesDataOfAnyTypeUpToTheirFirstZero) {
     constexpr std::uint32_t text = 1, binary = 3, texts = 7;
     const std::string longest(1024, 'x');
-    setRecord(machine, "A");
+    setRecord(keys, "A");
     expectRows<std::tuple<std::uint32_t, std::string>, std::string>(
         {{{text, ""}, ""},
          {{text, "abc\0"s}, "abc"},
@@ -35,7 +36,7 @@ TEST_F(KeyTreeWalk, TakesDataOfAnyTypeUpToTheirFirstZero) {
          {{binary, longest + 'x'}, "broken off"},
          {{texts, "a\0b\0\0"s}, "a"}},
         [&](std::uint32_t type, const std::string& data) {
-            machine.registry.keys["A"]["Lard"] = {type, data};
+            keys["A"]["Lard"] = {type, data};
             return walk("A") ? records.at(0).fields["Lard"] : "broken off";
         });
 }
@@ -46,34 +47,33 @@ TEST_F(KeyTreeWalk, ReachesEveryLeaf) {
         deep += "\\L";
     }
     const std::string longName(255, '\xE9');
-    machine.registry.keys["T\\B\\C"]["!"] = {3, std::string(1025, 'x')};  // a first: passed over
+    keys["T\\B\\C"]["!"] = {3, std::string(1025, 'x')};  // a first: passed over
     for (const std::string& key : {"T"s, "T\\A"s, "T\\B"s, "T\\B\\C"s, deep, "T\\E"s,
                                    "T\\" + longName, "T\\F"s, "T\\G"s, "T\\H\\I"s}) {
-        setRecord(machine, key);
+        setRecord(keys, key);
     }
-    setText(machine, "T\\A", longName, "long");
-    setText(machine, "T\\A", "", "default");
-    setText(machine, "T\\E", std::string(1024, 'z'), "");  // a later one: not
-    setText(machine, "T\\Incomplete", "Product Id", "0b");
-    machine.registry.keys["T\\Empty"];
+    setTexts(keys, "T\\A", {{longName, "long"}, {"", "default"}});
+    setTexts(keys, "T\\E", {{std::string(1024, 'z'), ""}});  // a later one: not
+    setTexts(keys, "T\\Incomplete", {{"Product Id", "0b"}});
+    keys["T\\Empty"];
     machine.registry.failures["T\\F"].open = 5;
     machine.registry.failures["T\\G"].count = 5;
     machine.registry.failures["T\\H"].enumerate = 5;
     EXPECT_FALSE(walk("T\\Empty"));
     EXPECT_FALSE(walk(""));
     EXPECT_TRUE(walk("T\\"));
-    std::string keys;
+    std::string leaves;
     for (InstallationRecord& found : records) {
-        keys +=
+        leaves +=
             found.fields["Registry Key"].substr(19) + '|' + found.fields["Registry Subkey"] + '|';
     }
-    EXPECT_EQ(keys, "T\\A|A|T\\B\\C|C|" + deep + "|L|T\\" + longName + '|' + longName + '|');
+    EXPECT_EQ(leaves, "T\\A|A|T\\B\\C|C|" + deep + "|L|T\\" + longName + '|' + longName + '|');
     EXPECT_EQ(extras, (FieldMap{{"", "default"}, {longName, "long"}}));
 }
 
 TEST_F(KeyTreeWalk, TellsItsLastFailure) {
-    setRecord(machine, "T\\A");
-    setRecord(machine, "T\\B");
+    setRecord(keys, "T\\A");
+    setRecord(keys, "T\\B");
     machine.registry.lastError = 5;
     const std::tuple<std::string, const char*, KeyFailures, const char*> rows[] = {
         {"T", "T\\", {.open = 5}, "Could not open registry key \"HKEY_LOCAL_MACHINE\\T\\\""},
