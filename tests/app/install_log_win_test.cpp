@@ -59,39 +59,28 @@ TEST_F(InstallLog, IsAppendedTo) {
 }
 
 TEST_F(InstallLog, IsNotWrittenThroughALink) {
-    std::string lacking;
-    if (!CreateHardLinkA(log().string().c_str(), "InstallLog.txt", nullptr)) {
-        lacking += " hard links,";
-    } else {
+    const auto expectTheirs = [](bool isMade, const char* links) {
+        if (!isMade) {
+            std::cout << "not tried: " << links << ", which this disk or system lacks\n";
+        }
         appendToInstallLog("a");
-        EXPECT_EQ(readFileContent("InstallLog.txt"), "theirs") << "a hard link";
-        fs::remove(log());
-    }
+        EXPECT_EQ(readFileContent("InstallLog.txt"), "theirs") << links;
+    };
+    expectTheirs(CreateHardLinkA(log().string().c_str(), "InstallLog.txt", nullptr), "hard links");
+    fs::remove(log());
     std::system(
         "mklink \"..\\Halvick Test Equipment\\InstallLog.txt\" "
         "..\\elsewhere\\InstallLog.txt >nul 2>nul");
     // Wine takes a link for what it leads to, and can neither make nor remove one.
     runBelow("\"ln -s ../elsewhere/InstallLog.txt '../Halvick Test Equipment/InstallLog.txt'\"",
              true);
-    if (!fs::exists(log())) {
-        lacking += " symbolic links,";
-    } else {
-        appendToInstallLog("a");
-        EXPECT_EQ(readFileContent("InstallLog.txt"), "theirs") << "a symbolic link";
-    }
+    expectTheirs(fs::exists(log()), "symbolic links");
     runBelow("\"rm '../Halvick Test Equipment/InstallLog.txt'\"", false);
     fs::remove_all(folder);
     appendToInstallLog("a");
     EXPECT_FALSE(fs::exists(folder)) << "made for the log";
     std::system("mklink /J \"..\\Halvick Test Equipment\" . >nul 2>nul");
-    if (!fs::exists(folder)) {
-        lacking += " junctions,";
-    }
-    appendToInstallLog("a");  // to no folder at all where that is so
-    EXPECT_EQ(readFileContent("InstallLog.txt"), "theirs") << "a junction";
-    if (!lacking.empty()) {
-        std::cout << "not tried:" << lacking << " which this disk or system lacks\n";
-    }
+    expectTheirs(fs::exists(folder), "junctions");
 }
 
 }  // namespace

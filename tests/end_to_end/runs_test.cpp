@@ -8,27 +8,22 @@ namespace {
 
 TEST(CommandLine, EveryFailureIsShownAndEndsTheRun) {
     const std::string setupUtility = media + "Setup.Exe", missing = "C:\\" + std::string(397, 'x');
-    const struct {
-        std::vector<std::string> arguments;
-        std::string text, icon = "error";
-    } table[] = {{{"-dir"}, "Invalid command line.", "warning"},
-                 {{"-DIR", "C:\\", "-b\xE4h", "x"}, "\n\nInvalid argument: -b\xE4h\n"},
-                 {{"-dir", "C:\\", "-dirs"}, "\n\nInvalid argument: -dirs\n"},
-                 {{"-dir", "C:\\", "-installdir"}, "\n\nInvalid argument: Directory missing.\n"},
-                 {{"-dir", "C:\\absent", "-dirs", "x"}, "\n\nError accessing \"C:\\absent\"."},
-                 {{"-dir", "-dir"}, "\n\nError accessing \"-dir\"."},
-                 {{"-dir", "\\\\absent\\share"}, "\n\nError accessing \"\\\\absent\\share\"."},
-                 {{"-dir", missing}, "\n\nError accessing \"" + missing + "\"."},
-                 // The folders that it would match are there.
-                 {{"-dir", scratch + "med*"}, "\n\nError accessing \"" + scratch + "med*\"."},
-                 {{"-dir", setupUtility, "-dir", "C:\\absent"},
-                  "\n\n\"" + setupUtility + "\" is not a directory."},
-                 {{"-installdir", "X", "-INSTALLDIR", "Z"}, "\n\nMissing directory argument."}};
-    for (const auto& row : table) {
-        play({"04: " + testing::PrintToString(row.arguments),
-              {box(row.text, row.icon)},
-              {},
-              row.arguments});
+    play({"04: a word too few", {box("Invalid command line.", "warning")}, {}, {"-dir"}});
+    const std::pair<std::vector<std::string>, std::string> table[] = {
+        {{"-DIR", "C:\\", "-b\xE4h", "x"}, "\n\nInvalid argument: -b\xE4h\n"},
+        {{"-dir", "C:\\", "-dirs"}, "\n\nInvalid argument: -dirs\n"},
+        {{"-dir", "C:\\", "-installdir"}, "\n\nInvalid argument: Directory missing.\n"},
+        {{"-dir", "C:\\absent", "-dirs", "x"}, "\n\nError accessing \"C:\\absent\"."},
+        {{"-dir", "-dir"}, "\n\nError accessing \"-dir\"."},
+        {{"-dir", "\\\\absent\\share"}, "\n\nError accessing \"\\\\absent\\share\"."},
+        {{"-dir", missing}, "\n\nError accessing \"" + missing + "\"."},
+        // The folders that it would match are there.
+        {{"-dir", scratch + "med*"}, "\n\nError accessing \"" + scratch + "med*\"."},
+        {{"-dir", setupUtility, "-dir", "C:\\absent"},
+         "\n\n\"" + setupUtility + "\" is not a directory."},
+        {{"-installdir", "X", "-INSTALLDIR", "Z"}, "\n\nMissing directory argument."}};
+    for (const auto& [arguments, text] : table) {
+        play({"04: " + testing::PrintToString(arguments), {box(text, "error")}, {}, arguments});
     }
 }
 

@@ -5,6 +5,8 @@
 #include <cstdlib>
 #include <ctime>
 #include <fstream>
+#include <map>
+#include <set>
 
 #include "platform/operating_system_win.h"
 #include "tools/dialog_driver/dialog_window_win.h"
@@ -134,50 +136,33 @@ TEST(WindowsAlone, EveryReportedReleaseMeetsItsPolicy) {
         "This product is only supported on Windows 7 and Windows 8 operating systems.", "warning");
     // Version 5.2 is the 64-bit XP wherever the processor is a 64-bit one. This Wine has the
     // product types of win7 and win2008r2 the wrong way round.
-    const std::string passed,
-        refused = "refused",
-        version52 = queryOperatingSystem().nativeArchitecture == architectureAmd64
-                        ? passed
-                        : "Windows Server 2003 Service Pack 2";
-    const std::pair<std::string, std::string> releases[] = {
-        {"win20", refused},
-        {"win95", refused},
-        {"win98", refused},
-        {"winme", refused},
-        {"nt351", refused},
-        {"nt40", refused},
+    const bool is64Bit = queryOperatingSystem().nativeArchitecture == architectureAmd64;
+    const std::string version52 = is64Bit ? "" : "Windows Server 2003 Service Pack 2";
+    const std::set<std::string> refused = {"win20", "win95", "win98", "winme", "nt351", "nt40"};
+    std::map<std::string, std::string> asksAbout = {
         {"win2k", "Windows 2000 Service Pack 4"},
-        {"winxp", passed},
         {"winxp64", version52},
         {"win2003", version52},
-        {"vista", passed},
         {"win2008", "Windows Server 2008 Service Pack 2"},
-        {"win7", "Windows Server 2008 R2 Service Pack 1"},
-        {"win2008r2", passed},
-        {"win8", passed},
-        {"win81", passed},
-        {"win10", passed}};
+        {"win7", "Windows Server 2008 R2 Service Pack 1"}};
+    // A product that has drivers, though none for Windows 2000, and a setup for each processor.
+    const std::vector<Step> none,
+        drivers = {extracted("SerialTavlinkDrivers.fzx"), ran(unpacked)},
+        installs = {chooseLive, setup("1m", "Halvick Tavlink Industrial Analyzer 16.4.10002.0",
+                                      "LIVE " + processor, processor)};
     // Set by the script that makes a document of it.
     const char* matrix = std::getenv("RELEASE_MATRIX");
-    for (const auto& [name, asksAbout] : releases) {
-        // A product that has drivers, and a setup for each processor.
-        std::vector<Step> steps;
-        if (asksAbout == refused) {
-            steps = {refusal};
-        } else {
-            if (asksAbout != passed) {
-                steps = {{"*not been tested on " + asksAbout +
-                              ".\n\nWould you like to continue the installation? | Yes | No",
-                          {"Yes"}}};
-            }
-            if (name != "win2k") {  // the drivers do not run there
-                steps.insert(steps.end(), {extracted("SerialTavlinkDrivers.fzx"), ran(unpacked)});
-            }
-            steps.insert(
-                steps.end(),
-                {chooseLive, setup("1m", "Halvick Tavlink Industrial Analyzer 16.4.10002.0",
-                                   "LIVE " + processor, processor)});
-        }
+    for (const std::string name :
+         {"win20", "win95", "win98", "winme", "nt351", "nt40", "win2k", "winxp", "winxp64",
+          "win2003", "vista", "win2008", "win7", "win2008r2", "win8", "win81", "win10"}) {
+        const std::vector<Step> question = {
+            {"*not been tested on " + asksAbout[name] +
+                 ".\n\nWould you like to continue the installation? | Yes | No",
+             {"Yes"}}};
+        const std::vector<Step> steps = refused.contains(name)
+                                            ? std::vector{refusal}
+                                            : inOrder({asksAbout[name].empty() ? none : question,
+                                                       name == "win2k" ? none : drivers, installs});
         const std::string seen = play({"1m: " + name, steps, {release(name), extractionTool()}});
         if (matrix != nullptr) {
             std::ofstream(matrix + processor, std::ios::app | std::ios::binary)

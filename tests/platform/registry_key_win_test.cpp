@@ -46,14 +46,10 @@ TEST(RegistryKey, OpensInItsTransaction) {
 TEST(RegistryKey, AnswersAsTheDescribedOne) {
     const ScratchMachine machine;
     DescribedMachine described;
-    const struct {
-        const char* name;
-        DWORD type;
-        std::string data;
-    } values[] = {{"", REG_SZ, "default\0"s},    {"a", REG_SZ, "text\0"s},
-                  {"b", REG_SZ, "no end"},       {"c", REG_BINARY, ""},
-                  {"d", REG_DWORD, "ABCD"},      {"e", REG_MULTI_SZ, "a\0b\0\0"s},
-                  {"f", REG_EXPAND_SZ, "%a%\0"s}};
+    const std::tuple<const char*, DWORD, std::string> values[] = {
+        {"", REG_SZ, "default\0"s},    {"a", REG_SZ, "text\0"s}, {"b", REG_SZ, "no end"},
+        {"c", REG_BINARY, ""},         {"d", REG_DWORD, "ABCD"}, {"e", REG_MULTI_SZ, "a\0b\0\0"s},
+        {"f", REG_EXPAND_SZ, "%a%\0"s}};
     for (const auto& [name, type, data] : values) {
         machine.setValue("K", name, type, data);
         described.registry.keys["K"][name] = {type, data};
@@ -83,7 +79,7 @@ TEST(RegistryKey, AnswersAsTheDescribedOne) {
                 const std::uint32_t error =
                     key.enumerateValue(index, name, size = room, data, dataSize);
                 tell(error, std::string(name, size) + '=' + std::string(data, dataSize));
-                const char* const wanted = index < 7 ? values[index].name : "absent";
+                const char* const wanted = index < 7 ? std::get<0>(values[index]) : "absent";
                 const std::uint32_t asked = key.queryValue(wanted, type, data, size = room);
                 tell(asked, std::to_string(type) + std::string(data, size));
                 const std::uint32_t sized = key.queryValue(wanted, type, nullptr, size = 0);

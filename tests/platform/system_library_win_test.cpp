@@ -32,22 +32,20 @@ BOOL WINAPI recordDirectory(const char* folder) {
 }
 
 TEST(SystemLibrary, SearchWithoutTheCurrentFolderIsNotInherited) {
-    const struct {
-        LibrarySearchCalls platform;
-        const char* expected;
-    } table[] = {{{recordDefaultDirectories, recordDirectory}, "default 2048;started;"},
-                 {{nullptr, recordDirectory}, "\"\";loaded;given back;\"\";started;"},
-                 {{nullptr, nullptr}, "loaded;started;"}};
-    for (const auto& row : table) {
+    const std::pair<LibrarySearchCalls, const char*> table[] = {
+        {{recordDefaultDirectories, recordDirectory}, "default 2048;started;"},
+        {{nullptr, recordDirectory}, "\"\";loaded;given back;\"\";started;"},
+        {{nullptr, nullptr}, "loaded;started;"}};
+    for (const auto& [platform, expected] : table) {
         calls.clear();
-        restrictLibrarySearch(row.platform);
+        restrictLibrarySearch(platform);
         // One of those that Windows would look for beside the program.
         calls += GetModuleHandleA("oleacc.dll") != nullptr ? "loaded;" : "";
         const HANDLE process = ShellRunner().start(_pgmptr, "--gtest_filter=None", "open");
         calls += process != nullptr ? "started;" : "failed;";
         EXPECT_EQ(WaitForSingleObject(process, 30000), WAIT_OBJECT_0);
         CloseHandle(process);
-        EXPECT_EQ(calls, row.expected);
+        EXPECT_EQ(calls, expected);
     }
 }
 

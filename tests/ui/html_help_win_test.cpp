@@ -39,27 +39,24 @@ TEST(HtmlHelpControl, IsTheOneThatTheMachineRegisteredElseTheSystems) {
         detour += "\\.";
     }
     const std::string twice = "C:\\Install.chm 0 0;C:\\Install.chm 0 0;";
-    const struct {
-        DWORD type;
-        std::string path;
-        std::string shown;
-    } table[] = {{REG_SZ, detour + '\\' + bareName, twice},
-                 {REG_EXPAND_SZ, "%MACHINE_HELP_FOLDER%\\" + bareName, twice},
-                 {REG_EXPAND_SZ, "%HELP_FOLDER%\\" + bareName, ""},  // the user's variable
-                 {REG_SZ, folder + "\\missing.ocx", ""},
-                 {REG_SZ, bareName, ""}};  // would be found beside the program
-    for (const auto& row : table) {
+    const std::tuple<DWORD, std::string, std::string> table[] = {
+        {REG_SZ, detour + '\\' + bareName, twice},
+        {REG_EXPAND_SZ, "%MACHINE_HELP_FOLDER%\\" + bareName, twice},
+        {REG_EXPAND_SZ, "%HELP_FOLDER%\\" + bareName, ""},  // the user's variable
+        {REG_SZ, folder + "\\missing.ocx", ""},
+        {REG_SZ, bareName, ""}};  // would be found beside the program
+    for (const auto& [type, path, shown] : table) {
         const ScratchMachine machine;
         machine.setText(machineVariables, "MACHINE_HELP_FOLDER", folder);
-        registerControl(machine, row.type, row.path);
+        registerControl(machine, type, path);
         {
             HtmlHelpControl help;
             help.displayTopic(nullptr, "C:\\Install.chm");
             help.displayTopic(nullptr, "C:\\Install.chm");
-            EXPECT_EQ(shownHelp(), row.shown) << row.path;
+            EXPECT_EQ(shownHelp(), shown) << path;
         }
-        EXPECT_EQ(shownHelp(), row.shown.empty() ? "" : "closed;") << row.path;
-        EXPECT_TRUE(!row.shown.empty() || GetModuleHandleA("hhctrl.ocx") != nullptr) << row.path;
+        EXPECT_EQ(shownHelp(), shown.empty() ? "" : "closed;") << path;
+        EXPECT_TRUE(!shown.empty() || GetModuleHandleA("hhctrl.ocx") != nullptr) << path;
     }
 }
 
