@@ -3,8 +3,6 @@
 
 #include "tools/run_stage/viewers.h"
 
-namespace {
-
 TEST(DirectInstall, RemovesEveryViewerAndLaunchesTheSetup) {
     const std::string other = scratch + "remove it.exe", absent = scratch + "absent.exe";
     play(
@@ -25,5 +23,3 @@ TEST(DirectInstall, RemovesEveryViewerAndLaunchesTheSetup) {
           {program(other), file(marker("a")), installed("a", viewer, other, location("a")),
            installed("b", viewer, absent, location("b"))}}});
 }
-
-}  // namespace

@@ -2,8 +2,6 @@
 
 #include "tools/run_stage/stage.h"
 
-namespace {
-
 const Step serial = extracted("SerialTavlinkDrivers.fzx");
 const Step corvane = extracted("CorvaneTavlinkDrivers.fzx");
 const Step multiprotocolSetup = setup("1w", "Halvick 16.4.10002.0", "LIVE x86");
@@ -38,5 +36,3 @@ TEST(Drivers, AreInstalledInTheirPlaceOfTheRun) {
            {extractionTool("\"x\\" + driverInstaller)}},
           {"1r: a family that ends the run in silence", {}, {extractionTool()}}});
 }
-
-}  // namespace

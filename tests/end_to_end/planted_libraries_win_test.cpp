@@ -4,8 +4,6 @@
 
 #include "tools/run_stage/stage_win.h"
 
-namespace {
-
 /// What the program, or the platform on its behalf, may ask for by a bare name. Without what every
 /// Windows holds ready for all programs (KnownDLLs in the registry): that is never searched for.
 /// "null.dll" is Wine's display driver without a display.
@@ -60,5 +58,3 @@ TEST(PlantedLibraries, AreNotLoaded) {
     FreeLibrary(LoadLibraryA((scratch + names[0]).c_str()));
     EXPECT_EQ(loaded("end_to_end_tests.exe"), scratch + names[0] + ".end_to_end_tests.exe ");
 }
-
-}  // namespace

@@ -4,8 +4,6 @@
 #include "catalogue/cipher.h"
 #include "tools/run_stage/stage.h"
 
-namespace {
-
 TEST(CommandLine, EveryFailureIsShownAndEndsTheRun) {
     const std::string setupUtility = media + "Setup.Exe", missing = "C:\\" + std::string(397, 'x');
     play({"04: a word too few", {box("Invalid command line.", "warning")}, {}, {"-dir"}});
@@ -145,5 +143,3 @@ TEST(SetupLaunch, TakesTheBuildFromTheProductDataBesideTheProgram) {
            launches(defaultBuild),
            {file(plain, text), file(enciphered, damaged)}}});
 }
-
-}  // namespace

@@ -5,8 +5,6 @@
 #include "tests/installed/described_tree.h"
 #include "tests/rows.h"
 
-namespace {
-
 const std::string maker = makerTree, older = olderMakerTree;
 
 TEST(InstallationIndex, HoldsBothTreesOnce) {
@@ -84,5 +82,3 @@ TEST(InstallationIndex, FindsFromTheLastToTheFirst) {
         });
     useCodePage(asciiCodePage);
 }
-
-}  // namespace

@@ -5,8 +5,6 @@
 #include <filesystem>
 #include <fstream>
 
-namespace {
-
 namespace fs = std::filesystem;
 
 TEST(Files, AreReadUpToTheLimitWhoeverHasThemOpen) {
@@ -44,5 +42,3 @@ TEST(Files, AreNotReadOnlyOnceTheyAreCopied) {
     EXPECT_TRUE(DeleteFileA(source.c_str()));
     EXPECT_EQ(copyOverFile(source, target), DWORD{ERROR_FILE_NOT_FOUND});
 }
-
-}  // namespace

@@ -6,8 +6,6 @@
 #include <cstdlib>
 #include <vector>
 
-namespace {
-
 constexpr char child[] = "--gtest_filter=ShellRunnerChild.* --gtest_also_run_disabled_tests";
 
 /// What the started process runs; it outlives two polls.
@@ -57,5 +55,3 @@ TEST(ShellRunner, LeavesNoInputOfTheTimeThatItWaited) {
     EXPECT_EQ(left, (std::vector<UINT>{WM_COMMAND, WM_APP}));
     DestroyWindow(window);
 }
-
-}  // namespace

@@ -5,8 +5,6 @@
 #include "tests/framework/modal_driver_win.h"
 #include "ui/resource.h"
 
-namespace {
-
 TEST(AskUninstallDialog, TakesNoSecondAnswer) {
     const std::vector<InstalledProduct> products{{"beta", "", ""}, {"Alpha", "", ""}};
     std::vector<std::string> removed;
@@ -29,5 +27,3 @@ TEST(AskUninstallDialog, TakesNoSecondAnswer) {
         IDOK);
     EXPECT_EQ(removed, (std::vector<std::string>{"Alpha", "beta"}));
 }
-
-}  // namespace
