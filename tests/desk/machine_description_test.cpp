@@ -2,11 +2,11 @@
 
 #include <gtest/gtest.h>
 
-#include "desk/computer/described_machine.h"
 #include "desk/refusal.h"
 #include "desk/western_text.h"
 #include "desk/whole_file.h"
 #include "installed/installation_index.h"
+#include "installed/installed_product.h"
 #include "platform/ansi_text.h"
 
 namespace {
@@ -23,76 +23,51 @@ std::string withCarriageReturns(const std::string& text) {
     return replaceAll(text, "\n", "\r\n", false);
 }
 
-/// What a run reports of the uninstall list, and the program folders that are taken.
-std::string seen(const MachineDescription& description) {
-    DescribedMachine machine;
-    machine.registry.keys = description.registry;
-    std::string text;
-    std::vector<InstalledProduct> products;
-    std::ignore = findInstalledProducts(*machine.localMachine(), "", products);
-    for (const InstalledProduct& product : products) {
-        text += product.displayName + '|' + product.uninstallString + '|' +
-                product.installLocation + '\n';
-    }
-    InstallationIndex index(machine);
-    index.load(true);
-    for (const InstallationRecord& record : index.records) {
-        text += std::string(record.legacy ? "older: " : "") +
-                std::string(fieldText(record, "Program Folder")) + '\n';
-    }
-    return text;
+/// A value as `read` tells it.
+std::string value(const std::string& key, const std::string& name, const std::string& text,
+                  std::uint32_t type = stringType) {
+    return key + '|' + name + '|' + std::to_string(type) + '|' + text + '\0';
 }
 
+/// All values of the machine, in the order in which a run meets them.
 std::string read(const std::string& description, MachineDescription& machine) {
     const std::string file = testing::TempDir() + "machine_description";
     writeOutput(file, description);
     try {
         machine = readMachine(file, {});
-        return seen(machine);
     } catch (const Refusal& reason) {
         return std::string("error: ") + reason.what();
     }
+    std::string text;
+    for (const auto& [key, values] : machine.registry) {
+        for (const auto& [name, content] : values) {
+            text += key + '|' + name + '|' + std::to_string(content.type) + '|' + content.data;
+        }
+    }
+    return text;
 }
 
 const std::string header = "Windows Registry Editor Version 5.00\n\n";
-const std::string list =
-    "[HKEY_LOCAL_MACHINE\\SOFTWARE\\Microsoft\\Windows\\CurrentVersion\\Uninstall";
-const std::string tree = "[HKEY_LOCAL_MACHINE\\SOFTWARE\\Halvick Test Equipment\\";
-const std::string entry =
-    "\"DisplayName\"=\"A \\\"b\\\"\"\n\"DisplayVersion\"=\"12.0.0.0\"\n"
-    "\"UninstallString\"=\"C:\\\\x.exe\"\n\"InstallLocation\"=\"C:\\\\x\"\n\n";
-const std::string record =
-    "\"Path\"=\"x\"\n\"Product Id\"=\"x\"\n\"Product Name\"=\"x\"\n\"Seinda\"=\"x\"\n"
-    "\"Temp Reference\"=\"x\"\n\"Program Folder\"=";
-const std::string found = "A \"b\"|C:\\x.exe|C:\\x\n";
+const std::string root = "[HKEY_LOCAL_MACHINE\\Software\\";
 
 TEST(Machine, ReadsWhatRegeditExports) {
-    const std::string listed = list + "\\a]\n" + entry;
-    const std::string redirected =
-        "[HKEY_LOCAL_MACHINE\\SOFTWARE\\WOW6432Node\\Microsoft\\Windows\\CurrentVersion\\Uninstall";
+    const std::string key = root + "a]\n\"n\"=\"A \\\"b\\\\\"\n";
+    const std::string found = value("Software\\a", "n", "A \"b\\");
+    const std::string expandable = value("Software\\a", "n", "A\xE9", expandableStringType);
     const std::tuple<const char*, std::string, std::string> cases[] = {
-        {"version 5", header + listed, found},
-        {"version 5 in UTF-16", wide(withCarriageReturns(header + listed)), found},
-        {"version 4", withCarriageReturns("REGEDIT4\n\n" + listed), found},
-        {"both views", header + list + "\\64]\n" + entry + redirected + "\\32]\n" + entry, found},
-        {"keys in the order of the registry",
-         header + list + "\\B]\n" + entry + list + "\\a]\n\"DisplayName\"=\"first\"\n" +
-             entry.substr(entry.find('\n') + 1),
-         "first" + found.substr(5) + found},
-        {"a key below an entry", header + list + "\\a\\b]\n" + entry, ""},
-        {"an entry that is removed", header + listed + "[-" + list.substr(1) + "\\A]\n", ""},
-        {"a value that is removed", header + listed + "\"displayname\"=-\n", ""},
-        {"an expandable name on two lines",
-         header + listed + "\"DisplayName\"=hex(2):41,00,\\\n  e9,00,00,00\n",
-         "A\xE9" + found.substr(5)},
-        {"the same in version 4", "REGEDIT4\n" + listed + "\"DisplayName\"=hex(2):41,e9,00\n",
-         "A\xE9" + found.substr(5)},
-        {"installations in both trees",
-         header + tree + "P\\1]\n" + record + "\"F\"\n" + tree + "P]\n" + record +
-             "\"not a leaf\"\n" + "[HKEY_LOCAL_MACHINE\\Software\\HVQ\\Tressle Analyzer\\1]\n" +
-             record + "\"G\"\n",
-         "F\nolder: G\n"},
-        {"other roots", header + "[HKEY_CURRENT_USER\\a]\n" + entry, ""}};
+        {"version 5", header + key, found},
+        {"version 5 in UTF-16", wide(withCarriageReturns(header + key)), found},
+        {"version 4", withCarriageReturns("REGEDIT4\n\n" + key), found},
+        {"both views", header + key + root + "WOW6432Node\\b]\n\"n\"=\"32\"\n",
+         value("SOFTWARE\\b", "n", "32")},
+        {"keys in the order of the registry", header + root + "B]\n@=\"2\"\n" + key,
+         found + value("Software\\B", "", "2")},
+        {"a key that is removed", header + key + "[-" + root.substr(1) + "A]\n", ""},
+        {"a value that is removed", header + key + "\"N\"=-\n", ""},
+        {"an expandable text on two lines", header + key + "\"n\"=hex(2):41,00,\\\n  e9,00,00,00\n",
+         expandable},
+        {"the same in version 4", "REGEDIT4\n" + key + "\"n\"=hex(2):41,e9,00\n", expandable},
+        {"other roots", header + key + "[HKEY_CURRENT_USER\\a]\n\"n\"=\"x\"\n", found}};
     for (const auto& [what, content, expected] : cases) {
         MachineDescription machine;
         EXPECT_EQ(read(content, machine), expected) << what;
@@ -102,8 +77,8 @@ TEST(Machine, ReadsWhatRegeditExports) {
 TEST(Machine, NamesTheLinesOfAnExportThatItDoesNotUnderstand) {
     RegistryKeys keys;
     std::vector<std::string> problems;
-    readRegistryExport(header + list +
-                           "]\n\"a\"=\"x\ny\"\n\"n\"=dword:00000102\n; a comment\nnonsense\n"
+    readRegistryExport(header + root +
+                           "a]\n\"a\"=\"x\ny\"\n\"n\"=dword:00000102\n; a comment\nnonsense\n"
                            "\"b\"=hex:4g\n\"t\"=hax:41\n\"c\n",
                        keys, problems);
     EXPECT_EQ(problems,
@@ -116,12 +91,12 @@ TEST(Machine, NamesTheLinesOfAnExportThatItDoesNotUnderstand) {
 TEST(Machine, ReadsJson) {
     MachineDescription machine;
     EXPECT_EQ(read(R"({"windows": "windows xp", "administrator": false,
-        "installed": [{"DisplayName": "A\u00e9", "DisplayVersion": "11.0.0.0",
-                       "UninstallString": "x", "InstallLocation": "y"}],
-        "installations": [{"older": true, "Path": "x", "Product Id": "x", "Product Name": "x",
-                           "Seinda": "x", "Temp Reference": "x", "Program Folder": "F"}]})",
+        "installed": [{"key": "a", "DisplayName": "A\u00e9"}],
+        "installations": [{"key": "b", "older": true, "Lard": "F"}, {"key": "c", "Path": "x"}]})",
                    machine),
-              "A\xE9|x|y\nolder: F\n");
+              value(std::string(makerTree) + "c", "Path", "x") +
+                  value(std::string(olderMakerTree) + "b", "Lard", "F") +
+                  value(std::string(uninstallListKey) + "\\a", "DisplayName", "A\xE9"));
     EXPECT_EQ(machine.facts.majorVersion, 5u);
     EXPECT_FALSE(machine.administrator);
     EXPECT_FALSE(machine.is64Bit);
