@@ -28,11 +28,7 @@ TEST(ProductCatalogue, ListsNameNothingThatIsNotThere) {
         EXPECT_EQ(data.ImportFormatShortNames.contains(format), format != "-1") << name;
         EXPECT_EQ(data.ImportFormatFilters.contains(format), format != "-1") << name;
     }
-    EXPECT_EQ(data.ProductIds.size(), data.ProductNames.size());
     EXPECT_EQ(data.FullProductOf.size(), data.DemoOf.size());
-    for (const auto& [product, code] : data.ProductIds) {
-        EXPECT_EQ(data.ProductNames.at(code), product);
-    }
     for (const std::string& code : data.ViewerProducts) {
         EXPECT_TRUE(data.DisplayNameTemplates.contains(code)) << code;
     }

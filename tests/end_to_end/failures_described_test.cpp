@@ -132,11 +132,6 @@ TEST(Failures, OfAViewersRemoval) {
           {newUninstaller, ::old("a", suiteViewer), ::old("b", viewer),
            machine([](DescribedMachine& described) {
                described.stopResults[analyser("b")] = timeout;
-           })}},
-         {"1q: a wait that failed",
-          {stopped(analyser("a")), {"*restart the installation. | OK", {"OK"}}},
-          {newUninstaller, ::old("a", viewer), machine([](DescribedMachine& described) {
-               described.stopResults[analyser("a")] = 0xFFFFFFFF;
            })}}});
 }
 

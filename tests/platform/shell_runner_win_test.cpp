@@ -16,11 +16,9 @@ TEST(ShellRunnerChild, DISABLED_Runs) {
 
 TEST(ShellRunner, WaitsOnRequestForTheExitCode) {
     ShellRunner runner;
-    DWORD before = GetTickCount();
     ASSERT_TRUE(runner.runAndWait(_pgmptr, child, "open"));
-    EXPECT_GE(GetTickCount() - before, 500u);
     EXPECT_EQ(runner.exitCode, 7u);
-    before = GetTickCount();
+    const DWORD before = GetTickCount();
     ASSERT_TRUE(runner.runAndWait(_pgmptr, "--gtest_filter=None", "open"));
     EXPECT_GE(GetTickCount() - before, 199u) << "a poll, of which the clock may take one off";
     EXPECT_EQ(runner.exitCode, 0u);

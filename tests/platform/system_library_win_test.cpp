@@ -15,8 +15,6 @@ TEST(SystemLibrary, LoadsFromTheSystemFolderOnly) {
     GetSystemDirectoryA(folder, sizeof folder);
     EXPECT_EQ(lstrcmpiA(path, (std::string(folder) + "\\version.dll").c_str()), 0);
     EXPECT_EQ(loadSystemLibrary("no such library.dll"), nullptr);
-    EXPECT_EQ(procedureAddress<void (*)()>(library, "NoSuchExport"), nullptr);
-    EXPECT_EQ(procedureAddress<void (*)()>(nullptr, "VerQueryValueA"), nullptr);
 }
 
 std::string calls;

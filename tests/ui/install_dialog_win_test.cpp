@@ -48,8 +48,6 @@ TEST(InstallDialog, GrowsForItsPrompt) {
                     << GetDlgCtrlID(each) << " by " << growth;
             }
         };
-        EXPECT_EQ(SendMessageA(GetDlgItem(window, IDC_LIVE_PRODUCT), BM_GETCHECK, 0, 0),
-                  BST_CHECKED);
         const int height = area(prompt).bottom;
         // Wider than the prompt's control, and by how many widths.
         const std::string wide(120, 'W');
