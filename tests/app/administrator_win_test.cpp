@@ -17,22 +17,20 @@ struct Id {
         EXPECT_TRUE(CreateWellKnownSid(type, nullptr, bytes, &size));
     }
     BYTE bytes[SECURITY_MAX_SID_SIZE];
-} administrators(WinBuiltinAdministratorsSid), users(WinBuiltinUsersSid),
-    powerUsers(WinBuiltinPowerUsersSid);
+} administrators(WinBuiltinAdministratorsSid), users(WinBuiltinUsersSid);
 
 // As administrator counts who is in the group in any way: enabled, not enabled, for denial only.
 TEST(Administrator, IsWhoseGroupsHoldTheGroup) {
     using Groups = std::vector<SID_AND_ATTRIBUTES>;
     expectRows<Groups, bool>(
         {{{}, false},
-         {{{users.bytes, SE_GROUP_ENABLED}, {powerUsers.bytes, SE_GROUP_ENABLED}}, false},
+         {{{users.bytes, SE_GROUP_ENABLED}}, false},
          {{{administrators.bytes, 0}, {users.bytes, SE_GROUP_ENABLED}}, true},
          {{{users.bytes, 0}, {administrators.bytes, SE_GROUP_USE_FOR_DENY_ONLY}}, true}},
         [](const Groups& groups) {
             // Behind the end stands the administrators' group.
-            std::vector<char> list(sizeof(TOKEN_GROUPS) +
-                                   sizeof(SID_AND_ATTRIBUTES) * groups.size());
-            auto& tokenGroups = *reinterpret_cast<TOKEN_GROUPS*>(list.data());
+            std::vector<TOKEN_GROUPS> list(groups.size() + 1);  // each has room for one
+            TOKEN_GROUPS& tokenGroups = list.front();
             tokenGroups.GroupCount = static_cast<DWORD>(groups.size());
             std::copy(groups.begin(), groups.end(), tokenGroups.Groups);
             tokenGroups.Groups[groups.size()].Sid = administrators.bytes;

@@ -31,29 +31,21 @@ TEST(CommandLine, SourceDirectoriesArePassedOnAsTheyAre) {
     const std::size_t length = stageSystem() == System::ReactOs ? 248 : 249;
     const std::string longest = scratch + std::string(length - scratch.size(), 'm') + '\\';
     const std::string umlauts = scratch + "\xC4hnlich \xDF`\\";
-    const struct {
-        std::string folder;
-        std::vector<std::string> arguments;
-        std::string passedOn;
-        Where where = Where::Everywhere;
-    } table[] = {{media, {"-installdir", "X", "-dir", "C:\\", "-DIR", media}, media},
-                 {umlauts, {"-dir", umlauts}, umlauts},
-                 {longest, {"-dir", longest}, longest},
-                 {media, {"-dir", "..\\media"}, "..\\media\\", Where::OnWindows},
-                 {elsewhere, {"-dir", "."}, ".\\", Where::OnWindows},
-                 {media, {"-dir", "\\\\?\\" + media}, "\\\\?\\" + media, Where::OnWindows}};
-    for (const auto& row : table) {
+    const std::tuple<std::string, std::vector<std::string>, std::string, Where> table[] = {
+        {media, {"-installdir", "X", "-dir", "C:\\", "-DIR", media}, media, Where::Everywhere},
+        {umlauts, {"-dir", umlauts}, umlauts, Where::Everywhere},
+        {longest, {"-dir", longest}, longest, Where::Everywhere},
+        {media, {"-dir", "..\\media"}, "..\\media\\", Where::OnWindows},
+        {elsewhere, {"-dir", "."}, ".\\", Where::OnWindows},
+        {media, {"-dir", "\\\\?\\" + media}, "\\\\?\\" + media, Where::OnWindows}};
+    for (const auto& [folder, arguments, passedOn, where] : table) {
         Step started = setup("0q", "Halvick Tavlink Universal Analyzer", "LIVE", "x86",
-                             defaultBuild, row.passedOn);
+                             defaultBuild, passedOn);
         // A program knows its own path in full; Wine leaves a long path's prefix out.
-        if (!row.passedOn.starts_with("\\\\?\\") || stageSystem() == System::Wine) {
-            started.seen.replace(1, row.passedOn.size(), row.folder);
+        if (!passedOn.starts_with("\\\\?\\") || stageSystem() == System::Wine) {
+            started.seen.replace(1, passedOn.size(), folder);
         }
-        play({"0q: " + row.passedOn,
-              {chooseLive, started},
-              {setupIn(row.folder)},
-              row.arguments,
-              row.where});
+        play({"0q: " + passedOn, {chooseLive, started}, {setupIn(folder)}, arguments, where});
     }
 }
 

@@ -44,18 +44,16 @@ class MappedDialog : public CDialog {
 
 TEST(Dialog, HandlesWhatItsMapNames) {
     MappedDialog dialog;
-    EXPECT_EQ(driveModal(dialog,
-                         [&](HWND window) {
-                             EXPECT_EQ(SendMessageA(window, answered, 4, 2), 42);
-                             EXPECT_EQ(SendMessageA(window, leftToDefault, 0, 0), 0);
-                             // Another notification of the same control is not a click.
-                             SendMessageA(window, WM_COMMAND, MAKEWPARAM(100, BN_SETFOCUS), 0);
-                             EXPECT_EQ(dialog.clicks, 0);
-                             const auto procedure =
-                                 reinterpret_cast<DLGPROC>(GetWindowLongPtrA(window, DWLP_DLGPROC));
-                             EXPECT_TRUE(procedure(window, WM_COMMAND, 100, 0)) << "a click";
-                         }),
-              77);
+    const INT_PTR result = driveModal(dialog, [&](HWND window) {
+        EXPECT_EQ(SendMessageA(window, answered, 4, 2), 42);
+        EXPECT_EQ(SendMessageA(window, leftToDefault, 0, 0), 0);
+        // Another notification of the same control is not a click.
+        SendMessageA(window, WM_COMMAND, MAKEWPARAM(100, BN_SETFOCUS), 0);
+        EXPECT_EQ(dialog.clicks, 0);
+        const auto procedure = reinterpret_cast<DLGPROC>(GetWindowLongPtrA(window, DWLP_DLGPROC));
+        EXPECT_TRUE(procedure(window, WM_COMMAND, 100, 0)) << "a click";
+    });
+    EXPECT_EQ(result, 77);
     EXPECT_EQ(dialog.clicks, 1);
     EXPECT_EQ(dialog.m_hWnd, nullptr);
     EXPECT_EQ(CDialog(999).DoModal(), -1) << "no such resource";

@@ -21,9 +21,8 @@ TEST(AskUninstallDialog, TakesNoSecondAnswer) {
     };
     CAskUninstallDlg dialog(products, remove);
     shown = &dialog;
-    EXPECT_EQ(
-        driveModal(dialog,
-                   [](HWND window) { SendMessageA(GetDlgItem(window, IDYES), BM_CLICK, 0, 0); }),
-        IDOK);
+    const INT_PTR result = driveModal(
+        dialog, [](HWND window) { SendMessageA(GetDlgItem(window, IDYES), BM_CLICK, 0, 0); });
+    EXPECT_EQ(result, IDOK);
     EXPECT_EQ(removed, (std::vector<std::string>{"Alpha", "beta"}));
 }
