@@ -13,7 +13,6 @@ TEST(SetupParameters, HoldEveryDecision) {
         {{{"1m", live, "", false}, "LIVE x86`-bitness=x86"},
          {{"07", live, "Pro", true}, "LIVE Pro x64`-bitness=x64"},
          {{"1u", live, "Pro", true}, "LIVE Pro x86`-bitness=x86"},
-         {{"07", demonstration, "Pro", true}, "DEMO`-bitness=x64"},
          {{"1m", viewer, "Pro", true}, "VIEW`-bitness=x64"},
          {{"1u", demonstration, "", true}, "DEMO x86`-bitness=x86"},
          {{"04", 0, "Pro", true}, "LIVE Pro`-bitness=x86"},

@@ -24,10 +24,6 @@ TEST(ProductCatalogue, ListsNameNothingThatIsNotThere) {
             }
         }
     }
-    for (const auto& [format, name] : data.ImportFormatNames) {
-        EXPECT_EQ(data.ImportFormatShortNames.contains(format), format != "-1") << name;
-        EXPECT_EQ(data.ImportFormatFilters.contains(format), format != "-1") << name;
-    }
     EXPECT_EQ(data.FullProductOf.size(), data.DemoOf.size());
     for (const std::string& code : data.ViewerProducts) {
         EXPECT_TRUE(data.DisplayNameTemplates.contains(code)) << code;

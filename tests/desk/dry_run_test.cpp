@@ -82,7 +82,6 @@ TEST(DryRun, HearsOfAReleaseWhatTheInstallerHears) {
     expectRows<std::string, std::string>(
         {{"windows xp", "Windows XP  32"},
          {"Windows XP x64", "Windows XP Professional x64 Edition  64"},
-         {"Windows Server 2003", "Windows Server 2003  32"},
          {"Windows Server 2003 R2", "Windows Server 2003 R2  32"},
          {"Windows Home Server", "Windows Home Server  32"},
          {"Windows 11", "Windows 8  64"},

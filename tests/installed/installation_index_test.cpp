@@ -63,7 +63,6 @@ TEST(InstallationIndex, FindsFromTheLastToTheFirst) {
     useCodePage(page);
     expectRows<std::tuple<std::string, int>, Positions>(
         {{{"C:\\OLD\\\\", by::path}, {1, 0}},
-         {{"C:\\", by::path}, {}},
          {{"C:\\Old\x95", by::path}, {}},
          {{"c:\\old\x95\\\\", by::path}, {2}},
          {{"1K", by::productId}, {0}},

@@ -36,8 +36,6 @@ TEST(AnsiText, IsReplacedWithoutASearchOfWhatWasInserted) {
          {{"aXa", "x", "xx", true}, "axxa"},
          {{"aaaa", "aa", "a", false}, "aa"},
          {{"AbC", "", "z", true}, "AbC"},
-         {{"", "a", "z", true}, ""},
-         {{"ab", "abc", "z", true}, "ab"},
          {{"#P##p#", "#p#", "", true}, ""}},
         replaceAll);
 }
