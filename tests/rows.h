@@ -13,17 +13,12 @@
 /// by what was given.
 template <class Given, class Expected, class Answer>
 void expectRows(std::initializer_list<std::pair<Given, Expected>> rows, Answer answer) {
-    const testing::TestResult& result =
-        *testing::UnitTest::GetInstance()->current_test_info()->result();
     for (const auto& [given, expected] : rows) {
-        const int failures = result.total_part_count();
+        SCOPED_TRACE("in the row given " + testing::PrintToString(given));
         if constexpr (std::is_invocable_v<Answer, Given>) {
             EXPECT_EQ(answer(given), expected);
         } else {
             EXPECT_EQ(std::apply(answer, given), expected);
-        }
-        if (result.total_part_count() > failures) {
-            ADD_FAILURE() << "in the row given " << testing::PrintToString(given);
         }
     }
 }
