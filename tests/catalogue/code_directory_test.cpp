@@ -28,11 +28,9 @@ TEST(CodeDirectory, NamesEveryCodeEverIssued) {
     // another's.
     for (const auto& row : directory) {
         EXPECT_FALSE(row.second.starts_with("Halvick"));
-        EXPECT_EQ(std::count_if(directory.begin(), directory.end(),
-                                [&row](const auto& other) {
-                                    return other.second.find(row.second) != std::string::npos;
-                                }),
-                  1)
-            << row.second;
+        const auto isWithin = [&row](const auto& other) {
+            return other.second.find(row.second) != std::string::npos;
+        };
+        EXPECT_EQ(std::count_if(directory.begin(), directory.end(), isWithin), 1) << row.second;
     }
 }

@@ -19,10 +19,6 @@ std::string wide(const std::string& text) {
     return bytes;
 }
 
-std::string withCarriageReturns(const std::string& text) {
-    return replaceAll(text, "\n", "\r\n", false);
-}
-
 /// A value as `read` tells it.
 std::string value(const std::string& key, const std::string& name, const std::string& text,
                   std::uint32_t type = stringType) {
@@ -56,8 +52,8 @@ TEST(Machine, ReadsWhatRegeditExports) {
     const std::string expandable = value("Software\\a", "n", "A\xE9", expandableStringType);
     const std::tuple<const char*, std::string, std::string> cases[] = {
         {"version 5", header + key, found},
-        {"version 5 in UTF-16", wide(withCarriageReturns(header + key)), found},
-        {"version 4", withCarriageReturns("REGEDIT4\n\n" + key), found},
+        {"version 5 in UTF-16", wide(replaceAll(header + key, "\n", "\r\n", false)), found},
+        {"version 4", replaceAll("REGEDIT4\n\n" + key, "\n", "\r\n", false), found},
         {"both views", header + key + root + "WOW6432Node\\b]\n\"n\"=\"32\"\n",
          value("SOFTWARE\\b", "n", "32")},
         {"keys in the order of the registry", header + root + "B]\n@=\"2\"\n" + key,

@@ -7,16 +7,15 @@ const Step corvane = extracted("CorvaneTavlinkDrivers.fzx");
 const Step multiprotocolSetup = setup("1w", "Halvick 16.4.10002.0", "LIVE x86");
 
 TEST(Drivers, AreInstalledInTheirPlaceOfTheRun) {
-    const std::string uninstaller = scratch + "old.exe",
-                      largeReport =
-                          std::string(1'000'000, '\0') + "\"sub folder\\" + driverInstaller;
+    const std::string uninstaller = scratch + "old.exe";
+    const std::string large = std::string(1'000'000, '\0') + "\"sub folder\\" + driverInstaller;
     play({{"1k: before the choice, older versions left alone",
            {serial, ran(unpacked), chooseLive,
             setup("1k", "Halvick Tavlink Serial Analyzer 16.4.10002.0")},
            {extractionTool(), installed("a", "Tavlink Serial Analyzer", "x")}},
           {"1k: before a cancelled choice",
            {serial, ran(unpacked), choose("Live Product", "Cancel")},
-           {extractionTool(largeReport), file(media + "report.txt", "of an earlier run")}},
+           {extractionTool(large), file(media + "report.txt", "of an earlier run")}},
           {"1k: without an extraction tool",
            {choose("Demonstration"),
             setup("0g", "Halvick Tavlink Serial Demo 16.4.10002.0", "DEMO")}},

@@ -12,7 +12,6 @@ TEST(AskUninstallDialog, HasColumnsThatGrowWithTheDisplay) {
 }
 
 TEST(AskUninstallDialog, SortsInOneOrderOnly) {
-    EXPECT_LT(compareLowerCaseNames("alpha 12", "beta 2", 1), 0);
     EXPECT_GT(compareLowerCaseNames("\xE9", "z", 1), 0);
     EXPECT_EQ(compareLowerCaseNames("alpha 12", "beta 2", 0), 0);
 }
