@@ -6,7 +6,6 @@ TEST(DirectInstall, CutsTheUninstallCommandByPosition) {
     expectRows<std::string, std::string>(
         {{R"("C:\V 1\Setup.EXE" /u /x)", R"("C:\V 1\Setup.EXE"|/u /x|C:\V 1\UninstallQmx.exe)"},
          {R"("C:\V\setup.exe")", R"("C:\V\setup.exe"||C:\V\UninstallQmx.exe)"},
-         {R"("C:\V\setup.exe" )", R"("C:\V\setup.exe"||C:\V\UninstallQmx.exe)"},
          {R"(C:\V\setup.exe /u)", R"(C:\V\setup.exe |u|C:\V\UninstallQmx.exe )"},
          {"setup.exe", "setup.exe||UninstallQmx.exe"},
          {R"("setup.exe" "D:\setup.exe")", R"("setup.exe"|"D:\setup.exe"|UninstallQmx.exe)"},

@@ -37,9 +37,6 @@ class ScratchMachine {
             ERROR_SUCCESS);
         RegCloseKey(target);
     }
-    void setText(const std::string& key, const std::string& name, const std::string& text) const {
-        setValue(key, name, REG_SZ, text + '\0');
-    }
     void createKey(const std::string& key) const { RegCloseKey(create(key)); }
 
   private:

@@ -47,7 +47,7 @@ TEST(HtmlHelpControl, IsTheOneThatTheMachineRegisteredElseTheSystems) {
         {REG_SZ, bareName, ""}};  // would be found beside the program
     for (const auto& [type, path, shown] : table) {
         const ScratchMachine machine;
-        machine.setText(machineVariables, "MACHINE_HELP_FOLDER", folder);
+        machine.setValue(machineVariables, "MACHINE_HELP_FOLDER", REG_SZ, folder + '\0');
         registerControl(machine, type, path);
         {
             HtmlHelpControl help;
@@ -63,7 +63,7 @@ TEST(HtmlHelpControl, IsTheOneThatTheMachineRegisteredElseTheSystems) {
 TEST(HtmlHelpControl, IsNotTheOneThatTheUserRegistered) {
     // What a program without rights can write shows through here.
     const ScratchMachine classes(HKEY_CLASSES_ROOT);
-    classes.setText(registration, "", recorder);
+    classes.setValue(registration, "", REG_SZ, recorder + '\0');
     HtmlHelpControl().displayTopic(nullptr, "C:\\Install.chm");
     EXPECT_EQ(shownHelp(), "");
 }
