@@ -23,8 +23,7 @@ TEST(CodeDirectory, NamesEveryCodeEverIssued) {
     EXPECT_FALSE(findDirectoryName(-1, name)) << name;
     EXPECT_FALSE(findDirectoryName("", name) || findDirectoryName("1M", name));
     EXPECT_EQ(name, "");
-    // Older versions are found by a name within a display name: one product's must not find
-    // another's.
+    // Older versions are found by a name within a display name: none may be within another.
     for (const auto& row : directory) {
         EXPECT_FALSE(row.second.starts_with("Halvick"));
         const auto isWithin = [&row](const auto& other) {

@@ -1,5 +1,4 @@
-// A run from a disc, which nothing can be written to: the kit brings one for the drive of a
-// machine.
+// A run from a disc, which nothing can be written to: the kit brings one.
 #include <gtest/gtest.h>
 #include <shlwapi.h>
 #include <winioctl.h>

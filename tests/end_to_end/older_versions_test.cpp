@@ -89,8 +89,7 @@ TEST(OlderVersions, AreThoseOfTheProductOrOfTheMaker) {
 }
 
 TEST(OlderVersions, HaveTheirProgramFoldersLeftAlone) {
-    // The build ends in an e with an acute accent in code page 1252; letters beyond A to Z fold as
-    // well.
+    // The build ends in an e with an acute accent: letters beyond A to Z fold as well.
     const std::string build = "16.4.\xE9", folder = "Halvick Tavlink Classic Analyzer ";
     play(
         {"04: indexed",

@@ -25,8 +25,7 @@ TEST(CommandLine, EveryFailureIsShownAndEndsTheRun) {
 }
 
 TEST(CommandLine, SourceDirectoriesArePassedOnAsTheyAre) {
-    // With it the setup utility's path is as long as the shell takes, 259 characters; 258 on
-    // ReactOS.
+    // The setup utility's path is then as long as the shell takes: 259 characters, ReactOS 258.
     const std::size_t length = stageSystem() == System::ReactOs ? 248 : 249;
     const std::string longest = scratch + std::string(length - scratch.size(), 'm') + '\\';
     const std::string umlauts = scratch + "\xC4hnlich \xDF`\\";

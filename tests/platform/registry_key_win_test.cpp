@@ -65,8 +65,7 @@ TEST(RegistryKey, AnswersAsTheDescribedOne) {
         std::string all;
         unsigned long subkeys = 0, valueCount = 0;
         const std::uint32_t counted = key.count(subkeys, valueCount);
-        all += std::to_string(counted) + ": " + std::to_string(subkeys) + " subkeys, " +
-               std::to_string(valueCount) + " values\n";
+        all += testing::PrintToString(std::tuple(counted, subkeys, valueCount)) + '\n';
         const auto tell = [&all](std::uint32_t error, const std::string& what) {
             all += std::to_string(error) + (error == errorSuccess ? ' ' + what : "") + '\n';
         };
