@@ -70,13 +70,13 @@ TEST(InstallationIndex, FindsFromTheLastToTheFirst) {
          {{"name", by::productName}, {1}},
          {{"HALVICK ANALYZER", by::programFolder}, {2, 1, 0}},
          {{"Halvick", by::programFolder}, {}},
-         {{"", by::programFolder}, {}},
          {{"1", 4}, {}},
          {{"other", by::temporaryReference}, {2}},
          {{"1", -1}, {}}},
         [&](const std::string& value, int selector) {
             Positions matches{99};
-            EXPECT_EQ(index.find(value, selector, matches), !matches.empty());
+            const bool found = index.find(value, selector, matches);
+            EXPECT_EQ(found, !matches.empty());
             return matches;
         });
     useCodePage(asciiCodePage);
