@@ -3,7 +3,6 @@
 #include "app/direct_install.h"
 
 #include <algorithm>
-#include <string_view>
 #include <utility>
 
 #include "app/install_app.h"

@@ -1,9 +1,6 @@
 // The edition that is installed directly: what its older versions are replaced by.
 #pragma once
 
-#include <string>
-#include <vector>
-
 #include "installed/installed_product.h"
 
 /// In the source directory; takes the place of an old viewer's uninstaller.

@@ -13,7 +13,6 @@
 
 #include <algorithm>
 #include <iterator>
-#include <optional>
 #include <tuple>
 
 #include "app/command_line.h"
@@ -25,7 +24,6 @@
 #include "catalogue/program_texts.h"
 #include "drivers/driver_installation.h"
 #include "platform/format_text.h"
-#include "ui/product_type.h"
 
 CInstallApp::CInstallApp(Machine& machine)
     : CWinApp(applicationName), machine(machine), installationIndex(machine) {}

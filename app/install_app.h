@@ -1,14 +1,9 @@
 #pragma once
 
-#include <string>
-
 #include "app/install_plan.h"
 #include "app/machine.h"
-#include "catalogue/product_catalogue.h"
-#include "drivers/driver_package_table.h"
 #include "framework/application.h"
 #include "installed/installation_index.h"
-#include "platform/operating_system.h"
 
 /// The application object: runs the whole installation in InitInstance and holds the run's state,
 /// which only its own steps write.

@@ -2,8 +2,6 @@
 // sequence walks this value; the release engineer's tools tell the same value beforehand.
 #pragma once
 
-#include <string_view>
-
 #include "catalogue/product_catalogue.h"
 #include "drivers/driver_package_table.h"
 #include "ui/product_type.h"

@@ -4,9 +4,6 @@
 #pragma once
 
 #include <functional>
-#include <optional>
-#include <string>
-#include <vector>
 
 #include "app/install_log.h"
 #include "app/stamped_identity.h"

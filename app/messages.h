@@ -1,10 +1,6 @@
 // The texts that the install sequence shows.
 #pragma once
 
-#include <cstdint>
-#include <string>
-#include <string_view>
-
 #include "installed/installed_product.h"
 #include "platform/message.h"
 

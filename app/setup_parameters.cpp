@@ -1,6 +1,5 @@
 #include "app/setup_parameters.h"
 
-#include <initializer_list>
 #include <iterator>
 #include <tuple>
 #include <utility>

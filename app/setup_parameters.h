@@ -2,9 +2,6 @@
 // made so far.
 #pragma once
 
-#include <string>
-#include <string_view>
-
 #include "catalogue/product_catalogue.h"
 #include "installed/installation_index.h"
 

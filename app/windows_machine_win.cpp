@@ -2,7 +2,6 @@
 
 #include <windows.h>
 
-#include <commctrl.h>
 #include <shlobj.h>
 
 #include <cstdlib>

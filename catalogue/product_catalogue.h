@@ -1,9 +1,6 @@
 #pragma once
 
-#include <map>
 #include <set>
-#include <string>
-#include <string_view>
 
 #include "catalogue/build_number.h"
 #include "catalogue/product_data_file.h"

@@ -2,9 +2,7 @@
 
 #include <utility>
 
-#include "catalogue/product_data_file.h"
 #include "platform/ansi_text.h"
-#include "platform/files.h"
 
 namespace {
 

@@ -1,7 +1,5 @@
 #pragma once
 
-#include <string>
-
 #include "catalogue/product_catalogue.h"
 #include "platform/computer.h"
 

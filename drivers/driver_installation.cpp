@@ -4,7 +4,6 @@
 
 #include "platform/ansi_text.h"
 #include "platform/format_text.h"
-#include "platform/operating_system.h"
 
 namespace {
 

@@ -1,10 +1,6 @@
 // Unpacking and installing driver packages.
 #pragma once
 
-#include <optional>
-#include <string>
-#include <string_view>
-
 #include "drivers/driver_package_table.h"
 #include "platform/computer.h"
 

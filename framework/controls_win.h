@@ -6,8 +6,6 @@
 #include <commctrl.h>
 #include <windowsx.h>
 
-#include <string>
-
 #include "framework/dialog_win.h"
 
 class CButton : public CWnd {

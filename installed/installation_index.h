@@ -1,9 +1,6 @@
 // The installations recorded in the maker's registry trees, and questions to them.
 #pragma once
 
-#include <cstddef>
-#include <string>
-#include <string_view>
 #include <vector>
 
 #include "installed/installation_record.h"

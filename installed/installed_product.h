@@ -1,8 +1,6 @@
 // Installed versions of the products, as the platform's uninstall list describes them.
 #pragma once
 
-#include <string>
-#include <string_view>
 #include <vector>
 
 #include "platform/registry_key.h"

@@ -3,11 +3,6 @@
 // description answers where a run is told before it is made, and where it is tested.
 #pragma once
 
-#include <cstdint>
-#include <memory>
-#include <optional>
-#include <string>
-
 #include "platform/files.h"
 #include "platform/message.h"
 #include "platform/operating_system.h"

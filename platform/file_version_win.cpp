@@ -1,7 +1,5 @@
 #include "platform/file_version_win.h"
 
-#include <windows.h>
-
 #include <memory>
 #include <new>
 

@@ -1,7 +1,5 @@
 #include "platform/files_win.h"
 
-#include <windows.h>
-
 #include "platform/handle_win.h"
 
 PathKind examinePath(const std::string& path) {

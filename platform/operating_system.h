@@ -1,8 +1,6 @@
 // Names the running Windows release and gives it a code, from the numbers that Windows reports.
 #pragma once
 
-#include <cstddef>
-#include <cstdint>
 #include <optional>
 #include <string>
 

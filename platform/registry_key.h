@@ -2,8 +2,6 @@
 // Anything can be stored under any type, with or without a terminator.
 #pragma once
 
-#include <cstddef>
-#include <cstdint>
 #include <memory>
 #include <string>
 #include <string_view>

@@ -1,7 +1,6 @@
 #include "platform/registry_key_win.h"
 
 #include <tuple>
-#include <utility>
 
 #include "platform/system_library_win.h"
 

@@ -1,7 +1,5 @@
 #pragma once
 
-#include <windows.h>
-
 #include "platform/handle_win.h"
 #include "platform/registry_key.h"
 

@@ -1,7 +1,6 @@
 #include "platform/shell_runner.h"
 
 #include "platform/computer.h"
-#include "platform/files.h"
 
 namespace {
 

@@ -1,11 +1,8 @@
 #pragma once
 
 #include <functional>
-#include <string>
-#include <vector>
 
 #include "framework/controls_win.h"
-#include "framework/dialog_win.h"
 #include "installed/installed_product.h"
 
 /// Lists the installed versions, all ticked, and has those that stay ticked removed. The result of

@@ -1,12 +1,8 @@
 #include "ui/install_dialog_win.h"
 
-#include <utility>
-#include <vector>
-
 #include "platform/files_win.h"
 #include "ui/html_help.h"
 #include "ui/install_dialog.h"
-#include "ui/resource.h"
 
 namespace {
 

@@ -1,11 +1,9 @@
 #pragma once
 
 #include <array>
-#include <string>
 #include <utility>
 
 #include "framework/controls_win.h"
-#include "framework/dialog_win.h"
 #include "ui/html_help_win.h"
 #include "ui/product_type.h"
 

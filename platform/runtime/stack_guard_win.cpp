@@ -2,7 +2,6 @@
 // provider, loaded before the program can restrict where libraries come from.
 //
 // Compiled without the protector: the guard changes while seedStackGuard runs.
-#include <windows.h>
 
 #include <cstdint>
 
