@@ -10,10 +10,8 @@
 #pragma once
 
 #include <array>
-#include <cstddef>
 #include <cstdint>
 #include <string>
-#include <string_view>
 
 namespace cipher {
 

@@ -1,7 +1,6 @@
 #pragma once
 
 #include <string>
-#include <string_view>
 
 /// Name of any product code ever issued. False, with an empty name, for an empty or unknown code.
 [[nodiscard]] bool findDirectoryName(std::string_view code, std::string& name);

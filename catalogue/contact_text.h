@@ -1,7 +1,6 @@
 #pragma once
 
 #include <string>
-#include <string_view>
 
 /// The maker's contact block, in its layouts.
 namespace contact_layout {

@@ -2,7 +2,6 @@
 #pragma once
 
 #include <string>
-#include <string_view>
 
 /// At least `width` digits, most significant first; a negative width adds none.
 [[nodiscard]] std::string codeFromNumber(int number, int width = 2);

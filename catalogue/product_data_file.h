@@ -5,7 +5,6 @@
 #include <map>
 #include <optional>
 #include <string>
-#include <string_view>
 
 /// Texts by key, both parts of a longer text.
 using ValueParts = std::map<std::string_view, std::string_view>;

@@ -3,7 +3,6 @@
 #include <array>
 #include <map>
 #include <string>
-#include <string_view>
 
 /// Texts by name; letter case counts.
 using FieldMap = std::map<std::string, std::string, std::less<>>;

@@ -7,7 +7,6 @@
 
 #include <array>
 #include <string>
-#include <string_view>
 
 /// What the operations need to know of a code page.
 struct CodePage {

@@ -1,7 +1,6 @@
 #pragma once
 
 #include <string>
-#include <string_view>
 
 /// "Version " followed by the text at `value`, which ends at its terminator or with `block`: the
 /// block is a file's own data and can claim anything. `length` counts characters, not bytes. Empty

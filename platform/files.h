@@ -1,8 +1,6 @@
 #pragma once
 
-#include <cstddef>
 #include <string>
-#include <string_view>
 
 /// What the file system has under a path.
 enum class PathKind { Inaccessible, File, Directory };

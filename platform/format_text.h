@@ -3,7 +3,6 @@
 
 #include <initializer_list>
 #include <string>
-#include <string_view>
 
 #if defined(__clang__)
 #define FORMAT_TEXT_CHECKED __attribute__((format(printf, 1, 2)))

@@ -2,7 +2,6 @@
 #pragma once
 
 #include <string>
-#include <string_view>
 #include <vector>
 
 /// Splits `text` at `delimiter` into `fields` (emptied first). A backquote escapes: before the

@@ -1,7 +1,6 @@
 // What the uninstall prompt says and how it sorts.
 #pragma once
 
-#include <cstddef>
 #include <string>
 
 struct UninstallPromptTexts {
