@@ -6,6 +6,7 @@
 #include "catalogue/product_names.h"
 #include "catalogue/product_traits.h"
 #include "platform/ansi_text.h"
+#include "platform/version_number.h"
 
 namespace {
 
@@ -73,16 +74,14 @@ constexpr const char* viewerProducts[] = {
     "04", "07", "16", "17", "1c", "1d", "1h", "1k", "1m", "1p", "1r", "1s", "1u", "1v", "1w",
 };
 
-/// Decoder codes of the categories.
-constexpr const char* industrialDecoders[] = {
-    "3*", "3e", "3s", "ae", "be", "bm", "bp", "bs", "b*", "cb", "cl", "cp", "d1",
-    "d4", "dn", "dp", "ei", "ep", "fa", "gs", "i*", "ip", "i1", "i3", "i4", "ia",
-    "ie", "ma", "mr", "mt", "og", "ra", "rc", "re", "rp", "r*", "tn",
+constexpr TextRow decoderCategories[] = {
+    {"3*;3e;3s;ae;be;bm;bp;bs;b*;cb;cl;cp;d1;d4;dn;dp;ei;ep;fa;gs;i*;ip;i1;i3;i4;ia;ie;ma;mr;mt;og;"
+     "ra;rc;re;rp;r*;tn",
+     "Vostrel"},
+    {"bc;bt;b5;cs;eb;sb;zt;z*;zb;zp", "Wireless"},
+    {"cf;DD;fd", "Other"},
+    {"su", "Vostrel;Wireless"},
 };
-constexpr const char* wirelessDecoders[] = {
-    "bc", "bt", "b5", "cs", "eb", "sb", "zt", "z*", "zb", "zp",
-};
-constexpr const char* otherDecoders[] = {"cf", "DD", "fd"};
 
 constexpr TextRow productGroups[] = {
     {"Async", "01;1k;02;0d;0p;1e"},
@@ -93,24 +92,14 @@ constexpr TextRow productGroups[] = {
 
 // Kept: the relation is not symmetric; "1u" names "1t", but "16" does not.
 constexpr TextRow relatedProducts[] = {
-    {"1k", "Async;Async Demo"},
-    {"0g", "Async;Async Demo"},
-    {"04", "04;0h"},
-    {"0h", "04;0h"},
-    {"07", "07;0u"},
-    {"0u", "07;0u"},
+    {"1k;0g", "Async;Async Demo"},
+    {"04;0h", "04;0h"},
+    {"07;0u", "07;0u"},
     {"0n", "0n"},
-    {"0q", "**"},
-    {"14", "**"},
-    {"1m", "IA"},
-    {"1b", "IA"},
-    {"1c", "IA"},
-    {"1n", "0g;0z;10;11;1f;1n"},
-    {"10", "0g;0z;10;11;1f;1n"},
-    {"11", "0g;0z;10;11;1f;1n"},
-    {"1f", "0g;0z;10;11;1f;1n"},
-    {"13", "0u;13;1g"},
-    {"1g", "0u;13;1g"},
+    {"0q;14", "**"},
+    {"1m;1b;1c", "IA"},
+    {"1n;10;11;1f", "0g;0z;10;11;1f;1n"},
+    {"13;1g", "0u;13;1g"},
     {"16", "Bluetooth;17;1q;1r;1u;1v;1w"},
     {"17", "17;1t"},
     {"18", "18;0u"},
@@ -154,15 +143,14 @@ constexpr ImportFormat importFormats[] = {
 
 // "0_vr" is format 0 with a qualifier, for the reader of the list to take apart.
 constexpr TextRow productImportFormats[] = {
-    {"1k", "4"},         {"02", "4"},          {"04", "4"},          {"0d", "4"},
-    {"0n", "4"},         {"0p", "4"},          {"1n", "4"},          {"10", "4"},
-    {"11", "4"},         {"12", "4"},          {"15", "4"},          {"1e", "4"},
-    {"07", "2;5;6;8"},   {"13", "2;5;6;8"},    {"18", "2;5;6;8"},    {"1a", "2;5;6;8"},
-    {"1m", "2;4;5;6;8"}, {"16", "0_vr;1;3;9"}, {"1u", "0_vr;1;3;9"}, {"1w", "0_vr;1;3;6;9"},
-    {"19", "1;3"},       {"1d", "7"},          {"0g", "-1"},         {"0h", "-1"},
-    {"0s", "-1"},        {"0u", "-1"},         {"1b", "-1"},         {"1c", "-1"},
-    {"1f", "-1"},        {"1g", "-1"},         {"1h", "-1"},         {"1q", "-1"},
-    {"1r", "-1"},        {"1s", "-1"},
+    {"1k;02;04;0d;0n;0p;1n;10;11;12;15;1e", "4"},
+    {"07;13;18;1a", "2;5;6;8"},
+    {"1m", "2;4;5;6;8"},
+    {"16;1u", "0_vr;1;3;9"},
+    {"1w", "0_vr;1;3;6;9"},
+    {"19", "1;3"},
+    {"1d", "7"},
+    {"0g;0h;0s;0u;1b;1c;1f;1g;1h;1q;1r;1s", "-1"},
 };
 
 constexpr TextRow fieldbusTypes[] = {
@@ -178,40 +166,37 @@ constexpr TextRow productDecoders[] = {
      "r*;tn;be;bm;bp;b*"},
     {"15", "3s;bs;cb;cl;d1;d4;dn;dp;i*;i1;i3;ma;mr;rc;re;rp;tn;bm;bp"},
     {"1a", "3e;ae;cb;d4;dn;dp;ep;i4;mt;re;be"},
-    {"16", "bt"},
-    {"19", "bt"},
-    {"1b", "ia"},
-    {"1c", "ia"},
+    {"16;19", "bt"},
+    {"1b;1c", "ia"},
     {"1d", "z*;zb;zp"},
     {"1h", "eb"},
     {"1u", "b5"},
     {"1w", "cs"},
 };
 
-constexpr const char* ordinarilyDisplayed[] = {
-    "04", "07", "0g", "0h", "0u", "1b", "1c", "1m", "16", "17", "19",
-    "1d", "1e", "1h", "1k", "1p", "1r", "1s", "1t", "1u", "1v",
+constexpr TextRow displayNameTemplates[] = {
+    {"04;07;0g;0h;0u;1b;1c;1m;16;17;19;1d;1e;1h;1k;1p;1r;1s;1t;1u;1v", "<PRODUCT NAME> <BUILD>"},
+    // Kept: this product's folders in the field bear the build alone.
+    {"1w", "<BUILD>"},
 };
 
 constexpr TextRow productConfigurations[] = {
-    {"04", "TavlinkClassic"}, {"0h", "TavlinkDemo"}, {"0g", "AsyncDemo"},    {"1f", "AsyncDemo"},
-    {"0n", "Async"},          {"1n", "Async"},       {"0u", "EthernetDemo"}, {"1g", "EthernetDemo"},
-    {"13", "Ethernet"},       {"18", "Ethernet"},    {"17", "Generic"},      {"1d", "Generic"},
-    {"1h", "Generic"},        {"1p", "Generic"},     {"07", "EtherTavlink"},
+    {"04", "TavlinkClassic"},   {"0h", "TavlinkDemo"},     {"0g;1f", "AsyncDemo"},
+    {"0n;1n", "Async"},         {"0u;1g", "EthernetDemo"}, {"13;18", "Ethernet"},
+    {"17;1d;1h;1p", "Generic"}, {"07", "EtherTavlink"},
 };
 
+/// A key of `rows` is a list of those that have the value.
 CProductData::TextMap textMap(std::span<const TextRow> rows) {
     CProductData::TextMap map;
+    std::vector<std::string> keys;
     for (const TextRow& row : rows) {
-        map.emplace(row.key, row.value);
+        splitFields(row.key, keys, ';');
+        for (const std::string& key : keys) {
+            map.emplace(key, row.value);
+        }
     }
     return map;
-}
-
-void assignAll(std::span<const char* const> keys, const char* value, CProductData::TextMap& map) {
-    for (const char* const key : keys) {
-        map.emplace(key, value);
-    }
 }
 
 void addText(CProductData::TextMap& map, const char* key, const char* value) {
@@ -227,11 +212,13 @@ CProductData::CProductData()
       ProductNames(textMap(productNames)),
       DemoOf(textMap(demoOf)),
       ViewerProducts(std::begin(viewerProducts), std::end(viewerProducts)),
+      DecoderCategories(textMap(decoderCategories)),
       ProductGroups(textMap(productGroups)),
       RelatedProducts(textMap(relatedProducts)),
       ProductImportFormats(textMap(productImportFormats)),
       FieldbusTypes(textMap(fieldbusTypes)),
       ProductDecoders(textMap(productDecoders)),
+      DisplayNameTemplates(textMap(displayNameTemplates)),
       ProductConfigurations(textMap(productConfigurations)) {
     for (const auto& [code, name] : ProductNames) {
         ProductIds.emplace(name, code);
@@ -246,13 +233,6 @@ CProductData::CProductData()
         addText(ImportFormatShortNames, format.number, format.shortName);
         addText(ImportFormatFilters, format.number, format.filter);
     }
-    assignAll(industrialDecoders, "Vostrel", DecoderCategories);
-    assignAll(wirelessDecoders, "Wireless", DecoderCategories);
-    assignAll(otherDecoders, "Other", DecoderCategories);
-    DecoderCategories.emplace("su", "Vostrel;Wireless");
-    assignAll(ordinarilyDisplayed, "<PRODUCT NAME> <BUILD>", DisplayNameTemplates);
-    // Kept: this product's folders in the field bear the build alone.
-    DisplayNameTemplates.emplace("1w", "<BUILD>");
 }
 
 CProductData::~CProductData() = default;
