@@ -15,8 +15,7 @@ class CProductData {
 
     CProductData();
     virtual ~CProductData();
-    CProductData(const CProductData&) = delete;
-    CProductData& operator=(const CProductData&) = delete;
+    CProductData& operator=(CProductData&&) = delete;  // nor is it copied
 
     /// False with lastError set for an empty code or one that is not a product of this installer.
     [[nodiscard]] bool productName(std::string_view code, std::string& name);

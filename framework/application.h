@@ -13,8 +13,7 @@ class CWinApp {
         application = this;
     }
     virtual ~CWinApp() = default;
-    CWinApp(const CWinApp&) = delete;
-    CWinApp& operator=(const CWinApp&) = delete;
+    CWinApp& operator=(CWinApp&&) = delete;  // nor is it copied
 
     /// False ends the program at once.
     virtual bool InitInstance() { return true; }

@@ -8,10 +8,8 @@
 /// end with their modal loop, controls with their dialog.
 class CWnd {
   public:
-    CWnd() = default;
     virtual ~CWnd() = default;
-    CWnd(const CWnd&) = delete;
-    CWnd& operator=(const CWnd&) = delete;
+    CWnd& operator=(CWnd&&) = delete;  // nor is it copied
 
     void SetWindowText(const std::string& text) { ::SetWindowTextA(m_hWnd, text.c_str()); }
     /// SW_ commands (winuser.h).

@@ -11,10 +11,8 @@
 
 class Computer {
   public:
-    Computer() = default;
     virtual ~Computer() = default;
-    Computer(const Computer&) = delete;
-    Computer& operator=(const Computer&) = delete;
+    Computer& operator=(Computer&&) = delete;  // nor is it copied
 
     // The system.
 

@@ -12,10 +12,8 @@
 /// not to be relied on.
 class KeyReader {
   public:
-    KeyReader() = default;
     virtual ~KeyReader() = default;
-    KeyReader(const KeyReader&) = delete;
-    KeyReader& operator=(const KeyReader&) = delete;
+    KeyReader& operator=(KeyReader&&) = delete;  // nor is it copied
 
     /// For reading, in the program's own registry view: the products' 32-bit installers write
     /// there. `path` can have several levels. On failure `subkey` keeps what it held.

@@ -26,8 +26,7 @@ class InheritableLibrarySearch {
   public:
     InheritableLibrarySearch();
     ~InheritableLibrarySearch();
-    InheritableLibrarySearch(const InheritableLibrarySearch&) = delete;
-    InheritableLibrarySearch& operator=(const InheritableLibrarySearch&) = delete;
+    InheritableLibrarySearch& operator=(InheritableLibrarySearch&&) = delete;  // nor is it copied
 };
 
 /// Loads the library at the full path `path`. What it needs itself is not looked for beside the

@@ -10,10 +10,8 @@
 /// control stays loaded until the process ends, since they have threads of their own.
 class HtmlHelpControl {
   public:
-    HtmlHelpControl() = default;
     ~HtmlHelpControl();
-    HtmlHelpControl(const HtmlHelpControl&) = delete;
-    HtmlHelpControl& operator=(const HtmlHelpControl&) = delete;
+    HtmlHelpControl& operator=(HtmlHelpControl&&) = delete;  // nor is it copied
 
     /// Opens the file at its first page.
     void displayTopic(HWND owner, const std::string& file);
