@@ -33,13 +33,7 @@ void CListCtrl::SetItemText(int item, int column, const std::string& text) {
 
 std::string CListCtrl::GetItemText(int item, int column) const {
     char buffer[longestItemText + 1] = "";
-    LVITEMA description{};
-    description.iSubItem = column;
-    description.pszText = buffer;
-    description.cchTextMax = sizeof buffer;
-    // What the message returns may count characters of two bytes once.
-    SendMessageA(m_hWnd, LVM_GETITEMTEXTA, static_cast<WPARAM>(item),
-                 reinterpret_cast<LPARAM>(&description));
+    ListView_GetItemText(m_hWnd, item, column, buffer, sizeof buffer);
     return buffer;
 }
 
