@@ -4,48 +4,31 @@
 
 namespace {
 
+/// A code of 0 stands for none.
 struct FailureMessage {
-    std::uint32_t code;
-    const char* text;  ///< null: nothing is shown
+    std::uint32_t instance;  ///< SE_ERR_ of shellapi.h
+    std::uint32_t error;     ///< ERROR_ of winerror.h
+    const char* text;        ///< null: nothing is shown
 };
 
-constexpr char pathNotFound[] = "The specified path was not found.";
-constexpr char accessDenied[] = "The operating system denied access to the specified file.";
-constexpr char sharingViolation[] = "A sharing violation occurred.";
-constexpr char ddeFailed[] = "The DDE transaction failed.";
-constexpr char noAssociation[] =
-    "There is no application associated with the given file name extension. This error will also "
-    "be returned if you attempt to print a file that is not printable.";
-constexpr char libraryNotFound[] = "The specified dynamic-link library was not found.";
-
-// Codes: SE_ERR_ of shellapi.h. A missing file is silent: the callers report it themselves.
-constexpr FailureMessage instanceMessages[] = {
-    {2, nullptr},
-    {3, pathNotFound},
-    {5, accessDenied},
-    {8, "There was not enough memory to complete the operation."},
-    {26, sharingViolation},
-    {27, "The file name association is incomplete or invalid."},
-    {28, "The DDE transaction could not be completed because the request timed out."},
-    {29, ddeFailed},
-    {30,
+constexpr FailureMessage failureMessages[] = {
+    {2, 2, nullptr},  // a missing file: the callers report it themselves
+    {3, 3, "The specified path was not found."},
+    {5, 5, "The operating system denied access to the specified file."},
+    {8, 0, "There was not enough memory to complete the operation."},
+    {0, 8, "The operating system did not have enough memory or resources to complete the process."},
+    {26, 32, "A sharing violation occurred."},
+    {27, 0, "The file name association is incomplete or invalid."},
+    {28, 0, "The DDE transaction could not be completed because the request timed out."},
+    {29, 1156, "The DDE transaction failed."},
+    {30, 0,
      "The DDE transaction could not be completed because other DDE transactions were being "
      "processed."},
-    {31, noAssociation},
-    {32, libraryNotFound},
-};
-
-// Codes: ERROR_ of winerror.h.
-constexpr FailureMessage errorMessages[] = {
-    {2, nullptr},
-    {3, pathNotFound},
-    {5, accessDenied},
-    {8, "The operating system did not have enough memory or resources to complete the process."},
-    {32, sharingViolation},
-    {1155, noAssociation},
-    {1156, ddeFailed},
-    {1157, libraryNotFound},
-    {1223, "Operation cancelled by user."},
+    {31, 1155,
+     "There is no application associated with the given file name extension. This error will also "
+     "be returned if you attempt to print a file that is not printable."},
+    {32, 1157, "The specified dynamic-link library was not found."},
+    {0, 1223, "Operation cancelled by user."},
 };
 
 bool launch(Computer& computer, const std::string& file, const std::string& parameters,
@@ -71,13 +54,13 @@ bool isMissingProgram(Computer& computer, const std::string& file) {
 }
 
 const char* shellFailureMessage(const StartResult& failure) {
-    for (const FailureMessage& message : instanceMessages) {
-        if (message.code == failure.instance) {
+    for (const FailureMessage& message : failureMessages) {
+        if (message.instance != 0 && message.instance == failure.instance) {
             return message.text;
         }
     }
-    for (const FailureMessage& message : errorMessages) {
-        if (message.code == failure.lastError) {
+    for (const FailureMessage& message : failureMessages) {
+        if (message.error != 0 && message.error == failure.lastError) {
             return message.text;
         }
     }
