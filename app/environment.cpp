@@ -14,22 +14,16 @@ Message notAdministratorMessage() {
 EnvironmentPolicy environmentPolicy(int systemCode, const std::string& name) {
     // Kept: the refusal names two systems only, the workstation releases from XP on pass without
     // a word and the servers before 2012 are asked about. Customers install on all of them.
+    if (systemCode >= code::win32s && systemCode <= code::windowsNt4) {
+        return {false, Message{"This product is only supported on Windows 7 and Windows 8 "
+                               "operating systems."}};
+    }
     switch (systemCode) {
         case code::nameTooLong:
             return {false, Message{"Memory allocation failure during operating system detection.",
                                    MessageIcon::Error}};
         case code::notRecognised:
             return {false, Message{"Invalid operating system detected.", MessageIcon::Error}};
-        case code::win32s:
-        case code::windows95:
-        case code::windows95Osr2:
-        case code::windows98:
-        case code::windows98SecondEdition:
-        case code::windowsMe:
-        case code::windowsNt351:
-        case code::windowsNt4:
-            return {false, Message{"This product is only supported on Windows 7 and Windows 8 "
-                                   "operating systems."}};
         case code::windows2000:
         case code::server2003:
         case code::homeServer:
