@@ -31,8 +31,7 @@ bool appliesTo(const DriverPackage& package, int operatingSystemCode) {
 
 std::string extractionFolder(const std::string& targetFolder, const std::string& programFiles) {
     std::string folder = replaceAll(targetFolder, "#PROGRAM_FILES#", programFiles, true);
-    const std::size_t backslash = findLastBackslash(folder);
-    if (backslash != std::string::npos && backslash + 1 == folder.size()) {
+    if (!folder.empty() && findLastBackslash(folder) == folder.size() - 1) {
         folder.pop_back();
     }
     return folder;

@@ -78,12 +78,8 @@ std::size_t findLastBackslash(std::string_view text) {
 }
 
 std::string withTrailingBackslash(std::string_view path) {
-    std::string result(path);
-    const std::size_t last = findLastBackslash(path);
-    if (last == std::string_view::npos || last + 1 != path.size()) {
-        result += '\\';
-    }
-    return result;
+    const bool hasOne = !path.empty() && findLastBackslash(path) == path.size() - 1;
+    return std::string(path) + (hasOne ? "" : "\\");
 }
 
 std::string replaceAll(std::string_view text, std::string_view pattern,
