@@ -15,21 +15,12 @@ constexpr std::string_view answeredFields[] = {
     "Temp Reference", "Lard",       userDataKey,    "Seinda",
 };
 
+/// By installation_selector; empty, which no record has, for any other number.
 std::string_view selectedField(int selector) {
-    switch (selector) {
-        case installation_selector::path:
-            return "Path";
-        case installation_selector::productId:
-            return "Product Id";
-        case installation_selector::productName:
-            return "Product Name";
-        case installation_selector::programFolder:
-            return "Program Folder";
-        case installation_selector::temporaryReference:
-            return "Temp Reference";
-        default:
-            return {};
-    }
+    static constexpr std::string_view fields[] = {
+        "Path", "Product Id", "Product Name", "Program Folder", "", "Temp Reference",
+    };
+    return selector >= 0 && selector < std::ssize(fields) ? fields[selector] : std::string_view();
 }
 
 std::string_view withoutOuterBackslashes(std::string_view path) {
@@ -123,9 +114,6 @@ bool InstallationIndex::find(std::string_view value, int selector,
     }
     loadIfEmpty();
     const std::string_view field = selectedField(selector);
-    if (field.empty()) {
-        return false;
-    }
     const auto comparable = [selector](std::string_view text) {
         return selector == installation_selector::path ? withoutOuterBackslashes(text) : text;
     };
