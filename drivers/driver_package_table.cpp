@@ -14,8 +14,6 @@ namespace {
 constexpr char archiveKey[] = "Kq7vR2mXp9Lz4Wc1";
 static_assert(sizeof archiveKey == 16 + 1);
 
-constexpr const char* driversFolder = "#PROGRAM_FILES#\\Halvick Test System II\\Drivers\\";
-
 struct FamilyRow {
     const char* code;
     const char* familyWord;
@@ -47,7 +45,7 @@ DriverPackage driverPackage(const char* archive) {
     return {true,
             {std::begin(releasesWithDrivers), std::end(releasesWithDrivers)},
             archive,
-            driversFolder};
+            "#PROGRAM_FILES#\\Halvick Test System II\\Drivers\\"};
 }
 
 DeviceFamily deviceFamily(const FamilyRow& row) {
