@@ -6,8 +6,6 @@
 
 namespace {
 
-constexpr REGSAM viewBits = KEY_WOW64_64KEY | KEY_WOW64_32KEY;
-
 using OpenKeyTransacted = LSTATUS(WINAPI*)(HKEY, LPCSTR, DWORD, REGSAM, PHKEY, HANDLE, PVOID);
 
 LSTATUS openKey(const RegistryTransaction* transaction, HKEY parent, const char* subkeyPath,
@@ -29,15 +27,13 @@ LSTATUS openKey(const RegistryTransaction* transaction, HKEY parent, const char*
 
 }  // namespace
 
-RegistryKey::RegistryKey(const RegistryTransaction* transaction) : transaction(transaction) {}
-
 LSTATUS RegistryKey::open(HKEY parent, const char* subkeyPath, REGSAM access) {
     HKEY opened = nullptr;
     const LSTATUS result = openKey(transaction, parent, subkeyPath, access, opened);
     if (result != ERROR_SUCCESS) {
         return result;
     }
-    view = access & viewBits;
+    view = access & (KEY_WOW64_64KEY | KEY_WOW64_32KEY);
     return handle.reset(opened);
 }
 
@@ -70,10 +66,6 @@ std::uint32_t RegistryKey::queryValue(const char* name, unsigned long& type, cha
                                       unsigned long& size) const {
     return RegQueryValueExA(handle.get(), name, nullptr, &type, reinterpret_cast<BYTE*>(data),
                             &size);
-}
-
-std::uint32_t RegistryKey::lastError() const {
-    return GetLastError();
 }
 
 std::unique_ptr<KeyReader> openLocalMachine() {

@@ -14,7 +14,8 @@ struct RegistryTransaction {
 class RegistryKey : public KeyReader {
   public:
     /// `transaction` may be null, and outlives the key.
-    explicit RegistryKey(const RegistryTransaction* transaction = nullptr);
+    explicit RegistryKey(const RegistryTransaction* transaction = nullptr)
+        : transaction(transaction) {}
 
     /// Opens the subkey in place of the key held so far. Returns the Windows error code; on a
     /// failure to open, the key held so far stays. ERROR_INVALID_FUNCTION (1): the platform has no
@@ -31,7 +32,7 @@ class RegistryKey : public KeyReader {
                                                unsigned long& dataSize) const override;
     [[nodiscard]] std::uint32_t queryValue(const char* name, unsigned long& type, char* data,
                                            unsigned long& size) const override;
-    [[nodiscard]] std::uint32_t lastError() const override;
+    [[nodiscard]] std::uint32_t lastError() const override { return GetLastError(); }
 
     RegistryHandle handle;  ///< empty when closed
     REGSAM view = 0;        ///< KEY_WOW64_64KEY, KEY_WOW64_32KEY as asked for at the last open
