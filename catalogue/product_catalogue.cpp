@@ -3,6 +3,7 @@
 #include <span>
 #include <utility>
 
+#include "catalogue/build_number.h"
 #include "catalogue/product_names.h"
 #include "catalogue/product_traits.h"
 #include "platform/ansi_text.h"
@@ -278,7 +279,7 @@ void CProductData::keepProductData(std::string path, std::string text) {
 
 std::string CProductData::buildVersion() const {
     const auto found = ProductDataValues.find("Version Number");
-    return found == ProductDataValues.end() || found->second.empty() ? compiledInBuild
+    return found == ProductDataValues.end() || found->second.empty() ? INSTALLER_BUILD_TEXT
                                                                      : std::string(found->second);
 }
 

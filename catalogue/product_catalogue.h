@@ -2,7 +2,6 @@
 
 #include <set>
 
-#include "catalogue/build_number.h"
 #include "catalogue/product_data_file.h"
 
 /// The product catalogue: everything that is known about the products without reading a file, and
@@ -69,6 +68,3 @@ class CProductData {
     /// Why the last failing look-up failed.
     std::string lastError;
 };
-
-/// The build that stands when the product-data file gives none.
-inline constexpr const char* compiledInBuild = INSTALLER_BUILD_TEXT;

@@ -1,5 +1,6 @@
 #include "catalogue/product_catalogue.h"
 
+#include "catalogue/build_number.h"
 #include "catalogue/code_directory.h"
 #include "platform/version_number.h"
 #include "tests/rows.h"
@@ -62,5 +63,5 @@ TEST(ProductCatalogue, SetsNameEditionAndBuildIntoTheDisplayName) {
     EXPECT_FALSE(data.productName("", name));
     EXPECT_EQ(data.lastError, "No product id specified.");
     data.keepProductData("", "");
-    EXPECT_EQ(displayName("0g", "", ""), demo + ' ' + compiledInBuild);
+    EXPECT_EQ(displayName("0g", "", ""), demo + " " INSTALLER_BUILD_TEXT);
 }
