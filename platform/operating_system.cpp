@@ -152,21 +152,16 @@ int deliverOperatingSystemName(const OperatingSystemIdentity& identity, char* bu
     if (buffer == nullptr || size == 0) {
         return code::noBuffer;
     }
+    if (identity.delivery == NameDelivery::Withheld) {
+        return identity.code;
+    }
+    const bool checked = identity.delivery == NameDelivery::Checked;
     std::size_t length = identity.name.size();
-    switch (identity.delivery) {
-        case NameDelivery::Withheld:
-            return identity.code;
-        case NameDelivery::Direct:
-            length = length < size ? length : size - 1;
-            break;
-        case NameDelivery::Checked:
-            if (length > size) {
-                return code::nameTooLong;
-            }
-            if (length == size) {
-                length = 0;
-            }
-            break;
+    if (checked && length > size) {
+        return code::nameTooLong;
+    }
+    if (length >= size) {
+        length = checked ? 0 : size - 1;
     }
     std::memcpy(buffer, identity.name.data(), length);
     buffer[length] = '\0';
