@@ -9,12 +9,10 @@ namespace {
 
 void runReportedInstaller(Computer& computer, const std::string& reportPath,
                           const std::string& folder) {
-    const std::optional<std::string> report = computer.fileContent(reportPath);
-    if (!report) {
-        return;
-    }
+    // One that cannot be read names nothing.
+    const std::string report = computer.fileContent(reportPath).value_or("");
     const std::optional<std::string> installer =
-        reportedInstaller(*report, folder, driverInstallerName(computer.isWow64()));
+        reportedInstaller(report, folder, driverInstallerName(computer.isWow64()));
     if (installer && computer.pathKind(*installer) != PathKind::Inaccessible) {
         launchAndWait(computer, *installer, "");
     }
@@ -63,8 +61,7 @@ std::optional<std::string> reportedInstaller(std::string_view report, const std:
     if (quote == std::string_view::npos || report[quote] != '"') {
         return std::nullopt;
     }
-    const std::string relative(report.substr(quote + 1, found + name.size() - quote - 1));
-    return composeCut({folder, "\\", relative});
+    return composeCut({folder, "\\", report.substr(quote + 1, found + name.size() - quote - 1)});
 }
 
 bool installDrivers(Computer& computer, const std::string& sourceDirectory,
