@@ -30,11 +30,9 @@ std::string expanded(const std::string& text, std::string (*variable)(const std:
 }  // namespace
 
 std::string helpFilePath(const std::string& programPath) {
+    const std::size_t name = findLastBackslash(programPath) + 1;  // 0 without a backslash
     const std::size_t dot = programPath.rfind('.');
-    const std::size_t backslash = findLastBackslash(programPath);
-    const bool hasExtension =
-        dot != std::string::npos && (backslash == std::string::npos || dot > backslash);
-    return programPath.substr(0, hasExtension ? dot : std::string::npos) + ".chm";
+    return programPath.substr(0, dot < name ? std::string::npos : dot) + ".chm";
 }
 
 std::string registeredControlPath(unsigned long type, const std::string& text,
