@@ -4,10 +4,8 @@
 #include <initializer_list>
 #include <string>
 
-#if defined(__clang__)
+#if defined(__GNUC__)
 #define FORMAT_TEXT_CHECKED __attribute__((format(printf, 1, 2)))
-#elif defined(__GNUC__)
-#define FORMAT_TEXT_CHECKED __attribute__((format(gnu_printf, 1, 2)))
 #else
 #define FORMAT_TEXT_CHECKED
 #endif
