@@ -15,14 +15,10 @@ static_assert(sizeof(SHELLEXECUTEINFOA) == 60);
 /// The shell hands a start on to extensions that are COM objects. Not earlier than the first start,
 /// so that no dialog waits for it; never undone, as the process ends soon after its last start.
 void initializeCom() {
-    static bool tried = false;
-    if (tried) {
-        return;
-    }
-    tried = true;
     using Initialize = HRESULT(WINAPI*)(void*, DWORD);
-    if (const auto initialize =
-            procedureAddress<Initialize>(loadSystemLibrary("ole32.dll"), "CoInitializeEx")) {
+    static const auto initialize =
+        procedureAddress<Initialize>(loadSystemLibrary("ole32.dll"), "CoInitializeEx");
+    if (initialize != nullptr) {  // at later starts it changes nothing
         initialize(nullptr, COINIT_APARTMENTTHREADED | COINIT_DISABLE_OLE1DDE);
     }
 }
