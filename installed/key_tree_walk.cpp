@@ -31,17 +31,13 @@ bool readValues(const KeyReader& key, InstallationRecord& record, FieldMap& extr
             key.enumerateValue(index, name.data(), nameSize, data.data(), dataSize);
         if (result == errorSuccess) {
             storeValue(record, extras, name.c_str(), textOfData(data.data(), dataSize));
-        } else if (index == 0) {
-            // Kept: a first value that cannot be read does not cost the key its record, a later
-            // one does.
-            continue;
-        } else if (result == errorNoMoreItems) {
-            return true;
-        } else {
-            // Kept: the number is the thread's last error, not what the call returned.
-            setWalkError(
-                formatText("RegEnumValue failed with %d.", static_cast<int>(key.lastError())));
-            return false;
+        } else if (index != 0) {  // Kept: a first value that cannot be read costs no record.
+            if (result != errorNoMoreItems) {
+                // Kept: the number is the thread's last error, not what the call returned.
+                setWalkError(
+                    formatText("RegEnumValue failed with %d.", static_cast<int>(key.lastError())));
+            }
+            return result == errorNoMoreItems;
         }
     }
 }
