@@ -22,13 +22,10 @@ std::uint32_t readStringValue(const KeyReader& key, const char* name, char* buff
     if (!isStringType(dataType)) {
         return errorInvalidData;
     }
-    if (buffer != nullptr) {
-        if (dataSize == 0 && capacity != 0) {
-            buffer[0] = '\0';
-        }
-        if (dataSize != 0 && buffer[dataSize - 1] != '\0') {
-            return errorInvalidData;
-        }
+    if (buffer != nullptr && dataSize == 0 && capacity != 0) {
+        buffer[0] = '\0';
+    } else if (buffer != nullptr && dataSize != 0 && buffer[dataSize - 1] != '\0') {
+        return errorInvalidData;
     }
     size = dataSize;
     if (type != nullptr) {
