@@ -12,7 +12,6 @@
 #include "app/install_app.h"
 
 #include <algorithm>
-#include <iterator>
 #include <tuple>
 
 #include "app/command_line.h"
@@ -152,8 +151,8 @@ bool CInstallApp::SelectProductType(const InstallPlan& plan) {
     }
     machine.dispatchPendingMessage();
     productType = chosen.value_or(0);
-    return std::any_of(std::begin(productChoices), std::end(productChoices),
-                       [this](const ProductChoice& choice) { return choice.type == productType; });
+    return std::ranges::find(productChoices, productType, &ProductChoice::type) !=
+           std::end(productChoices);
 }
 
 bool CInstallApp::SwitchToDemonstration() {
