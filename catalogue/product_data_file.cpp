@@ -20,8 +20,7 @@ bool productDataText(std::optional<std::string> fileContent, bool enciphered, st
                      std::string& error) {
     std::string reason = "The file cannot be read.";
     std::string plain;
-    const bool readable = fileContent && (!enciphered || decipher(*fileContent, plain, reason));
-    if (!readable) {
+    if (!fileContent || (enciphered && !decipher(*fileContent, plain, reason))) {
         error = "Cannot load product data - " + reason;
         return false;
     }
