@@ -12,7 +12,6 @@
 #include "framework/application.h"
 #include "installed/running_instances_win.h"
 #include "platform/ansi_text_win.h"
-#include "platform/file_version_win.h"
 #include "platform/files_win.h"
 #include "platform/operating_system_win.h"
 #include "platform/registry_key_win.h"

@@ -1,5 +1,5 @@
-// The files of Windows: what Computer promises of pathKind, isListed, programPath, fileContent and
-// copyFile holds for these.
+// The files of Windows: what Computer promises of pathKind, isListed, programPath, fileContent,
+// copyFile and fileVersion holds for these.
 #pragma once
 
 #include <windows.h>
@@ -19,3 +19,5 @@
 
 /// Copies over a read-only `target` as well.
 [[nodiscard]] DWORD copyOverFile(const std::string& source, const std::string& target);
+
+[[nodiscard]] bool fileVersionText(const std::string& path, std::string& text);

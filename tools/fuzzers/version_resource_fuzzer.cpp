@@ -1,7 +1,7 @@
 #include <cstring>
 #include <memory>
 
-#include "platform/file_version.h"
+#include "platform/files.h"
 #include "tools/fuzzers/fuzz_input.h"
 
 int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
