@@ -9,19 +9,16 @@
 
 class CDialog;
 
-using MessageHandler = LRESULT (*)(CDialog&, WPARAM, LPARAM);
-using CommandHandler = void (*)(CDialog&);
-
 struct MessageEntry {
     UINT message;
-    MessageHandler handler;
+    LRESULT (*handler)(CDialog&, WPARAM, LPARAM);
 };
 
 /// `notification` is the control's notification code, for example BN_CLICKED.
 struct CommandEntry {
     UINT id;
     UINT notification;
-    CommandHandler handler;
+    void (*handler)(CDialog&);
 };
 
 /// The tables outlive the map; usually they are static.
