@@ -11,16 +11,11 @@
 
 namespace {
 
-struct Field {
-    const char* name;
-    std::string value;
-};
-
-std::string compose(std::initializer_list<Field> fields) {
+std::string compose(std::initializer_list<std::pair<const char*, std::string>> fields) {
     constexpr std::size_t maximumLength = 2048;
     std::string parameters = "/hide_usd ";
-    for (const Field& field : fields) {
-        parameters.append(field.name).append("=").append(field.value).append("`");
+    for (const auto& [name, value] : fields) {
+        parameters.append(name).append("=").append(value).append("`");
     }
     return parameters.substr(0, maximumLength);
 }
