@@ -33,17 +33,12 @@ std::string_view withoutOuterBackslashes(std::string_view path) {
     return path;
 }
 
-std::string extraValue(const FieldMap& extras, std::string_view name) {
-    const auto extra = extras.find(name);
-    return extra == extras.end() ? std::string() : extra->second;
-}
-
 /// Appends the records whose "Registry Key" (letter case ignored) is not in the list yet: of two
 /// records of one key the first stays.
 void mergeInstallations(std::vector<InstallationRecord>& installations,
                         const std::vector<InstallationRecord>& records) {
     const auto keyOf = [](const InstallationRecord& record) {
-        return lowerCase(fieldText(record, "Registry Key"));
+        return lowerCase(fieldText(record.fields, "Registry Key"));
     };
     std::set<std::string> keys;
     for (const InstallationRecord& installation : installations) {
@@ -63,8 +58,8 @@ bool InstallationIndex::load(bool includeLegacy) {
     std::vector<InstallationRecord> read;
     FieldMap extras;
     readTree(makerTree, read, extras, MergeMode::Current);
-    helperLocation = extraValue(extras, "Installation Helper");
-    commonPath = extraValue(extras, "Path");
+    helperLocation = fieldText(extras, "Installation Helper");
+    commonPath = fieldText(extras, "Path");
     if (includeLegacy) {
         readTree(olderMakerTree, read, extras, MergeMode::Legacy);
     }
@@ -100,7 +95,7 @@ std::string InstallationIndex::field(std::size_t position, std::string_view name
     for (const std::string_view answered : answeredFields) {
         if (equalIgnoringCase(answered, name)) {
             const bool old = record.legacy && answered == userDataKey;
-            return std::string(fieldText(record, old ? oldUserDataKey : answered));
+            return std::string(fieldText(record.fields, old ? oldUserDataKey : answered));
         }
     }
     return {};
@@ -118,7 +113,8 @@ bool InstallationIndex::find(std::string_view value, int selector,
         return selector == installation_selector::path ? withoutOuterBackslashes(text) : text;
     };
     for (std::size_t position = records.size(); position-- > 0;) {
-        if (equalIgnoringCase(comparable(fieldText(records[position], field)), comparable(value))) {
+        const std::string_view text = fieldText(records[position].fields, field);
+        if (equalIgnoringCase(comparable(text), comparable(value))) {
             matches.push_back(position);
         }
     }

@@ -30,18 +30,19 @@ InstallationRecord::InstallationRecord() {
     }
 }
 
-std::string_view fieldText(const InstallationRecord& record, std::string_view name) {
-    const auto field = record.fields.find(name);
-    return field == record.fields.end() ? std::string_view() : field->second;
+std::string_view fieldText(const FieldMap& fields, std::string_view name) {
+    const auto field = fields.find(name);
+    return field == fields.end() ? std::string_view() : field->second;
 }
 
 bool isValid(const InstallationRecord& record) {
     for (const std::string_view name : requiredFields) {
-        if (fieldText(record, name).empty()) {
+        if (fieldText(record.fields, name).empty()) {
             return false;
         }
     }
-    return fieldText(record, "Installation Path").empty() != fieldText(record, "Path").empty();
+    return fieldText(record.fields, "Installation Path").empty() !=
+           fieldText(record.fields, "Path").empty();
 }
 
 void storeValue(InstallationRecord& record, FieldMap& extras, std::string_view name,
@@ -58,8 +59,8 @@ void storeValue(InstallationRecord& record, FieldMap& extras, std::string_view n
 }
 
 std::array<std::string, 2> analyserPaths(const InstallationRecord& record) {
-    return {pathBelow(fieldText(record, "Installation Path"), analyser::path),
-            pathBelow(fieldText(record, "Path"), analyser::olderPath)};
+    return {pathBelow(fieldText(record.fields, "Installation Path"), analyser::path),
+            pathBelow(fieldText(record.fields, "Path"), analyser::olderPath)};
 }
 
 std::string_view versionPart(std::string_view fileVersion) {

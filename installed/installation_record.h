@@ -20,8 +20,8 @@ struct InstallationRecord {
 /// Where installations of the older tree keep their user data key.
 inline constexpr std::string_view oldUserDataKey = "Old User Data Key";
 
-/// The field's text; empty when the record has no such field. Points into the record.
-[[nodiscard]] std::string_view fieldText(const InstallationRecord& record, std::string_view name);
+/// The field's text; empty when there is no such field. Points into `fields`.
+[[nodiscard]] std::string_view fieldText(const FieldMap& fields, std::string_view name);
 
 /// Whether the record says enough to be an installation: what it is, and one place where it is.
 [[nodiscard]] bool isValid(const InstallationRecord& record);

@@ -17,22 +17,16 @@ constexpr const char* controlKey =
 constexpr const char* variablesKey =
     "SYSTEM\\CurrentControlSet\\Control\\Session Manager\\Environment";
 
-struct RegistryText {
-    DWORD type = REG_NONE;
-    std::string text;  ///< at most MAX_PATH - 1 bytes
-};
-
-/// A value that only administrators can write. REG_NONE when it is missing, no text or too long.
-RegistryText machineText(const char* keyPath, const char* name) {
+/// A value that only administrators can write, and its type; empty when it is missing, no text or
+/// of MAX_PATH bytes or more.
+std::string machineText(const char* keyPath, const char* name, DWORD& type) {
     RegistryKey key;
     char text[MAX_PATH];
-    unsigned long size = sizeof text;
-    unsigned long type = REG_NONE;
-    if (key.open(HKEY_LOCAL_MACHINE, keyPath, KEY_QUERY_VALUE) != ERROR_SUCCESS ||
-        readStringValue(key, name, text, size, &type) != ERROR_SUCCESS) {
-        return {};
-    }
-    return {type, text};
+    DWORD size = sizeof text;
+    return key.open(HKEY_LOCAL_MACHINE, keyPath, KEY_QUERY_VALUE) == ERROR_SUCCESS &&
+                   readStringValue(key, name, text, size, &type) == ERROR_SUCCESS
+               ? text
+               : "";
 }
 
 /// A variable of the machine's environment, not of the process's: there any program may have set
@@ -42,16 +36,17 @@ std::string machineVariable(const std::string& name) {
         char folder[MAX_PATH] = "";
         return GetSystemWindowsDirectoryA(folder, sizeof folder) < sizeof folder ? folder : "";
     }
-    const RegistryText variable = machineText(variablesKey, name.c_str());
-    return variable.type == REG_SZ ? variable.text : std::string();
+    DWORD type = REG_NONE;
+    const std::string variable = machineText(variablesKey, name.c_str(), type);
+    return type == REG_SZ ? variable : std::string();
 }
 
 /// As registered in the machine's half of the classes, else the system's: HKEY_CLASSES_ROOT puts
 /// the user's half, where any program may write, before it.
 HMODULE loadControl() {
-    const RegistryText registration = machineText(controlKey, nullptr);
-    const std::string path =
-        registeredControlPath(registration.type, registration.text, machineVariable);
+    DWORD type = REG_NONE;
+    const std::string registered = machineText(controlKey, nullptr, type);
+    const std::string path = registeredControlPath(type, registered, machineVariable);
     const HMODULE control = path.empty() ? nullptr : loadLibrary(path);
     return control != nullptr ? control : loadSystemLibrary("hhctrl.ocx");
 }

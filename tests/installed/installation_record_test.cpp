@@ -26,7 +26,7 @@ TEST(InstallationRecord, KeepsValuesThatAreNoFieldsApart) {
         storeValue(record, extras, name, text);
     }
     EXPECT_EQ(record.fields.size(), 13u);
-    EXPECT_EQ(fieldText(record, "Lard"), "a");
+    EXPECT_EQ(fieldText(record.fields, "Lard"), "a");
     EXPECT_EQ(extras, (FieldMap{{"", "c"}, {"Helper", "e"}, {"lard", "b"}}));
 }
 
