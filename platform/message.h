@@ -11,7 +11,6 @@ enum class MessageButtons { Ok, YesNo };
 /// Kept: two boxes stand for themselves, all others belong to the dialog that shows.
 enum class MessageOwner { ActiveDialog, None };
 
-/// A message box to be shown.
 struct Message {
     std::string text;
     MessageIcon icon = MessageIcon::Warning;

@@ -10,7 +10,6 @@ struct RegistryTransaction {
     DWORD opensWithoutHandle = 0;
 };
 
-/// An open registry key, closed with the object.
 class RegistryKey : public KeyReader {
   public:
     /// `transaction` may be null, and outlives the key.

@@ -71,10 +71,6 @@ void CInstallDlg::SetPrompt(const std::string& text) {
     }
 }
 
-void CInstallDlg::SetOfferedTypes(unsigned types) {
-    offeredTypes = types;
-}
-
 MessageMap CInstallDlg::GetMessageMap() const {
     static constexpr MessageEntry messages[] = {
         onMessage<&CInstallDlg::OnPaint>(WM_PAINT),
@@ -124,10 +120,6 @@ LRESULT CInstallDlg::OnPaint(WPARAM, LPARAM) {
              centredOffset(client.bottom, GetSystemMetrics(SM_CYICON)), icon);
     EndPaint(m_hWnd, &paint);
     return 0;
-}
-
-LRESULT CInstallDlg::OnQueryDragIcon(WPARAM, LPARAM) {
-    return reinterpret_cast<LRESULT>(icon);
 }
 
 LRESULT CInstallDlg::OnHelpInfo(WPARAM, LPARAM) {

@@ -17,7 +17,7 @@ class CInstallDlg : public CDialog {
     /// Of any length and number of lines; the dialog grows to fit it, and never shrinks.
     void SetPrompt(const std::string& text);
     /// Bits of product_type. Before DoModal; otherwise the live product alone is offered.
-    void SetOfferedTypes(unsigned types);
+    void SetOfferedTypes(unsigned types) { offeredTypes = types; }
 
     /// The result; to be read after DoModal returned IDOK.
     unsigned productType = product_type::live;
@@ -29,7 +29,7 @@ class CInstallDlg : public CDialog {
 
   private:
     LRESULT OnPaint(WPARAM, LPARAM);
-    LRESULT OnQueryDragIcon(WPARAM, LPARAM);
+    LRESULT OnQueryDragIcon(WPARAM, LPARAM) { return reinterpret_cast<LRESULT>(icon); }
     LRESULT OnHelpInfo(WPARAM, LPARAM);
     void OnHelp();
     template <std::size_t index>
