@@ -26,9 +26,6 @@ InstallPlan planInstallation(std::string_view productCode, const CProductData& c
     }
     plan.deviceFamily = findDeviceFamily(drivers, lowerCase(productCode));
     plan.route = routeOf(plan.deviceFamily);
-    if (plan.route == Route::EndSilently) {
-        return plan;
-    }
     if (plan.route == Route::Ordinary) {
         plan.olderVersions = traitsOf(plan.productNumber).replacesMakerProducts
                                  ? OlderVersions::OfMaker
