@@ -10,7 +10,6 @@
 #include "app/setup_parameters.h"
 #include "catalogue/product_data_loading.h"
 #include "catalogue/product_names.h"
-#include "installed/analyser_path.h"
 #include "platform/ansi_text.h"
 #include "platform/format_text.h"
 

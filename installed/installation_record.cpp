@@ -1,6 +1,5 @@
 #include "installed/installation_record.h"
 
-#include "installed/analyser_path.h"
 #include "platform/ansi_text.h"
 #include "platform/format_text.h"
 

@@ -30,6 +30,15 @@ inline constexpr std::string_view oldUserDataKey = "Old User Data Key";
 void storeValue(InstallationRecord& record, FieldMap& extras, std::string_view name,
                 std::string_view text);
 
+/// Where the analyser is within an installation of any product.
+namespace analyser {
+inline constexpr char program[] = "qmx.exe";
+/// Relative to the install location.
+inline constexpr char path[] = "Executables\\Core\\qmx.exe";
+/// Relative to the "Path" of installations that the older generation of installers made.
+inline constexpr char olderPath[] = "bin\\release\\qmx.exe";
+}  // namespace analyser
+
 /// Where the installation's analyser executable can be, the likelier place first.
 [[nodiscard]] std::array<std::string, 2> analyserPaths(const InstallationRecord& record);
 
