@@ -48,7 +48,8 @@ int run(std::vector<std::string> arguments, const std::string& program) {
     for (const auto& [name, description, addOptions] : commands) {
         CLI::App* const command = app.add_subcommand(name, description);
         command->add_flag("--json", session.json, "Print the result as JSON");
-        command->add_flag("--strict", session.strict, "Count notes and warnings as errors");
+        command->add_flag("--strict", session.strict,
+                          "Count notes and warnings as errors, but for what is noted of a machine");
         addOptions(*command, session);
     }
     try {
