@@ -163,7 +163,7 @@ void compare(Measured measured, Bare bare) {
 }
 
 /// The most memory that the discovery of so many products held at a time.
-std::size_t discoveryMemory(std::size_t expectedCount) {
+unsigned long discoveryMemory(std::size_t expectedCount) {
     const std::size_t heldBefore = heldMemory;
     mostHeldMemory = heldMemory;
     std::vector<InstalledProduct> products;
@@ -171,7 +171,7 @@ std::size_t discoveryMemory(std::size_t expectedCount) {
     if (products.size() != expectedCount) {
         fail("discovery");
     }
-    return mostHeldMemory - heldBefore;
+    return static_cast<unsigned long>(mostHeldMemory - heldBefore);
 }
 
 }  // namespace
@@ -185,7 +185,7 @@ int main() {
     Machine& machine = windowsMachine();
     fillUninstallList(0, ownEntryCount, ownName);
     fillUninstallList(ownEntryCount, entryCount / 10, otherName);
-    const std::size_t memoryOfFew = discoveryMemory(ownEntryCount);
+    const unsigned long memoryOfFew = discoveryMemory(ownEntryCount);
     fillUninstallList(entryCount / 10, entryCount, otherName);
     compare([] { std::ignore = discoveryMemory(ownEntryCount); }, readEntriesBarely);
     fillMakerTree();
@@ -198,9 +198,9 @@ int main() {
             }
         },
         readRecordsBarely);
-    const std::size_t memoryOfAll = discoveryMemory(ownEntryCount);
+    const unsigned long memoryOfAll = discoveryMemory(ownEntryCount);
     fillUninstallList(ownEntryCount, 10 * ownEntryCount, ownName);
-    std::printf("%u %u %u\n", memoryOfFew, memoryOfAll, discoveryMemory(10 * ownEntryCount));
+    std::printf("%lu %lu %lu\n", memoryOfFew, memoryOfAll, discoveryMemory(10 * ownEntryCount));
     RegOverridePredefKey(HKEY_LOCAL_MACHINE, nullptr);
     RegCloseKey(scratch);
     SHDeleteKeyA(HKEY_CURRENT_USER, scratchKey);
