@@ -25,7 +25,12 @@ TEST(ProductCatalogue, ListsNameNothingThatIsNotThere) {
             }
         }
     }
-    EXPECT_EQ(data.FullProductOf.size(), data.DemoOf.size());
+    for (const auto& [code, demonstration] : data.DemoOf) {
+        EXPECT_EQ(data.FullProductOf.at(demonstration), code);
+    }
+    for (const auto& [code, product] : data.ProductNames) {
+        EXPECT_EQ(data.ProductIds.at(product), code);
+    }
     for (const std::string& code : data.ViewerProducts) {
         EXPECT_TRUE(data.DisplayNameTemplates.contains(code)) << code;
     }

@@ -27,8 +27,9 @@ TEST(RegistryKey, ReadsTerminatedStringsOnly) {
             machine.registry.keys["A"]["name"] = {type, data};
             std::unique_ptr<KeyReader> key;
             EXPECT_EQ(machine.localMachine()->openSubkey("A", key), errorSuccess);
-            unsigned long size = 0;
-            const std::uint32_t alone = readStringValue(*key, "NAME", nullptr, size);
+            unsigned long size = 0, typeRead = 99;
+            const std::uint32_t alone = readStringValue(*key, "NAME", nullptr, size, &typeRead);
+            EXPECT_EQ(typeRead, alone == errorSuccess ? type : 99);
             EXPECT_EQ(size, alone == errorSuccess ? data.size() : 0);
             std::string buffer(300, '#');
             const std::uint32_t error = readStringValue(*key, "name", buffer.data(), size = 260);

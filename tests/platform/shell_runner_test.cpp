@@ -30,7 +30,9 @@ TEST(ShellRunner, TellsTheShellsResultElseTheLastError) {
         {"The specified dynamic-link library", 32, 1157},
         {"Operation cancelled by user.", 33, cancelled},
         {"Unknown ShellExecute error !", none, 193},
-        {"Unknown ShellExecute error !", none, 26}};
+        {"Unknown ShellExecute error !", none, 26},
+        {"Unknown ShellExecute error !", none, 1}};
+    EXPECT_EQ(shown(none, none), "Unknown ShellExecute error !");
     for (const auto& [start, result, lastError] : rows) {
         if (result != none) {
             EXPECT_TRUE(shown(result, cancelled).starts_with(start)) << "result " << result;
