@@ -14,12 +14,13 @@ TEST(ProductDataLoading, TellsWhatIsWrongAndTriesAgain) {
     machine.files["C:\\media\\ProductData.ini"].content = "plain";
     machine.files["C:\\comments\\ProductData.ini"].content = ";";
     EXPECT_TRUE(loadProductDataText(data, machine, "C:\\comments", path, error));
+    machine.files["C:\\damaged\\ProductData.inx"];
+    EXPECT_FALSE(loadProductDataText(data, machine, "C:\\damaged", path, error));
     EXPECT_FALSE(loadProductDataText(data, machine, "C:\\nowhere", path, error)) << "none yet";
     EXPECT_EQ(path, "");
     EXPECT_TRUE(loadProductDataText(data, machine, "C:\\media\\", path, error));
     EXPECT_EQ(path, "C:\\media\\ProductData.ini");
-    // Kept from then on.
-    machine.files.clear();
+    machine.files.clear();  // kept from then on
     path.clear();
     EXPECT_TRUE(loadProductDataText(data, machine, "C:\\nowhere", path, error));
     EXPECT_EQ(path, "C:\\media\\ProductData.ini");
