@@ -51,7 +51,7 @@ TEST(AnsiText, TakesACodePageAsTheSystemDescribesIt) {
     }
     EXPECT_EQ(describedCodePage(1, none, lower).lower[0xC9], 0xE9);
     // UTF-8.
-    const CodePage manyBytes = describedCodePage(4, none, lower);
+    const CodePage manyBytes = describedCodePage(3, none, lower);
     EXPECT_EQ(manyBytes.lower, asciiCodePage.lower);
     EXPECT_EQ(manyBytes.lead, asciiCodePage.lead);
 }
