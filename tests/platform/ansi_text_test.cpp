@@ -50,7 +50,7 @@ TEST(AnsiText, TakesACodePageAsTheSystemDescribesIt) {
         EXPECT_EQ(doubleByte.lower[byte], lead ? byte : byte | 0x20) << byte;
     }
     EXPECT_EQ(describedCodePage(1, none, lower).lower[0xC9], 0xE9);
-    // UTF-8.
+    // UTF-8 and the like.
     const CodePage manyBytes = describedCodePage(3, none, lower);
     EXPECT_EQ(manyBytes.lower, asciiCodePage.lower);
     EXPECT_EQ(manyBytes.lead, asciiCodePage.lead);
