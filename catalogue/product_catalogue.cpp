@@ -292,9 +292,12 @@ bool CProductData::displayName(std::string_view code, std::string_view edition, 
     if (qualifiedName.find(edition) == std::string::npos) {
         qualifiedName.append(" ").append(edition);
     }
-    const auto found = DisplayNameTemplates.find(code);
-    name = found == DisplayNameTemplates.end() ? "<PRODUCT NAME>" : found->second;
-    name = replaceAll(name, "<PRODUCT NAME>", qualifiedName, true);
+    const auto displayTemplate = DisplayNameTemplates.find(code);
+    if (displayTemplate == DisplayNameTemplates.end()) {
+        name = qualifiedName;
+        return true;
+    }
+    name = replaceAll(displayTemplate->second, "<PRODUCT NAME>", qualifiedName, true);
     name = replaceAll(name, "<BUILD>", buildVersion(), true);
     return true;
 }
