@@ -31,7 +31,8 @@ bool readValues(const KeyReader& key, InstallationRecord& record, FieldMap& extr
             key.enumerateValue(index, name.data(), nameSize, data.data(), dataSize);
         if (result == errorSuccess) {
             storeValue(record, extras, name.c_str(), textOfData(data.data(), dataSize));
-        } else if (index != 0) {  // Kept: a first value that cannot be read costs no record.
+        } else if (index != 0) {
+            // Kept: a first value that cannot be read costs the key no record, a later one does.
             if (result != errorNoMoreItems) {
                 // Kept: the number is the thread's last error, not what the call returned.
                 setWalkError(
