@@ -85,8 +85,7 @@ std::vector<InstalledProduct> installedViewers(const KeyReader& localMachine) {
 void CInstallApp::InstallDirectly() {
     for (const InstalledProduct& product : installedViewers(*machine.localMachine())) {
         const std::string path = composeCut({product.installLocation, "\\", analyser::path});
-        const std::uint32_t code = machine.stopRunning(analyser::program, path);
-        if (code != 0) {
+        if (const std::uint32_t code = machine.stopRunning(analyser::program, path); code != 0) {
             machine.showMessage(couldNotStopMessage(product, code));
             return;
         }

@@ -144,10 +144,7 @@ bool CInstallApp::SelectProductType(const InstallPlan& plan) {
     selectionError.clear();
     std::optional<unsigned> chosen = product_type::live;
     if (plan.offeredTypes != 0) {
-        chosen = machine.askProductType({.productName = productName,
-                                         .title = title,
-                                         .prompt = prompt,
-                                         .offeredTypes = plan.offeredTypes});
+        chosen = machine.askProductType({productName, title, prompt, plan.offeredTypes});
     }
     machine.dispatchPendingMessage();
     productType = chosen.value_or(0);

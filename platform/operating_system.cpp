@@ -10,8 +10,7 @@ namespace code = operating_system_code;
 
 namespace {
 
-/// Before the service pack is appended to its name.
-using Release = OperatingSystemIdentity;
+using Release = OperatingSystemIdentity;  // before the service pack is appended to its name
 
 OperatingSystemIdentity queryFailure(std::uint32_t error) {
     return {code::notRecognised,
@@ -75,23 +74,7 @@ Release windows5(const OperatingSystemFacts& facts) {
 }
 
 Release windows6OrLater(const OperatingSystemFacts& facts) {
-    struct Row {
-        std::uint32_t majorVersion, minorVersion;
-        int workstationCode;
-        const char* workstationName;
-        int serverCode;
-        const char* serverName;
-    };
-    // Kept: 6.1 alone gives the server the lower code; the driver packages name these codes.
-    static constexpr Row rows[] = {
-        {6, 0, code::windowsVista, "Windows Vista", code::server2008, "Windows Server 2008"},
-        {6, 1, code::windows7, "Windows 7", code::server2008R2, "Windows Server 2008 R2"},
-        {6, 2, code::windows8, "Windows 8", code::server2012, "Windows Server 2012"},
-        {6, 3, code::windows81, "Windows 8.1", code::server2012R2, "Windows Server 2012 R2"},
-        {10, 0, code::windows10, "Windows 10 Insider Preview", code::server10,
-         "Windows Server 10 Technical Preview"},
-    };
-    for (const Row& row : rows) {
+    for (const auto& row : code::releaseRows) {
         if (row.majorVersion == facts.extendedMajorVersion &&
             row.minorVersion == facts.extendedMinorVersion) {
             return facts.productType == productTypeWorkstation
@@ -113,19 +96,19 @@ Release windowsNt(const OperatingSystemFacts& facts) {
             return {code::windowsNt4, "Windows NT 4.0"};
         case 5:
             return windows5(facts);
-        case 6:
-            return windows6OrLater(facts);
         default:
             // Kept: a release newer than these has no name of its own, only its service pack.
-            return {facts.majorVersion < 3 ? code::notRecognised : code::unknownNewer, ""};
+            return code::hasReleaseRow(facts.majorVersion) ? windows6OrLater(facts)
+                   : facts.majorVersion < 3                ? Release{code::notRecognised, ""}
+                                                           : Release{code::unknownNewer, ""};
     }
 }
 
 }  // namespace
 
 bool needsExtendedQuery(const OperatingSystemFacts& facts) {
-    return facts.platformId == platformNt &&
-           (facts.majorVersion == 6 || (facts.majorVersion == 5 && facts.minorVersion == 2));
+    return facts.platformId == platformNt && (code::hasReleaseRow(facts.majorVersion) ||
+                                              (facts.majorVersion == 5 && facts.minorVersion == 2));
 }
 
 OperatingSystemIdentity identifyOperatingSystem(const OperatingSystemFacts& facts) {

@@ -39,6 +39,28 @@ inline constexpr int unknownNewer = 24;   ///< a major version of 7 or more, or 
 inline constexpr int notRecognised = -1;  ///< the query failed, or its answer names no release
 inline constexpr int nameTooLong = -2;    ///< for the caller's buffer
 inline constexpr int noBuffer = -3;
+
+/// The releases that tell workstation from server, by the numbers of OSVERSIONINFOEXA.
+struct ReleaseRow {
+    std::uint32_t majorVersion, minorVersion;
+    int workstationCode;
+    const char* workstationName;
+    int serverCode;
+    const char* serverName;
+};
+// Kept: 6.1 alone gives the server the lower code; the driver packages name these codes.
+inline constexpr ReleaseRow releaseRows[] = {
+    {6, 0, windowsVista, "Windows Vista", server2008, "Windows Server 2008"},
+    {6, 1, windows7, "Windows 7", server2008R2, "Windows Server 2008 R2"},
+    {6, 2, windows8, "Windows 8", server2012, "Windows Server 2012"},
+    {6, 3, windows81, "Windows 8.1", server2012R2, "Windows Server 2012 R2"},
+    {10, 0, windows10, "Windows 10 Insider Preview", server10,
+     "Windows Server 10 Technical Preview"},
+};
+// Kept: not 10, whose row serves where the two queries differ alone.
+constexpr bool hasReleaseRow(std::uint32_t majorVersion) {
+    return majorVersion == 6;
+}
 }  // namespace operating_system_code
 
 /// Everything the identification looks at. The first group mirrors OSVERSIONINFOA, the second
