@@ -12,7 +12,7 @@ import tempfile
 from pathlib import Path
 
 sys.dont_write_bytecode = True
-from sample_parts import executable, make_parts
+from sample_parts import make_desk
 
 ROOT = Path(__file__).resolve().parents[1]
 DOCUMENTS = [ROOT / "README.md", ROOT / "docs" / "release-guide.md"]
@@ -23,13 +23,7 @@ def prepare(folder, tools):
     for place, source in (("build/tools", tools), ("scripts", ROOT / "scripts"), ("tests", ROOT / "tests")):
         (folder / place).parent.mkdir(parents=True, exist_ok=True)
         (folder / place).symlink_to(source)
-    (folder / "build/release").mkdir()
-    (folder / "build/release/installer.exe").write_bytes(executable())
-    make_parts(tools / "installer-tool", folder / "parts")
-    subprocess.run(["openssl", "req", "-x509", "-newkey", "rsa:2048", "-nodes", "-days", "2",
-                    "-subj", "/CN=Trial", "-addext", "extendedKeyUsage=codeSigning",
-                    "-keyout", folder / "key.pem", "-out", folder / "certificate.pem"],
-                   capture_output=True, check=True)
+    make_desk(tools, folder)
 
 
 def shown(command):

@@ -67,6 +67,14 @@ def executable(block=MARKER + bytes(112), flags=0x8540, section=0xC0000040):
     return image[:CHECKSUM] + struct.pack("<I", checksum(image)) + image[CHECKSUM + 4:]
 
 
+def signed(image):
+    """With a signature behind it that says nothing."""
+    image = bytearray(image) + struct.pack("<IHH", 8, 0x200, 2)
+    struct.pack_into("<II", image, CERTIFICATES, len(image) - 8, 8)
+    struct.pack_into("<I", image, CHECKSUM, checksum(image))
+    return bytes(image)
+
+
 def make_parts(tool, folder):
     """Every file that a run of any product needs."""
     products = subprocess.run([tool, "products", "--json"], capture_output=True, check=True).stdout
@@ -79,6 +87,17 @@ def make_parts(tool, folder):
                 path = folder / ("drivers" if name.endswith(".fzx") else "common") / name
             path.parent.mkdir(parents=True, exist_ok=True)
             path.write_bytes(program if name.lower().endswith(".exe") else b"archive")
+
+
+def make_desk(tools, folder):
+    """What a release engineer starts from: a build, the parts, and a certificate to sign with."""
+    (folder / "build/release").mkdir(parents=True)
+    (folder / "build/release/installer.exe").write_bytes(executable())
+    make_parts(tools / "installer-tool", folder / "parts")
+    subprocess.run(["openssl", "req", "-x509", "-newkey", "rsa:2048", "-nodes", "-days", "2",
+                    "-subj", "/CN=Trial", "-addext", "extendedKeyUsage=codeSigning",
+                    "-keyout", folder / "key.pem", "-out", folder / "certificate.pem"],
+                   capture_output=True, check=True)
 
 
 if __name__ == "__main__":
