@@ -1,4 +1,4 @@
-#!/usr/bin/env python3
+#!/usr/bin/env -S python3 -B
 """What a customer gets: installers and media that are signed, whole, and all or nothing.
 
 delivery_test.py FOLDER_OF_THE_TOOLS    signs with a certificate of its own
@@ -6,25 +6,16 @@ delivery_test.py FOLDER_OF_THE_TOOLS    signs with a certificate of its own
 import json
 import os
 import shutil
-import signal
+import struct
 import subprocess
-import sys
-import tempfile
 import unittest
 from pathlib import Path
 
-sys.dont_write_bytecode = True
-sys.path.insert(0, str(Path(__file__).resolve().parents[2] / "scripts"))
-from sample_parts import executable, make_parts
+from desk_harness import DeskTest, run
+from sample_parts import CHECKSUM, FILE_FLAGS, SUBSYSTEM_VERSION, executable, signed
 
-TOOL = Path(sys.argv.pop(1)).resolve() / "installer-tool"
-SIGN = "osslsigncode sign -certs cert.pem -key key.pem -h sha256 -n {name} -in {in} -out {out}"
-DEMANDED = ["--require-signature", "--ca-file", "cert.pem"]
-
-
-def run(*words, **more):
-    return subprocess.run([TOOL, *map(str, words)], capture_output=True, text=True, timeout=300,
-                          check=False, **more)
+SIGN = "osslsigncode sign -certs certificate.pem -key key.pem -h sha256 -n {name} -in {in} -out {out}"
+DEMANDED = ["--require-signature", "--ca-file", "certificate.pem"]
 
 
 def files(folder):
@@ -32,51 +23,32 @@ def files(folder):
             for path in Path(folder).rglob("*") if path.is_file()}
 
 
-def list_anew(folder):
-    """As somebody does who changes files and the list with them."""
-    subprocess.run("find . -type f ! -name SHA256SUMS -printf '%P\\n' | sort | "
-                   "xargs sha256sum > ../sums && mv ../sums SHA256SUMS",
-                   shell=True, cwd=folder, check=True)
+def times(folder):
+    return {path: path.stat().st_mtime_ns for path in Path(folder).rglob("*")}
 
 
-class Delivery(unittest.TestCase):
+class Delivery(DeskTest):
     @classmethod
     def setUpClass(cls):
-        cls.temporary = tempfile.TemporaryDirectory()
-        os.chdir(cls.temporary.name)
-        subprocess.run(["openssl", "req", "-x509", "-newkey", "rsa:2048", "-nodes", "-days", "2",
-                        "-subj", "/CN=Throw-away", "-addext", "extendedKeyUsage=codeSigning",
-                        "-keyout", "key.pem", "-out", "cert.pem"], capture_output=True, check=True)
-        Path("build/release").mkdir(parents=True)
-        Path("build/release/installer.exe").write_bytes(executable())
-        make_parts(TOOL, Path("parts"))
-        Path("layout.json").write_text(run("layout", "--example").stdout)
-        assert run("release", "plain").returncode == 0
-        signed = run("release", "signed", "--sign-command", SIGN, "--ca-file", "cert.pem")
-        assert signed.returncode == 0, signed.stderr
-        assert run("layout", "layout.json", "media", "--release", "signed").returncode == 0
-
-    @classmethod
-    def tearDownClass(cls):
-        os.chdir("/")
-        cls.temporary.cleanup()
+        super().setUpClass()
+        for words in (["release", "plain"], ["release", "signed", "--sign-command", SIGN, *DEMANDED],
+                      ["layout", "layout.json", "media", "--release", "signed"]):
+            made = run(*words)
+            assert made.returncode == 0, made.stderr
 
     def copy(self, source):
         shutil.rmtree("copy", ignore_errors=True)
         shutil.copytree(source, "copy")
         return Path("copy")
 
-    def expect(self, result, code, *messages):
-        for message in messages:
-            self.assertIn(message, result.stdout + result.stderr)
-        self.assertEqual(result.returncode, code, result.stdout + result.stderr)
-
     def test_media_hold_what_was_signed(self):
         for code in ("1k", "04"):
             self.assertEqual(Path(f"media/{code}/Install.exe").read_bytes(),
                              Path(f"signed/{code}/Install.exe").read_bytes())
-        self.expect(run("verify", "signed", *DEMANDED), 0, "signed by /CN=Throw-away")
+        self.expect(run("verify", "signed", *DEMANDED), 0, "signed by /CN=Trial")
+        before = times("media")
         self.expect(run("layout", "layout.json", "media", "--release", "signed"), 0, "0 made, 23 un")
+        self.assertEqual(times("media"), before)
         subprocess.run(["sha256sum", "--check", "--strict", "--quiet", "MANIFEST.sha256"],
                        cwd="media/1k", check=True)
 
@@ -91,7 +63,7 @@ class Delivery(unittest.TestCase):
         self.expect(run("verify", "plain", *DEMANDED), 1, "1k/Install.exe: not signed")
 
     def test_a_set_is_held_against_its_list(self):
-        self.expect(run("check", "--release", "media", *DEMANDED), 0, "signed by /CN=Throw-away")
+        self.expect(run("check", "--release", "media", *DEMANDED), 0, "signed by /CN=Trial")
         copy = self.copy("media")
         shutil.rmtree(copy / "04")
         shutil.copy(copy / "1m/Install.exe", copy / "1w/Install.exe")
@@ -105,7 +77,7 @@ class Delivery(unittest.TestCase):
 
     def test_a_failed_signature_keeps_the_others(self):
         Path("sign.sh").write_text('echo >>calls\n[ "$(wc -l <calls)" -ne 12 ] || exit 1\n'
-                                   'osslsigncode sign -certs cert.pem -key key.pem -in "$1" -out "$2"')
+                                   'osslsigncode sign -certs certificate.pem -key key.pem -in "$1" -out "$2"')
         again = ["release", "late", "--jobs", "1", "--sign-command", "sh sign.sh {in} {out}"]
         self.expect(run(*again), 1, "11 of 23 installers are signed and kept")
         self.expect(run(*again), 0)
@@ -134,6 +106,39 @@ class Delivery(unittest.TestCase):
                 self.expect(run(*words), 1, name.partition("/")[2], "left alone")
                 self.assertEqual(files(folder), before)
 
+    def test_a_release_is_reproducible_and_listed(self):
+        self.expect(run("release", "again", "--jobs", "1"), 0, "UNSIGNED")
+        self.assertEqual(files("again"), files("plain"))
+        subprocess.run(["sha256sum", "--check", "--strict", "--quiet", "SHA256SUMS"], cwd="again",
+                       check=True)
+        bill = json.loads(Path("again/installers.cdx.json").read_text())
+        self.assertEqual(bill["bomFormat"], "CycloneDX")
+        self.assertEqual(sum("hashes" in component for component in bill["components"]), 23)
+
+    def test_what_is_wrong_with_an_installer_is_told(self):
+        image = Path("plain/1k/Install.exe").read_bytes()
+        linked = bytearray(image)
+        struct.pack_into("<H", linked, FILE_FLAGS, 0x102)
+        struct.pack_into("<HH", linked, SUBSYSTEM_VERSION, 4, 0)
+        struct.pack_into("<I", linked, CHECKSUM, 0)
+        Path("weak.exe").write_bytes(executable(flags=0, section=0xE0000040))
+        self.expect(run("stamp", "weak.exe", "1k", "weak-1k.exe"), 0)
+        rows = [
+            ("changed", image[:-1] + b"x", "differs from its checksum", "damaged or changed"),
+            ("cut off", image[:-600], "differs from its checksum", "cut off"),
+            ("another product", Path("plain/1m/Install.exe").read_bytes(), 'stamped "1m"'),
+            ("not stamped", executable(), "is not stamped"),
+            ("without protections", Path("weak-1k.exe").read_bytes(),
+             "ASLR", "NX", "written and run", "NO_SEH", "terminal servers"),
+            ("as other linkers leave it", linked, "from a disc and from the net", "Windows XP"),
+            ("one signed", signed(image), "some installers are signed"),
+        ]
+        for what, content, *messages in rows:
+            with self.subTest(what):
+                copy = self.copy("plain")
+                (copy / "1k/Install.exe").write_bytes(content)
+                self.expect(run("verify", copy), 1, *messages)
+
     def test_a_changed_release_is_seen(self):
         image = run("stamp", "build/release/installer.exe", "1k", "x.exe", "--build", "9.9.9.9")
         changes = {
@@ -147,7 +152,10 @@ class Delivery(unittest.TestCase):
             with self.subTest(what):
                 copy = self.copy("plain")
                 change(copy)
-                list_anew(copy)
+                # Listed as somebody does who changes files and the list with them.
+                subprocess.run("find . -type f ! -name SHA256SUMS -printf '%P\\n' | sort | "
+                               "xargs sha256sum > ../sums && mv ../sums SHA256SUMS",
+                               shell=True, cwd=copy, check=True)
                 self.expect(run("verify", copy), 1, message)
 
     def test_all_that_is_missing_is_told_at_once(self):
@@ -194,8 +202,9 @@ class Delivery(unittest.TestCase):
 
     def test_what_the_command_line_sets(self):
         self.expect(run("layout", "layout.json", "set", "--release", "plain", "--product", "1k",
-                        "--product", "1w", "--build", "17.1.2.3", "--launcher",
+                        "--product", "1w", "--build", "17.1.2.3", "--launcher", "--link",
                         "--set", "1w.installerName=Start.exe"), 0)
+        self.assertTrue(os.path.samefile("set/1k/Setup.Exe", "parts/1k/Setup.Exe"))
         self.assertEqual(Path("set/1w/ProductData.ini").read_bytes(),
                          b"[Version Number]\r\nVersion Number=17.1.2.3\r\n")
         self.assertIn(b'"%~dp0Start.exe" -dir "%~dp0\\"\r\n',
@@ -203,24 +212,6 @@ class Delivery(unittest.TestCase):
         media = json.loads(Path("set/media.json").read_text())["media"]
         self.assertEqual([(one["code"], one["build"]) for one in media],
                          [("1k", "17.1.2.3"), ("1w", "17.1.2.3")])
-
-    def test_wrong_input_is_named(self):
-        Path("tick.ini").write_bytes(b"[Version Number]\r\nVersion Number=1.2`3\r\n")
-        Path("broken.json").write_text('{\n  "build" 1}')
-        rows = [
-            (["encipher", "tick.ini", "tick.inx"], 1, '"`"'),
-            (["layout", "broken.json", "x"], 1, "line 2, column"),
-            (["stamp", "build/release/installer.exe", "1k", "\u0416", "x.exe"], 1, "\u0416"),
-            (["layout", "layout.json", "x", "--set", "nam=x"], 1, "nam"),
-            (["stamp", "build/release/installer.exe", "1K", "y.exe", "--strict"], 1, "stamped as"),
-        ]
-        for words, code, message in rows:
-            with self.subTest(words):
-                self.expect(run(*words), code, message)
-        self.assertFalse(Path("y.exe").exists())
-        with open("/dev/full", "w", encoding="ascii") as full:
-            self.assertEqual(subprocess.run([TOOL, "products"], stdout=full, stderr=subprocess.PIPE,
-                                            check=False).returncode, 1)
 
 
 if __name__ == "__main__":
