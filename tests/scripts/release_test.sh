@@ -14,11 +14,8 @@ openssl pkcs12 -export -inkey "$work/key" -in "$work/certificate" -out "$work/ce
 export PASSWORD_FILE=$work/password
 installer=$(realpath "$1")
 
-# A folder that is no release is left alone; an earlier release is replaced.
+# An earlier release is replaced.
 unset CERTIFICATE TIMESTAMP_URL
-if "$root/scripts/release.sh" "$work" "$installer" >/dev/null 2>&1 || [ ! -e "$work/key" ]; then
-    fail "a folder of other files was replaced"
-fi
 "$root/scripts/release.sh" "$work/release" "$installer" >/dev/null
 CERTIFICATE=$work/certificate.p12 "$root/scripts/release.sh" "$work/release" "$installer" >/dev/null
 cd "$work/release"
