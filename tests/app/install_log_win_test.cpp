@@ -10,7 +10,6 @@
 #include <filesystem>
 #include <fstream>
 #include <iostream>
-#include <string>
 
 #include "platform/files_win.h"
 

@@ -3,7 +3,6 @@
 #include "catalogue/product_code.h"
 #include "desk/computer/described_machine.h"
 #include "tests/rows.h"
-#include "ui/product_type.h"
 
 using namespace product_type;
 

@@ -2,12 +2,10 @@
 
 #include <gtest/gtest.h>
 
-#include "desk/refusal.h"
 #include "desk/western_text.h"
 #include "desk/whole_file.h"
 #include "installed/installation_index.h"
 #include "installed/installed_product.h"
-#include "platform/ansi_text.h"
 
 namespace {
 

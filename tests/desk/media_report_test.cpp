@@ -2,14 +2,9 @@
 
 #include <unistd.h>
 
-#include <filesystem>
-#include <map>
-#include <nlohmann/json.hpp>
-
 #include "app/stamped_identity.h"
 #include "catalogue/cipher.h"
 #include "desk/media/media_folder.h"
-#include "desk/whole_file.h"
 #include "tests/desk/sample_executable.h"
 #include "tests/rows.h"
 

@@ -1,8 +1,6 @@
 // A small executable that its headers and checksum call whole.
 #pragma once
 
-#include <string>
-
 #include "desk/executables/executable.h"
 
 inline std::string executable(const std::string& content) {

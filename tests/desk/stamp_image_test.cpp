@@ -5,8 +5,6 @@
 #include <algorithm>
 #include <iterator>
 
-#include "app/stamped_identity.h"
-#include "desk/refusal.h"
 #include "tests/desk/sample_executable.h"
 
 namespace {

@@ -2,10 +2,6 @@
 
 #include <gtest/gtest.h>
 
-#include <filesystem>
-
-#include "desk/refusal.h"
-
 namespace fs = std::filesystem;
 
 TEST(WholeFile, IsReplacedAndNothingIsLeftBehind) {

@@ -1,7 +1,6 @@
 #include "drivers/driver_installation.h"
 
 #include "desk/computer/described_machine.h"
-#include "platform/operating_system.h"
 #include "tests/rows.h"
 
 using namespace std::string_literals;

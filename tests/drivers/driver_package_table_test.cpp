@@ -1,7 +1,6 @@
 #include "drivers/driver_package_table.h"
 
 #include "drivers/driver_installation.h"
-#include "platform/operating_system.h"
 #include "tests/rows.h"
 
 using namespace operating_system_code;

@@ -1,10 +1,6 @@
 // What a registry for tests holds.
 #pragma once
 
-#include <gtest/gtest.h>
-
-#include <string>
-
 #include "desk/computer/described_machine.h"
 #include "installed/installation_record.h"
 

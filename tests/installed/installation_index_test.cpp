@@ -1,7 +1,6 @@
 #include "installed/installation_index.h"
 
 #include "installed/key_tree_walk.h"
-#include "platform/ansi_text.h"
 #include "tests/installed/described_tree.h"
 #include "tests/rows.h"
 

@@ -1,13 +1,10 @@
 #include "ui/html_help_win.h"
 
-#include <gtest/gtest.h>
-
 #include <cstdlib>
 
 #include "tests/framework/modal_driver_win.h"
 #include "tests/installed/scratch_machine_win.h"
 #include "ui/install_dialog_win.h"
-#include "ui/resource.h"
 
 namespace {
 

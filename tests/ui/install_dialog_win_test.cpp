@@ -5,7 +5,6 @@
 #include <map>
 
 #include "tests/framework/modal_driver_win.h"
-#include "ui/resource.h"
 
 namespace {
 
