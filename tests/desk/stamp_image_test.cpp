@@ -7,8 +7,6 @@
 
 #include "tests/desk/sample_executable.h"
 
-namespace {
-
 constexpr std::size_t optionalHeader = 64 + 24;
 constexpr std::size_t blockOffset = 512;
 const std::string marker(stampMarker, sizeof stampMarker);
@@ -70,5 +68,3 @@ TEST(StampImage, Refuses) {
         EXPECT_EQ(image, given) << reason;
     }
 }
-
-}  // namespace

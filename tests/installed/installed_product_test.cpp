@@ -5,24 +5,12 @@
 
 using namespace std::string_literals;
 
-namespace {
-
 const std::string list = uninstallListKey;
-
-/// The state of an entry with one value that differs from a whole one's.
-EntryState stateWith(const std::string& name, std::uint32_t type, const std::string& data) {
-    DescribedMachine machine;
-    setEntry(machine.registry.keys, "entry", "Halvick Viewer 12");
-    machine.registry.keys["entry"][name] = {type, data};
-    std::unique_ptr<KeyReader> entry;
-    EXPECT_EQ(machine.localMachine()->openSubkey("entry", entry), errorSuccess);
-    InstalledProduct product;
-    return readEntry(*entry, "Halvick", product);
-}
 
 TEST(InstalledProduct, IsReportedWhenItsEntryIsWhole) {
     constexpr std::uint32_t text = 1, expandable = 2, binary = 3;
     const std::string longest(259, 'x');
+    // One value that differs from a whole entry's.
     expectRows<std::tuple<std::string, std::uint32_t, std::string>, EntryState>(
         {{{"Comment", text, "\0"s}, EntryState::Reported},
          {{"DisplayName", expandable, "A Halvick\0"s}, EntryState::Reported},
@@ -32,7 +20,15 @@ TEST(InstalledProduct, IsReportedWhenItsEntryIsWhole) {
          {{"DisplayVersion", text, "11.0.0.0\0"s}, EntryState::Reported},
          {{"DisplayVersion", binary, "11.0.0.0\0"s}, EntryState::NoVersion},
          {{"UninstallString", text, longest + '\0'}, EntryState::Reported}},
-        stateWith);
+        [](const std::string& name, std::uint32_t dataType, const std::string& data) {
+            DescribedMachine machine;
+            setEntry(machine.registry.keys, "entry", "Halvick Viewer 12");
+            machine.registry.keys["entry"][name] = {dataType, data};
+            std::unique_ptr<KeyReader> entry;
+            EXPECT_EQ(machine.localMachine()->openSubkey("entry", entry), errorSuccess);
+            InstalledProduct product;
+            return readEntry(*entry, "Halvick", product);
+        });
 }
 
 TEST(InstalledProduct, IsFoundInTheOrderOfTheListWhateverElseIsInIt) {
@@ -61,5 +57,3 @@ TEST(InstalledProduct, IsFoundInTheOrderOfTheListWhateverElseIsInIt) {
     EXPECT_TRUE(findInstalledMakerProducts(*machine.localMachine(), products));
     EXPECT_EQ(products.size(), 1U);
 }
-
-}  // namespace

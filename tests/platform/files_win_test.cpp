@@ -48,11 +48,8 @@ TEST(FileVersion, IsThatOfTheUsEnglishUnicodeTable) {
     const std::string program = readFileContent((folder / "recorder.exe").string()).value_or("");
     const fs::path path = fs::temp_directory_path() / "with version.exe";
     const auto wide = [](const std::string& text) {
-        std::string bytes;
-        for (const char character : text) {
-            bytes += {character, '\0'};
-        }
-        return bytes;
+        const std::wstring units(text.begin(), text.end());
+        return std::string(reinterpret_cast<const char*>(units.data()), 2 * units.size());
     };
     std::string text = "left over";
     EXPECT_FALSE(fileVersionText(path.string(), text));

@@ -3,15 +3,8 @@
 #include "desk/computer/described_machine.h"
 #include "tests/rows.h"
 
-namespace {
-
 constexpr std::uint32_t none = 0, cancelled = 1223;
 constexpr char nothing[] = "(nothing)";
-
-std::string shown(std::uint32_t result, std::uint32_t lastError) {
-    const char* const text = shellFailureMessage({false, result, lastError});
-    return text == nullptr ? nothing : text;
-}
 
 TEST(ShellRunner, TellsTheShellsResultElseTheLastError) {
     // How each message starts, by the shell's result and by the last error.
@@ -32,6 +25,10 @@ TEST(ShellRunner, TellsTheShellsResultElseTheLastError) {
         {"Unknown ShellExecute error !", none, 193},
         {"Unknown ShellExecute error !", none, 26},
         {"Unknown ShellExecute error !", none, 1}};
+    const auto shown = [](std::uint32_t result, std::uint32_t lastError) -> std::string {
+        const char* const text = shellFailureMessage({false, result, lastError});
+        return text == nullptr ? nothing : text;
+    };
     EXPECT_EQ(shown(none, none), "Unknown ShellExecute error !");
     for (const auto& [start, result, lastError] : rows) {
         if (result != none) {
@@ -77,5 +74,3 @@ TEST(ShellRunner, HandsNoMissingFileToTheShell) {
             });
     }
 }
-
-}  // namespace

@@ -17,16 +17,6 @@ RECT area(HWND control) {
             rectangle.bottom - rectangle.top};
 }
 
-/// Of one line in the prompt's font.
-SIZE extent(HWND prompt, const std::string& line) {
-    const HDC context = GetDC(prompt);
-    SelectObject(context, reinterpret_cast<HFONT>(SendMessageA(prompt, WM_GETFONT, 0, 0)));
-    SIZE size{};
-    GetTextExtentPoint32A(context, line.data(), static_cast<int>(line.size()), &size);
-    ReleaseDC(prompt, context);
-    return size;
-}
-
 // For a prompt that needs the room the dialog and the prompt grow, the other controls move down.
 TEST(InstallDialog, GrowsForItsPrompt) {
     CInstallDlg dialog("Sample");
@@ -50,7 +40,11 @@ TEST(InstallDialog, GrowsForItsPrompt) {
         const int height = area(prompt).bottom;
         // Wider than the prompt's control, and by how many widths.
         const std::string wide(120, 'W');
-        const SIZE line = extent(prompt, wide);
+        SIZE line{};
+        const HDC context = GetDC(prompt);
+        SelectObject(context, reinterpret_cast<HFONT>(SendMessageA(prompt, WM_GETFONT, 0, 0)));
+        GetTextExtentPoint32A(context, wide.data(), static_cast<int>(wide.size()), &line);
+        ReleaseDC(prompt, context);
         dialog.SetPrompt(wide);
         const int lines = 1 + line.cx / area(prompt).right;
         EXPECT_GT(lines, 2);
