@@ -19,22 +19,20 @@ def padded(content, unit):
     return content + bytes(-len(content) % unit)
 
 
-def node(key, kind, value, value_length, children=b""):
-    """A node of a version resource."""
-    body = padded(b"\0" * 6 + wide(key), 4) + value
-    if children:
-        body = padded(body, 4) + children
+def node(key, kind, value_length, content):
+    """A node of a version resource: its value, and the nodes below it."""
+    body = padded(b"\0" * 6 + wide(key), 4) + content
     return struct.pack("<HHH", len(body), value_length, kind) + body[6:]
 
 
 def version_resource():
     def text(key, room):
-        return padded(node(key, 1, wide(" " * (room - 1)), room), 4)
+        return padded(node(key, 1, room, wide(" " * (room - 1))), 4)
 
     texts = text("ProductName", 112) + text("FileDescription", 126) + text("ProductVersion", 29)
-    table = node("040904b0", 1, b"", 0, texts)
+    table = node("040904b0", 1, 0, texts)
     fixed = struct.pack("<13I", 0xFEEF04BD, *range(12))
-    return node("VS_VERSION_INFO", 0, fixed, 52, node("StringFileInfo", 1, b"", 0, table))
+    return node("VS_VERSION_INFO", 0, 52, fixed + node("StringFileInfo", 1, 0, table))
 
 
 # Offsets in the executables made here.
@@ -81,10 +79,8 @@ def make_parts(tool, folder):
     program = executable(block=bytes(128))
     for product in json.loads(products):
         for name in product["files"]:
-            if name == "Setup.Exe":
-                path = folder / product["code"].lower() / name
-            else:
-                path = folder / ("drivers" if name.endswith(".fzx") else "common") / name
+            kind = "drivers" if name.endswith(".fzx") else "common"
+            path = folder / (product["code"].lower() if name == "Setup.Exe" else kind) / name
             path.parent.mkdir(parents=True, exist_ok=True)
             path.write_bytes(program if name.lower().endswith(".exe") else b"archive")
 
