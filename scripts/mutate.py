@@ -31,11 +31,8 @@ HIDDEN = re.compile(
     r'//[^\n]*|/\*.*?\*/|^[ \t]*#(?:\\\n|[^\n])*|R"(\w*)\(.*?\)\1"|"(?:\\.|[^"\\\n])*"'
     r"|(?<!\w)'(?:\\.|[^'\\\n])+'", re.MULTILINE | re.DOTALL)  # fmt: skip
 
-OPERATORS = {
-    "==": "!=", "!=": "==", "<=": "<", ">=": ">", "<": "<=", ">": ">=", "&&": "||", "||": "&&",
-    "+": "-", "-": "+", "*": "+", "/": "*", "%": "/", "+=": "-=", "-=": "+=", "|": "&", "&": "|",
-    "|=": "&=", "&=": "|=",
-}  # fmt: skip
+OPERATORS = dict(zip("== != <= >= <  >  && || + - * / % += -= | & |= &=".split(),
+                     "!= == <  >  <= >= || && - + + * / -= += & | &= |=".split(), strict=True))  # fmt: skip
 OPERATOR = re.compile(r"(?<= )(?:[=!<>+\-|&]=|&&|\|\||[<>+\-*/%|&])(?=[ \n])")
 NUMBER = re.compile(r"(?<![\w.'])(0[xX][0-9a-fA-F]+|\d+)(?![\w.'])")
 TRUTH = re.compile(r"\b(?:true|false)\b")
@@ -46,7 +43,7 @@ SHORT = r"""[\w.:>*&"~\[\]-]+"""  # an argument without brackets or blanks: no d
 ARGUMENTS = re.compile(rf"(?<=[(\s])({SHORT}),\s+({SHORT})(?=[,)])")
 # A line that is a statement and declares nothing.
 STATEMENT = re.compile(
-    r"^ +(?!return|throw|delete|else|case|using)(?:[a-z*][\w.:>()\[\]-]* [-+|&]?= .+|[\w.:>\[\]-]+\(.*\)"
+    r"^( +)(?!return|throw|delete|else|case|using)(?:[a-z*][\w.:>()\[\]-]* [-+|&]?= .+|[\w.:>\[\]-]+\(.*\)"
     r"|std::ignore = .+|(?:\+\+|--)\w+);\n", re.MULTILINE)  # fmt: skip
 # A jump that ends a body; the last line of a function is none, since it must return.
 JUMP = re.compile(r"(?<=\{\n)( +(?:return\b.*|break|continue);\n)(?= +\})", re.MULTILINE)
@@ -91,8 +88,7 @@ def find_breaks(file, source):
             yield *match.span(), ";\n", "removed"
         for match in STATEMENT.finditer(shown):
             following = STATEMENT.match(shown, match.end())
-            indent = re.match(" +", match[0])[0]
-            if following and re.match(" +", following[0])[0] == indent:
+            if following and following[1] == match[1]:
                 both = source[slice(*following.span())] + source[slice(*match.span())]
                 yield match.start(), following.end(), both, "swapped statements"
 
