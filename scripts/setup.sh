@@ -46,11 +46,8 @@ done
 packages+=("$@")
 
 missing() {
-    local package
-    for package; do
-        dpkg-query -W -f '${Status}' "$package" 2>/dev/null | grep -q '^install ok installed$' ||
-            echo "$package"
-    done
+    [ $# -eq 0 ] || dpkg-query -W -f '${Package} ${Status}\n${Package}:${Architecture} ${Status}\n' |
+        sed -n 's/ install ok installed$//p' | grep -vxFf - <(printf '%s\n' "$@")
 }
 
 # not_root REASON: with what can be typed by hand
@@ -101,8 +98,7 @@ if [ "$(id -u)" -ne 0 ]; then
     }
 fi
 echo "setup: installing ${wanted[*]}"
-[ ${#wine32[@]} -eq 0 ] || dpkg --print-foreign-architectures | grep -qx i386 ||
-    as_administrator dpkg --add-architecture i386 >>"$log"
+[ ${#wine32[@]} -eq 0 ] || as_administrator dpkg --add-architecture i386 >>"$log"
 echo "setup: reading the package index"
 # One index of several may be out of reach while the packages can still be had.
 as_administrator apt-get update -o DPkg::Lock::Timeout=600 >>"$log" ||
