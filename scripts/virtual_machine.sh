@@ -23,13 +23,7 @@ say() { echo "virtual_machine: $*"; }
 
 work=$(mktemp -d)
 export MTOOLS_SKIP_CHECK=1 PATH=$PATH:/usr/sbin:/sbin
-qemu=
-# shellcheck disable=SC2317  # reached through the trap
-clean_up() {
-    { [ -z "$qemu" ] || kill -KILL "$qemu" || true; wait; } 2>/dev/null
-    rm -rf "$work"
-}
-trap clean_up EXIT
+trap 'rm -rf "$work"' EXIT
 trap 'exit 130' INT TERM HUP
 trap 'exit 125' ERR
 
@@ -83,14 +77,15 @@ printf '%s\r\n' '@echo off' 'cd /d "%~dp0kit"' 'ping -n 20 127.0.0.1 >nul' 'call
 mcopy -i "$kit_disk" "$work/start.cmd" ::/atlogon.cmd
 
 mkdir -p "$out"
-rm -f "$out"/screen-*.png "$out"/report.txt "$out"/console.txt
-touch "$work/console"
+console=$out/console.txt
+rm -f "$out"/screen-*.png "$out/report.txt" "$console"
+touch "$console"
 [ -w /dev/kvm ] || say "there is no KVM here, so every instruction is translated"
 say "the machine starts"
 # It ends with this script, however that ends. A restart, too, ends it.
 coproc machine {
     exec setpriv --pdeathsig KILL qemu-system-x86_64 -machine "pc,accel=${ACCEL-kvm:tcg}" -m "${MEMORY-2048}" -nodefaults \
-        -vga std -display none -no-reboot -rtc base=localtime -monitor stdio -serial "file:$work/console" \
+        -vga std -display none -no-reboot -rtc base=localtime -monitor stdio -serial "file:$console" \
         -drive "file=$work/system,format=$system_format,if=ide,index=0,cache=unsafe" \
         -drive "file=$work/kit,format=raw,if=ide,index=1,cache=unsafe" \
         -drive "file=$kit/disc.iso,format=raw,if=ide,index=2,media=cdrom,readonly=on" >"$work/monitor" 2>"$work/errors"
@@ -105,25 +100,22 @@ picture() {
 give_up() {
     picture
     sleep 1
-    cp "$work/console" "$out/console.txt"
     fail "$1; the last picture is $last_picture" 124
 }
 SECONDS=0 shown=0
 while sleep 1 && kill -0 "$qemu" 2>/dev/null; do
     [ $SECONDS -lt "$limit" ] || give_up "the kit did not end in $limit seconds"
-    [ -s "$work/console" ] || [ $SECONDS -lt "$start_limit" ] ||
+    [ -s "$console" ] || [ $SECONDS -lt "$start_limit" ] ||
         give_up "the system did not start the kit in $start_limit seconds: is the image prepared?"
     if [ $((SECONDS / 20)) -ne "$shown" ]; then
         shown=$((SECONDS / 20))
         picture
-        say "$SECONDS s: $(tail -n 1 "$work/console" | tr -d '\r')"
+        say "$SECONDS s: $(tail -n 1 "$console" | tr -d '\r')"
     fi
 done
 wait "$qemu" || true
-qemu=
-cp "$work/console" "$out/console.txt"
 mcopy -i "$kit_disk" ::/kit/report.txt "$out" 2>/dev/null || say "there is no report"
-result=$(sed -n 's/^exit code \([0-9]*\).*/\1/p' "$work/console")
-[ -n "$result" ] || fail "the machine ended and the kit had not: $(cat "$work/errors" "$work/console")" 125
+result=$(sed -n 's/^exit code \([0-9]*\).*/\1/p' "$console")
+[ -n "$result" ] || fail "the machine ended and the kit had not: $(cat "$work/errors" "$console")" 125
 say "$SECONDS s, exit code $result; see $out"
 exit "$result"
