@@ -137,13 +137,6 @@ class Run(subprocess.Popen):
                             f"PNG8:{path}"], check=True)
             shown = path.read_bytes()
 
-    def handed_over(self):
-        """The parameters that "Setup.Exe" was started with; None when it was not."""
-        if not self.record.exists():
-            return None
-        # "path" parameters
-        return self.record.read_text(encoding="cp1252").splitlines()[0].split('" ', 1)[1]
-
 
 def demo(by_hand):
     shot = BUILD / "demo" / "install-product.png"
@@ -161,9 +154,10 @@ def demo(by_hand):
                 else:
                     print('  clicks "Install"', flush=True)
                     run.act("Install")
-        parameters = run.handed_over()
-    if parameters is None:
-        sys.exit(None if by_hand else "demo: FAILED: nothing was handed over")
+        if not run.record.exists():
+            sys.exit(None if by_hand else "demo: FAILED: nothing was handed over")
+        # "path" parameters
+        parameters = run.record.read_text(encoding="cp1252").splitlines()[0].split('" ', 1)[1]
     switch, fields = parameters.split(" ", 1)
     print("== Setup.Exe was started with", parameters, sep="\n    ")
     print("== field by field", switch, *filter(None, fields.split("`")), sep="\n    ")
