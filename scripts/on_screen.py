@@ -15,7 +15,6 @@ import signal
 import subprocess
 import sys
 import time
-from dataclasses import dataclass
 
 ROOT = pathlib.Path(__file__).resolve().parent.parent
 BUILD = ROOT / "build"
@@ -72,33 +71,29 @@ class Screen(contextlib.ExitStack):
         self.callback(server.terminate)
         return ":" + server.stdout.readline().strip()
 
-    def wine(self, *command):
-        """Runs a Windows program to its end."""
-        subprocess.run([PREFIX, "run", self.name, *command], stdin=subprocess.DEVNULL,
-                       stdout=subprocess.DEVNULL, stderr=subprocess.DEVNULL, check=False)
-
     def set_registry(self, key, name, value):
         """Sets a text or a number, in the 32-bit half of the registry."""
         kind = "REG_DWORD" if isinstance(value, int) else "REG_SZ"
-        self.wine("reg", "add", key, "/v", name, "/t", kind, "/d", str(value), "/f", VIEW)
+        subprocess.run([PREFIX, "run", self.name, "reg", "add", key, "/v", name, "/t", kind, "/d", str(value),
+                        "/f", VIEW], stdin=subprocess.DEVNULL, stdout=subprocess.DEVNULL,
+                       stderr=subprocess.DEVNULL, check=False)
 
 
 class Run(subprocess.Popen):
-    """A run of a product's installer on fresh media, drive D, whose "Setup.Exe" records how it was started;
-    to be used in a `with` statement. Iterated, it gives the dialogs, one after the other."""
+    """The run of a product's installer on a screen: on media, drive D, whose "Setup.Exe" records how it was
+    started. To be used in a `with` statement. Iterated, it gives the dialogs, one after the other."""
 
     def __init__(self, screen, product, *arguments, without_setup=False):
-        self.media = screen.prefix / "media"
         self.record = screen.prefix / "drive_c" / "record.txt"
-        shutil.rmtree(self.media, ignore_errors=True)
-        self.media.mkdir()
-        stamp(product, self.media / "Install.exe")
-        (self.media / "ProductData.ini").write_bytes(b"[Version Number]\r\nVersion Number=16.4.12000.0\r\n")
+        media = screen.prefix / "media"
+        media.mkdir()
+        stamp(product, media / "Install.exe")
+        (media / "ProductData.ini").write_bytes(b"[Version Number]\r\nVersion Number=16.4.12000.0\r\n")
         if not without_setup:
-            shutil.copy(DRIVER / "recorder.exe", self.media / "Setup.Exe")
+            shutil.copy(DRIVER / "recorder.exe", media / "Setup.Exe")
         drive = screen.prefix / "dosdevices" / "d:"
         drive.unlink(missing_ok=True)
-        drive.symlink_to(self.media)
+        drive.symlink_to(media)
         super().__init__(
             [PREFIX, "run", screen.name, DRIVER / "click_through.exe", r"D:\Install.exe",
              *(arguments or ("-dir", "D:\\"))], env=os.environ | {"RECORD_FILE": r"C:\record.txt"},
@@ -164,30 +159,21 @@ def demo(by_hand):
     print(f"== screenshot: {shot}")
 
 
-@dataclass
-class Shots:
-    """A run and, for each of its dialogs, what is done: "picture NAME" or an action."""
-    product: str
-    dialogs: list
-    installed: tuple = ()  # the versions in the list that Windows keeps
-    arguments: tuple = ()
-    without_setup: bool = False
-    windows: str = ""  # what Wine shall report
-
-    def take(self, screen, suffix):
-        programs = r"HKLM\SOFTWARE\Microsoft\Windows\CurrentVersion\Uninstall"
-        release = r"HKCU\Software\Wine\AppDefaults\Install.exe"
-        for key in (programs, release):
-            screen.wine("reg", "delete", key, "/f", VIEW)
-        if self.windows:
-            screen.set_registry(release, "Version", self.windows)
-        for version in self.installed:
+def take(dots_per_inch, product, *dialogs, installed=(), arguments=(), without_setup=False, windows=""):
+    """Pictures of a run. `dialogs`: what is done in each, "picture NAME" or an action; `installed`: the
+    versions in the list that Windows keeps; `windows`: what Wine shall report."""
+    suffix = "" if dots_per_inch == 96 else f"-{dots_per_inch}dpi"
+    with Screen(dots_per_inch, hidden=True) as screen:
+        if windows:
+            screen.set_registry(r"HKCU\Software\Wine\AppDefaults\Install.exe", "Version", windows)
+        for version in installed:
             for name, value in (("DisplayName", f"Tavlink Classic Analyzer {version}"),
                                 ("DisplayVersion", f"{version}.0.0"), ("UninstallString", r"C:\uninstall.exe"),
                                 ("InstallLocation", r"C:\Tavlink")):
-                screen.set_registry(rf"{programs}\{version}", name, value)
-        with Run(screen, self.product, *self.arguments, without_setup=self.without_setup) as run:
-            for dialog, actions in zip(run, self.dialogs, strict=True):
+                screen.set_registry(rf"HKLM\SOFTWARE\Microsoft\Windows\CurrentVersion\Uninstall\{version}",
+                                    name, value)
+        with Run(screen, product, *arguments, without_setup=without_setup) as run:
+            for dialog, actions in zip(run, dialogs, strict=True):
                 for action in actions:
                     if action.startswith("picture "):
                         print(f'  {action}{suffix}: "{dialog.texts[0]}"', flush=True)
@@ -196,28 +182,19 @@ class Shots:
                         run.act(action)
 
 
-AT_EVERY_RESOLUTION = [
-    Shots("04", [["picture install-product", "Cancel"]]),
-    Shots("04", [["key 40", "key 32", "picture uninstall-prompt", "No, Skip"], ["Cancel"]],
-          installed=("12.10", "13.0", "14.2")),
-]
-ONCE = [
-    Shots("04", [["picture uninstall-prompt-one", "No, Skip"], ["Cancel"]], installed=("14.2",)),
-    Shots("0q", [["picture install-product-live", "Cancel"]]),
-    Shots("1d", [["picture install-product-viewer", "Cancel"]]),
-    Shots("04", [["picture command-line-error", "OK"]], arguments=("-installdir", r"C:\Tavlink")),
-    Shots("04", [["picture operating-system-question", "No"]], windows="win2k"),
-    Shots("04", [["Install"], ["picture setup-missing", "OK"]], without_setup=True),
-]
-
-
 def screenshots():
     for dots_per_inch in (96, 120, 144, 192):
         print(f"== at {dots_per_inch} DPI", flush=True)
-        at_standard = dots_per_inch == 96
-        with Screen(dots_per_inch, hidden=True) as screen:
-            for shots in AT_EVERY_RESOLUTION + (ONCE if at_standard else []):
-                shots.take(screen, "" if at_standard else f"-{dots_per_inch}dpi")
+        take(dots_per_inch, "04", ["picture install-product", "Cancel"])
+        take(dots_per_inch, "04", ["key 40", "key 32", "picture uninstall-prompt", "No, Skip"], ["Cancel"],
+             installed=("12.10", "13.0", "14.2"))
+    print("== at 96 DPI alone", flush=True)
+    take(96, "04", ["picture uninstall-prompt-one", "No, Skip"], ["Cancel"], installed=("14.2",))
+    take(96, "0q", ["picture install-product-live", "Cancel"])
+    take(96, "1d", ["picture install-product-viewer", "Cancel"])
+    take(96, "04", ["picture command-line-error", "OK"], arguments=("-installdir", r"C:\Tavlink"))
+    take(96, "04", ["picture operating-system-question", "No"], windows="win2k")
+    take(96, "04", ["Install"], ["picture setup-missing", "OK"], without_setup=True)
 
 
 def main():
