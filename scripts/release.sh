@@ -26,8 +26,6 @@ installer=${2-$root/build/release/installer.exe}
 
 signing=()
 if [ -n "${CERTIFICATE-}" ]; then
-    # The shell that signs finds them there, whatever characters they hold.
-    export CERTIFICATE PASSWORD_FILE
     if [ -z "${CA_FILE-}" ]; then
         CA_FILE=$(mktemp)
         trap 'rm -f "$CA_FILE"' EXIT
@@ -35,14 +33,14 @@ if [ -n "${CERTIFICATE-}" ]; then
             fail "the certificate \"$CERTIFICATE\" cannot be read"
         cat /etc/ssl/certs/ca-certificates.crt >>"$CA_FILE" 2>/dev/null || true
     fi
-    # shellcheck disable=SC2016 # for the shell that signs
+    # The shell that signs finds them in its environment too, whatever characters they hold.
+    # shellcheck disable=SC2016
     signing=(
         --ca-file "$CA_FILE" --require-signature
         --sign-command 'osslsigncode sign -pkcs12 "$CERTIFICATE" -readpass "$PASSWORD_FILE" \
             -h sha256 -n {name} -in {in} -out {out}'
     )
     if [ -n "${TIMESTAMP_URL-}" ]; then
-        export TIMESTAMP_URL
         # shellcheck disable=SC2016
         signing+=(--timestamp-command 'osslsigncode add -ts "$TIMESTAMP_URL" -in {in} -out {out}')
     fi
