@@ -28,7 +28,6 @@ use() {
 
 make_template() {
     local name=$1 new=$templates/$1.new
-    mkdir -p "$templates" || return 1
     (
         # Another run may be making it.
         flock 9
@@ -56,11 +55,10 @@ make_template() {
 
 start() {
     local template=$templates/$1 copy=$copies/$2
-    make_template "$1" || return 1
+    mkdir -p "$copies" && make_template "$1" || return 1
     use "$1"
     sweep
     stop "$2" || return 1
-    mkdir -p "$copies"
     # A gigabyte of Wine's libraries, which nobody writes to, is shared; stop looks after that.
     cp -al "$template" "$copy" && cp -a --remove-destination "$template"/*.reg "$copy/" || return 1
     [ -z "${SHOW_WINDOWS-}" ] || sed -i '/^"Graphics"="null"$/d' "$copy/user.reg" || return 1
