@@ -150,8 +150,8 @@ std::string setInWords(const Json& document) {
 constexpr std::string_view pageTemplate =
 #include "page.inc"
     ;
-constexpr std::string_view sampleStart = "<script type=\"application/json\" id=\"runs\">";
-static_assert(pageTemplate.find(sampleStart) != std::string_view::npos);
+constexpr std::string_view reportStart = "<script type=\"application/json\" id=\"runs\">";
+static_assert(pageTemplate.find(reportStart) != std::string_view::npos);
 
 /// The document as one page for a browser, for people who would rather look than read; it needs no
 /// other file.
@@ -159,9 +159,8 @@ std::string pageOf(const Json& report) {
     std::string text = report.dump(-1, ' ', false, Json::error_handler_t::replace);
     hideArchiveKeys(text);
     text = replaceAll(text, "<", "\\u003c", false);  // or one could end the script element
-    std::string page(pageTemplate);
-    const std::size_t start = page.find(sampleStart) + sampleStart.size();
-    return page.replace(start, page.find("</script>", start) - start, text);
+    return std::string(pageTemplate)
+        .insert(pageTemplate.find(reportStart) + reportStart.size(), text);
 }
 
 void check(const Choices& choices, Session& session) {

@@ -13,12 +13,18 @@ work=$(mktemp -d)
 trap 'rm -rf "$work"' EXIT
 markup='</script><img src=x><!--<script>'
 sed "s|beta EtherTavlink 2|& $markup|" tests/end_to_end/machines/server.json >"$work/server.json"
-cp desk/page/page.html "$work/sample.html"
+PYTHONPATH=scripts python3 -Bc 'import sys, sample_parts
+sys.stdout.buffer.write(sample_parts.executable())' >"$work/installer.exe"
+cp tests/end_to_end/machines/workshop.json "$work"
 cd "$work"
+echo '{"windows": "Windows 98"}' >old.json
 "$tool" check --html runs.html --installed server.json
 long=$(printf "release/%090d" 0)
 mkdir -p "$long/1k" # a folder without an installer
-"$tool" check --html faults.html --release "$long" >/dev/null || [ $? -eq 1 ]
+"$tool" stamp installer.exe 1q "$long/1q/Install.exe" # media of an installer alone
+"$tool" stamp installer.exe 1r "$long/1r/Install.exe"
+"$tool" check --html faults.html --release "$long" --installed workshop.json --installed old.json \
+    >/dev/null || [ $? -eq 1 ]
 
 cat >measures.html <<'END'
 <pre></pre>
@@ -26,7 +32,6 @@ cat >measures.html <<'END'
 <iframe src="runs.html" width="390" height="800"></iframe>
 <iframe src="runs.html" width="703" height="1031" class="print"></iframe>
 <iframe src="faults.html" width="390" height="800"></iframe>
-<iframe src="sample.html" width="390" height="800"></iframe>
 <script>
 function measured(frame) {
     const view = frame.contentWindow, page = view.document, onPaper = frame.className === 'print';
@@ -61,9 +66,10 @@ onload = () => {
     const frames = [...document.querySelectorAll('iframe')];
     const row = (frame, number) => [...frame.contentDocument.querySelector('#products').rows[number]
         .cells].map((cell) => cell.innerText.replace(/\s+/g, ' ')).join(' | ');
-    document.querySelector('pre').textContent = [...frames.map(measured), row(frames[0], 2),
+    document.querySelector('pre').textContent = [...frames.map(measured),
+        ...[2, 15].map((number) => row(frames[0], number)),
         frames[0].contentDocument.querySelector('.list li').innerText,
-        ...[1, 2, 3, 4].map((number) => row(frames[4], number)), ''].join('\n');
+        ...[2, 3, 4, 5].map((number) => row(frames[3], number)), ''].join('\n');
 };
 </script>
 END
@@ -75,12 +81,12 @@ diff - seen <<END
 runs.html at 1280: 23 products
 runs.html at 390: 23 products
 runs.html at 703: 23 products
-faults.html at 390: 1 products
-sample.html at 390: 2 products
+faults.html at 390: 3 products
 EtherTavlink 07 · 16.4.10002.0 | Asks untested Windows, older versions, product type | 3 offered | – | Live Product, File Viewer, Demonstration
+Tavlink Industrial Analyzer 1m · 16.4.10002.0 | Asks untested Windows, product type | – | 1 | Live Product, File Viewer, Demonstration
 ☑ beta EtherTavlink 2 $(sed 's/</\&lt;/g; s/>/\&gt;/g' <<<"$markup")
-Tavlink Sample Analyzer 1k · 16.4.12001.0 | media/1k | server.json | Asks untested Windows, older versions | 1 offered | 1 | Live Product, Demonstration (a message) | good | 2 problems
-office.json | Asks nothing | 1 removed | – | Without a question
-Tavlink Sample Replay 1r · 16.4.12000.0 | media/1r | server.json | Refused | – | – | – | none | none 1 warning
-office.json | Ends silently | – | – | –
+Bluetooth Protocol Viewer 1Q · 16.4.10002.0 | $long/1q | workshop.json | Asks nothing | 1 removed | – | Without a question (a message) | none | 2 problems 2 warnings
+old.json | Refused | – | – | –
+Tavlink Low Energy Analyzer 1r · 16.4.10002.0 | $long/1r | workshop.json | Ends silently | – | – | – | none | none 3 warnings
+old.json | Refused | – | – | –
 END
