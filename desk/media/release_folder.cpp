@@ -1,6 +1,7 @@
 #include "desk/media/release_folder.h"
 
 #include <algorithm>
+#include <array>
 
 #include "catalogue/build_number.h"
 #include "desk/executables/stamp_image.h"
@@ -11,11 +12,26 @@ namespace {
 
 constexpr const char* maker = "Halvick Test Equipment";
 
-Json thirdParties() {
-    return Json::parse(
-#include "third_parties.inc"
-    );
-}
+/// third_party_notices.txt, which CMake puts between quotes.
+constexpr std::string_view notices =
+#include "third_party_notices.inc"
+    ;
+
+/// What the compiler links into each installer; the executables do not tell its version.
+constexpr struct {
+    const char *reference, *name, *licence, *copyright;
+} linkedLibraries[] = {
+    {"gcc-runtime", "libgcc and libstdc++", "GPL-3.0-or-later WITH GCC-exception-3.1",
+     "Free Software Foundation, Inc."},
+    {"mingw-w64-runtime", "mingw-w64 runtime", "ZPL-2.1 AND LicenseRef-public-domain",
+     "2009-2016 the mingw-w64 project"},
+};
+// The bill of materials says nothing that the notices do not.
+static_assert(std::ranges::all_of(linkedLibraries, [](const auto& library) {
+    return std::ranges::all_of(
+        std::array{library.name, library.licence, library.copyright},
+        [](const char* said) { return notices.find(said) != std::string_view::npos; });
+}));
 
 Json application(const Json& reference, const std::string& name, const Json& version) {
     return {{"type", "application"},
@@ -145,16 +161,13 @@ ReleaseReport examineRelease(const fs::path& folder, const std::string& build,
 
 Json billOfMaterials(const Json& files) {
     Json components = Json::array(), dependencies = Json::array(), libraries = Json::array();
-    // What the compiler links into each; the executables do not tell its version.
-    for (const Json& part : thirdParties()) {
-        if (part["linkedInto"] == "installer") {
-            libraries.push_back(part["reference"]);
-            components.push_back({{"type", "library"},
-                                  {"bom-ref", part["reference"]},
-                                  {"name", part["name"]},
-                                  {"licenses", Json::array({{{"expression", part["licence"]}}})},
-                                  {"copyright", part["copyright"]}});
-        }
+    for (const auto& [reference, name, licence, copyright] : linkedLibraries) {
+        libraries.push_back(reference);
+        components.push_back({{"type", "library"},
+                              {"bom-ref", reference},
+                              {"name", name},
+                              {"licenses", Json::array({{{"expression", licence}}})},
+                              {"copyright", copyright}});
     }
     for (const Json& file : files) {
         const Json& path = file["path"];
@@ -180,15 +193,5 @@ Json billOfMaterials(const Json& files) {
 }
 
 std::string thirdPartyNotices() {
-    std::string text = "Parts of other makers, and the terms under which they are used.\n";
-    for (const Json& part : thirdParties()) {
-        text += "\n" + std::string(78, '-') + "\n" + part["name"].get<std::string>() + ", in " +
-                (part["linkedInto"] == "installer"
-                     ? "every Install.exe"
-                     : "installer-tool, which makes releases and is not shipped") +
-                "\nLicence: " + part["licence"].get<std::string>() +
-                "\nCopyright: " + part["copyright"].get<std::string>() + "\n\n" +
-                inLines("", part["text"]);
-    }
-    return text;
+    return std::string(notices);
 }
