@@ -51,20 +51,13 @@ void requireOrdinary(const std::string& path, const fs::file_status& status,
 /// Hands on the bytes of a file in pieces of a mebibyte, the last of them smaller.
 template <class Take>
 void readInPieces(const std::string& path, Take take) {
-    std::error_code failure;
-    const fs::file_status status = fs::status(path, failure);
-    if (failure) {
-        refuse(path, "cannot be read: " + failure.message() + '.');
-    }
-    requireOrdinary(path, status, "read");
-    std::ifstream file(path, std::ios::binary);
-    if (!file) {
-        refuse(path, "cannot be read: " + lastReason() + '.');
-    }
+    std::error_code ignored;  // opening the file fails for the same reason
+    requireOrdinary(path, fs::status(path, ignored), "read");
     std::string piece(1 << 20, '\0');
+    std::ifstream file(path, std::ios::binary);
     do {
         file.read(piece.data(), static_cast<std::streamsize>(piece.size()));
-        if (file.bad()) {
+        if (!file.is_open() || file.bad()) {
             refuse(path, "cannot be read: " + lastReason() + '.');
         }
         take(std::string_view(piece).substr(0, static_cast<std::size_t>(file.gcount())));
