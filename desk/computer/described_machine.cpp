@@ -47,11 +47,10 @@ bool DescribedMachine::fileVersion(const std::string& path, std::string& text) {
 }
 
 std::uint32_t DescribedMachine::copyFile(const std::string& source, const std::string& target) {
-    const std::uint32_t* const failure = valueIn(copyErrors, target);
     const DescribedFile* const file = valueIn(files, source);
-    const std::uint32_t error = failure != nullptr ? *failure
-                                : file == nullptr  ? errorFileNotFound
-                                                   : errorSuccess;
+    const std::uint32_t error = copyErrors.contains(target) ? copyErrors.at(target)
+                                : file == nullptr           ? errorFileNotFound
+                                                            : errorSuccess;
     if (error == 0) {
         files[target] = DescribedFile(*file);
     }
@@ -63,8 +62,7 @@ std::uint32_t DescribedMachine::copyFile(const std::string& source, const std::s
 }
 
 std::uint32_t DescribedMachine::stopRunning(const std::string&, const std::string& path) {
-    const std::uint32_t* const result = valueIn(stopResults, path);
-    const std::uint32_t code = result == nullptr ? 0 : *result;
+    const std::uint32_t code = stopResults.contains(path) ? stopResults.at(path) : 0;
     keep({.kind = RunStep::Kind::Stop, .program = path, .succeeded = code == 0});
     return code;
 }
@@ -157,9 +155,6 @@ StartResult DescribedMachine::startProgram(RunStep::Kind kind, const std::string
     if (result.started && program != nullptr) {
         for (const auto& [written, content] : program->writes) {
             files[written] = content;
-        }
-        for (const std::string& removed : program->removes) {
-            files.erase(removed);
         }
     }
     return result;

@@ -57,7 +57,6 @@ struct DescribedFile {
 struct DescribedProgram {
     std::optional<StartResult> failure = std::nullopt;  ///< nothing: it starts
     std::map<std::string, DescribedFile> writes = {};   ///< by full path
-    std::vector<std::string> removes = {};              ///< files, by full path
 };
 
 class DescribedMachine : public Machine {

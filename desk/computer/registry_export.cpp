@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <charconv>
+#include <sstream>
 
 #include "desk/western_text.h"
 #include "platform/ansi_text.h"
@@ -41,15 +42,13 @@ bool readHexadecimal(std::string_view text, Number& number) {
 
 /// Bytes with commas between them, of which one may stand at the end.
 bool readBytes(std::string_view list, std::string& bytes) {
-    list = trimmed(list);
-    while (!list.empty()) {
-        const std::size_t comma = std::min(list.find(','), list.size());
+    std::istringstream items{std::string(trimmed(list))};
+    for (std::string item; std::getline(items, item, ',');) {
         std::uint8_t byte = 0;
-        if (!readHexadecimal(trimmed(list.substr(0, comma)), byte)) {
+        if (!readHexadecimal(trimmed(item), byte)) {
             return false;
         }
         bytes += static_cast<char>(byte);
-        list.remove_prefix(std::min(comma + 1, list.size()));
     }
     return true;
 }
