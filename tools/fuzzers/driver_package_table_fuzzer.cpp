@@ -2,8 +2,8 @@
 #include "platform/ansi_text.h"
 #include "tools/fuzzers/fuzz_input.h"
 
-int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
-    const std::string list(asText(data, size));
+void fuzz(std::string_view input) {
+    const std::string list(input);
     DriverPackageTable table;
     require(buildDriverPackageTable(table, list) == !table.empty());
     require(table.size() <= 6);
@@ -17,5 +17,4 @@ int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
         require((findDeviceFamily(table, code) != nullptr) ==
                 (separated.find(';' + std::string(code) + ';') != std::string::npos));
     }
-    return 0;
 }

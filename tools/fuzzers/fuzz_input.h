@@ -1,4 +1,4 @@
-// The input of a fuzzer as text and numbers.
+// What a fuzzer is made of.
 #pragma once
 
 #include <cstddef>
@@ -6,12 +6,8 @@
 #include <cstdlib>
 #include <string_view>
 
-/// Called by libFuzzer with each input.
-extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size);
-
-inline std::string_view asText(const std::uint8_t* data, std::size_t size) {
-    return {reinterpret_cast<const char*>(data), size};
-}
+/// What each fuzzer does with an input.
+void fuzz(std::string_view input);
 
 /// The text up to the first zero byte; `rest` keeps what follows it.
 inline std::string_view takeText(std::string_view& rest) {

@@ -5,8 +5,8 @@
 #include "platform/operating_system.h"
 #include "tools/fuzzers/fuzz_input.h"
 
-int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
-    FuzzedDataProvider input(data, size);
+void fuzz(std::string_view bytes) {
+    FuzzedDataProvider input(reinterpret_cast<const std::uint8_t*>(bytes.data()), bytes.size());
     // Most are small; the largest stands for all that are not.
     const auto number = [&input] {
         const auto small = input.ConsumeIntegral<std::uint8_t>();
@@ -41,5 +41,4 @@ int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
     for (std::size_t index = bufferSize; index < sizeof buffer; ++index) {
         require(buffer[index] == 'x');
     }
-    return 0;
 }

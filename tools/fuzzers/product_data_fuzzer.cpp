@@ -1,9 +1,9 @@
 #include "catalogue/product_data_file.h"
 #include "tools/fuzzers/fuzz_input.h"
 
-int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
-    const std::string text = withoutComments(std::string(asText(data, size)));
-    require(text.size() <= size);
+void fuzz(std::string_view input) {
+    const std::string text = withoutComments(std::string(input));
+    require(text.size() <= input.size());
     ValueParts values;
     if (readVersionSection(text, values)) {
         require(!values.empty());
@@ -12,5 +12,4 @@ int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
             require(value.find('\r') == std::string_view::npos);
         }
     }
-    return 0;
 }

@@ -1,8 +1,7 @@
 #include "tools/fuzzers/fuzz_input.h"
 #include "ui/install_dialog.h"
 
-int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
-    const std::string_view prompt = asText(data, size);
+void fuzz(std::string_view prompt) {
     const std::vector<std::string_view> lines = promptLines(prompt);
     require(!lines.empty() && lines.back().end() == prompt.end());
     std::vector<TextExtent> extents;
@@ -18,11 +17,10 @@ int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
         at = line.data() + line.size();
         extents.push_back({static_cast<int>(line.size()) * 6, 13});
     }
-    const int height = size == 0 ? 0 : data[0];
+    const int height = prompt.empty() ? 0 : static_cast<unsigned char>(prompt[0]);
     const int growth = promptGrowth(extents, 60, height);
     require(growth == 0 || growth >= 4);
     require(growth != 0 || static_cast<int>(lines.size()) * 13 <= height);
     require(promptGrowth(extents, 61, height) <= growth);
     require(promptGrowth(extents, 60, height + 1) <= growth);
-    return 0;
 }

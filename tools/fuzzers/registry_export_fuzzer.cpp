@@ -1,10 +1,10 @@
 #include "desk/computer/registry_export.h"
 #include "tools/fuzzers/fuzz_input.h"
 
-int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
+void fuzz(std::string_view input) {
     RegistryKeys keys;
     std::vector<std::string> problems;
-    readRegistryExport(asText(data, size), keys, problems);
+    readRegistryExport(input, keys, problems);
     require(problems.size() <= 20);
     const std::string* before = nullptr;
     for (const auto& [path, values] : keys) {
@@ -13,5 +13,4 @@ int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
         require(before == nullptr || (KeyPathOrder()(*before, path) && !isBelow(*before, path)));
         before = &path;
     }
-    return 0;
 }

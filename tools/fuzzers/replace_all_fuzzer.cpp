@@ -1,8 +1,7 @@
 #include "platform/ansi_text.h"
 #include "tools/fuzzers/fuzz_input.h"
 
-int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
-    std::string_view rest = asText(data, size);
+void fuzz(std::string_view rest) {
     const std::string_view pattern = takeText(rest);
     const std::string_view replacement = takeText(rest);
     for (const bool ignoreCase : {false, true}) {
@@ -15,5 +14,4 @@ int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
             require(result.size() <= rest.size());
         }
     }
-    return 0;
 }

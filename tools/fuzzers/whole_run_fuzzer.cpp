@@ -219,13 +219,12 @@ void requireOrder(const DescribedMachine& machine, const CInstallApp& app) {
 
 }  // namespace
 
-int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
-    FuzzedDataProvider input(data, size);
+void fuzz(std::string_view bytes) {
+    FuzzedDataProvider input(reinterpret_cast<const std::uint8_t*>(bytes.data()), bytes.size());
     DescribedMachine machine;
     ComputerMaker maker(input);
     maker.fill(machine);
     CInstallApp app(machine);
     std::ignore = app.InitInstance();
     requireOrder(machine, app);
-    return 0;
 }
