@@ -17,40 +17,39 @@
 namespace {
 
 const std::string media = "E:\\m`1\\";  // a backquote, which the string takes over
-const std::string programFiles = "C:\\P";
+const std::string usualProgramFiles = "C:\\P";
 
-class ComputerMaker {
+class HostileMachine : public DescribedMachine {
   public:
-    explicit ComputerMaker(FuzzedDataProvider& input) : input(input) {}
-
-    void fill(DescribedMachine& machine) {
+    explicit HostileMachine(std::string_view bytes)
+        : input(reinterpret_cast<const std::uint8_t*>(bytes.data()), bytes.size()) {
         static const CProductData catalogue;
-        auto product = catalogue.ProductNames.begin();
-        std::advance(product, input.ConsumeIntegralInRange<std::size_t>(
-                                  0, catalogue.ProductNames.size() - 1));
-        machine.identity = {product->first, product->second};
+        const auto& [code, name] = *std::next(
+            catalogue.ProductNames.begin(),
+            input.ConsumeIntegralInRange<int>(0, std::ssize(catalogue.ProductNames) - 1));
+        identity = {code, name};
         if (rarely()) {
-            machine.identity = {text().substr(0, 7), text().substr(0, 103)};
-        } else if (machine.identity.code == "1q") {
-            machine.identity.code = "1Q";
+            identity = {text().substr(0, 7), text().substr(0, 103)};
+        } else if (identity.code == "1q") {
+            identity.code = "1Q";
         }
-        machine.commandLine = {media + "Install.exe", "-dir", media};
+        commandLine = {media + "Install.exe", "-dir", media};
         while (rarely()) {
-            machine.commandLine.push_back(oneOf({"-dir", "-installdir", media, "E:\\other"}));
+            commandLine.push_back(oneOf({"-dir", "-installdir", media, "E:\\other"}));
         }
-        machine.administrator = !rarely();
-        machine.wow64 = input.ConsumeBool();
-        machine.programFiles = rarely() ? text() : programFiles;
-        machine.facts = {.platformId = 2, .majorVersion = 6, .minorVersion = 1, .productType = 1};
+        administrator = !rarely();
+        wow64 = input.ConsumeBool();
+        programFiles = rarely() ? text() : usualProgramFiles;
+        facts = {.platformId = 2, .majorVersion = 6, .minorVersion = 1, .productType = 1};
         if (rarely()) {
-            machine.facts.majorVersion = input.ConsumeIntegral<std::uint8_t>();
-            machine.facts.minorVersion = input.ConsumeIntegral<std::uint8_t>();
-            machine.facts.productType = input.ConsumeIntegral<std::uint8_t>();
+            facts.majorVersion = input.ConsumeIntegral<std::uint8_t>();
+            facts.minorVersion = input.ConsumeIntegral<std::uint8_t>();
+            facts.productType = input.ConsumeIntegral<std::uint8_t>();
         }
-        fillFiles(machine);
-        fillUninstallList(machine.registry);
-        fillIndex(machine.registry);
-        machine.user = [this](const ShownDialog& dialog) {
+        fillFiles();
+        fillUninstallList();
+        fillIndex();
+        user = [this](const ShownDialog& dialog) {
             std::vector<std::string> actions;
             for (const auto* labels : {&dialog.rows, &dialog.choices}) {
                 std::copy_if(labels->begin(), labels->end(), std::back_inserter(actions),
@@ -69,29 +68,29 @@ class ComputerMaker {
         return input.PickValueInArray(texts);
     }
 
-    void fillFiles(DescribedMachine& machine) {
-        machine.files[media] = {.kind = PathKind::Directory};
+    void fillFiles() {
+        files[media] = {.kind = PathKind::Directory};
         for (const char* const name : {setupUtilityFile, "flatten.exe", replacementUninstallerFile,
                                        "SerialTavlinkDrivers.fzx", "CorvaneTavlinkDrivers.fzx"}) {
             if (!rarely()) {
-                machine.files[media + name] = {};
+                files[media + name] = {};
             }
         }
         for (const char* const name : {"ProductData.ini", "ProductData.inx"}) {
             if (rarely()) {
-                machine.files[media + name].content =
+                files[media + name].content =
                     input.ConsumeBool() ? "[Version Number]\r\nVersion Number=" + text() : text();
             }
         }
         const std::string installer =
             oneOf({"dpinst_64.exe", "dpinst_32.exe", "x\\..\\dpinst_64.exe", ""});
-        const std::string folder = programFiles + "\\Halvick Test System II\\Drivers\\";
-        machine.files[folder + installer] = {};
-        machine.programs[media + "flatten.exe"].writes[media + "report.txt"].content =
+        const std::string folder = usualProgramFiles + "\\Halvick Test System II\\Drivers\\";
+        files[folder + installer] = {};
+        programs[media + "flatten.exe"].writes[media + "report.txt"].content =
             rarely() ? text() : "\"" + installer + "\"";
         for (const std::string& program : {media + setupUtilityFile, media + "flatten.exe"}) {
             if (rarely()) {
-                machine.programs[program].failure = {
+                programs[program].failure = {
                     .instance = input.ConsumeIntegralInRange<std::uintptr_t>(0, 33),
                     .lastError = input.ConsumeIntegral<std::uint16_t>()};
             }
@@ -109,7 +108,7 @@ class ComputerMaker {
         return made;
     }
 
-    void failSometimes(DescribedRegistry& registry, const std::string& path) {
+    void failSometimes(const std::string& path) {
         if (rarely()) {
             registry.failures[path] = {
                 .open = input.ConsumeIntegralInRange<std::uint32_t>(0, 2) == 1 ? 5u : 0u,
@@ -119,8 +118,8 @@ class ComputerMaker {
         }
     }
 
-    void fillUninstallList(DescribedRegistry& registry) {
-        failSometimes(registry, uninstallListKey);
+    void fillUninstallList() {
+        failSometimes(uninstallListKey);
         while (input.ConsumeBool()) {
             const std::string key = uninstallListKey + ("\\" + text());
             RegistryValues& values = registry.keys[key];
@@ -130,11 +129,11 @@ class ComputerMaker {
             const std::string program = oneOf({"C:\\v\\setup.exe", "C:\\v\\uninst.exe", ""});
             values["UninstallString"] = value(program + oneOf({"", " /x", "\" /x"}));
             values["InstallLocation"] = value(oneOf({"C:\\v", "C:\\v\\", ""}));
-            failSometimes(registry, key);
+            failSometimes(key);
         }
     }
 
-    void fillIndex(DescribedRegistry& registry) {
+    void fillIndex() {
         while (input.ConsumeBool()) {
             const std::string tree = input.ConsumeBool() ? makerTree : olderMakerTree;
             const std::string key = tree + text();
@@ -144,11 +143,11 @@ class ComputerMaker {
             }
             registry.keys[key]["Program Folder"] =
                 value(oneOf({"Halvick Tavlink Serial Analyzer", "Bluetooth SIG", "x"}));
-            failSometimes(registry, key);
+            failSometimes(key);
         }
     }
 
-    FuzzedDataProvider& input;
+    FuzzedDataProvider input;
 };
 
 std::size_t backquotes(const std::string& text) {
@@ -220,10 +219,7 @@ void requireOrder(const DescribedMachine& machine, const CInstallApp& app) {
 }  // namespace
 
 void fuzz(std::string_view bytes) {
-    FuzzedDataProvider input(reinterpret_cast<const std::uint8_t*>(bytes.data()), bytes.size());
-    DescribedMachine machine;
-    ComputerMaker maker(input);
-    maker.fill(machine);
+    HostileMachine machine(bytes);
     CInstallApp app(machine);
     std::ignore = app.InitInstance();
     requireOrder(machine, app);
