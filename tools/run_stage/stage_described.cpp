@@ -4,10 +4,9 @@
 
 #include <algorithm>
 #include <cstdlib>
-#include <iterator>
+#include <optional>
 
 #include "app/install_app.h"
-#include "catalogue/product_catalogue.h"
 #include "desk/computer/machine_description.h"
 #include "desk/western_text.h"
 #include "platform/ansi_text.h"
@@ -15,7 +14,7 @@
 namespace {
 
 /// The machine of the row that is played.
-DescribedMachine* onStage = nullptr;
+std::optional<DescribedMachine> onStage;
 
 std::string joined(const std::vector<std::string>& texts, const std::string& mark = "") {
     std::string all;
@@ -34,14 +33,13 @@ std::string described(const ShownDialog& dialog) {
            joined(dialog.choices) + joined(dialog.buttons);
 }
 
+/// What was done, a dialog aside.
 std::string wordsOf(const RunStep& step) {
     std::string program = step.program;
     if (program.starts_with('"')) {  // the shell takes a quoted name without its quotes
         program = program.substr(1, program.size() - 2);
     }
     switch (step.kind) {
-        case RunStep::Kind::Dialog:
-            return described(step.dialog) + '\n';
         case RunStep::Kind::Stop:
             return stopped(step.program).seen;
         case RunStep::Kind::Copy:
@@ -50,11 +48,9 @@ std::string wordsOf(const RunStep& step) {
             return logged(step.target).seen;
         case RunStep::Kind::Wait:
             return "waits " + std::to_string(step.seconds) + " seconds\n";
-        case RunStep::Kind::Run:
-        case RunStep::Kind::Launch:
-            break;
+        default:
+            return step.succeeded ? ran(program, step.arguments).seen : "";
     }
-    return step.succeeded ? ran(program, step.arguments).seen : "";
 }
 
 /// What is expected, as far as it is the same whatever the run comes to.
@@ -66,11 +62,9 @@ std::string wordsOf(const Step& step) {
             return "";
         case Step::Kind::WaitForFile:  // which stays where it is
             return "waits 180 seconds\n";
-        case Step::Kind::Program:
-        case Step::Kind::Unseen:
-            break;
+        default:
+            return step.seen;
     }
-    return step.seen;
 }
 
 void addFolders(const std::string& path) {
@@ -138,64 +132,42 @@ Given release(const std::string& name) {
     };
 }
 
-std::string play(const Case& row) {
-    if (row.where == Where::OnWindows) {
-        return "";
-    }
-    SCOPED_TRACE(row.name);
+void clearStage(const ProductIdentity& product) {
     useCodePage(westernCodePage());
-    DescribedMachine described;
-    onStage = &described;
+    onStage.emplace().identity = product;
     setRelease("Windows 7");
-    const std::string code = row.name.substr(0, row.name.find(':'));
-    CProductData catalogue;
-    described.identity.code = code == "1q" ? "1Q" : code;
-    std::ignore = catalogue.productName(code, described.identity.name);
-    described.commandLine = row.arguments;
-    described.commandLine.insert(described.commandLine.begin(), scratch + "Install.exe");
-    setupIn(media)();
-    file(elsewhere + "ProductData.ini", "[Version Number]\r\nVersion Number=9.9.9.9\r\n")();
-    for (const Given& given : row.given) {
-        given();
-    }
+}
 
-    std::string expected, seen;
+Performance perform(const Case& row) {
+    onStage->commandLine = row.arguments;
+    onStage->commandLine.insert(onStage->commandLine.begin(), scratch + "Install.exe");
+    std::vector<std::string> dialogs;  ///< in the row's words, where they fit
     auto next = row.steps.begin();
-    described.user =
-        [&, meanwhile = described.user](const ShownDialog& dialog) -> std::vector<std::string> {
+    onStage->user = [&, meanwhile =
+                            onStage->user](const ShownDialog& dialog) -> std::vector<std::string> {
         if (meanwhile) {
             std::ignore = meanwhile(dialog);
         }
-        const std::string shown = ::described(dialog);
-        while (next != row.steps.end() &&
-               (next->kind == Step::Kind::Program || next->kind == Step::Kind::Unseen ||
-                next->kind == Step::Kind::WaitForFile ||
-                (next->kind == Step::Kind::DialogOfSomePlatforms && !fits(*next, shown)))) {
-            ++next;
-        }
-        return next == row.steps.end() ? std::vector<std::string>() : (next++)->actions;
+        next = std::find_if(next, row.steps.end(),
+                            [](const Step& step) { return step.kind == Step::Kind::Dialog; });
+        const Step step = next == row.steps.end() ? Step() : *next++;
+        const std::string shown = described(dialog);
+        dialogs.push_back(fits(step, shown) ? step.seen : shown);
+        return step.actions;
     };
-    const bool wentOn = CInstallApp(described).InitInstance();
-    const bool doesNothing = described.steps.empty();
-    const bool launches = !doesNothing && described.steps.back().kind == RunStep::Kind::Launch;
+    const bool wentOn = CInstallApp(*onStage).InitInstance();
+    const bool doesNothing = onStage->steps.empty();
+    const bool launches = !doesNothing && onStage->steps.back().kind == RunStep::Kind::Launch;
     EXPECT_FALSE((doesNothing && wentOn) || (launches && !wentOn))
         << "InitInstance said " << wentOn;
 
+    Performance run;
     for (const Step& step : row.steps) {
-        expected += wordsOf(step);
+        run.expected += wordsOf(step);
     }
-    const auto isDialog = [](const Step& step) { return step.kind == Step::Kind::Dialog; };
-    auto dialog = row.steps.begin();
-    for (const RunStep& step : described.steps) {
-        std::string words = wordsOf(step);
-        if (step.kind == RunStep::Kind::Dialog) {
-            dialog = std::find_if(dialog, row.steps.end(), isDialog);
-            if (dialog != row.steps.end() && fits(*dialog++, words.substr(0, words.size() - 1))) {
-                words = std::prev(dialog)->seen + '\n';
-            }
-        }
-        seen += words;
+    auto dialog = dialogs.begin();
+    for (const RunStep& step : onStage->steps) {
+        run.seen += step.kind == RunStep::Kind::Dialog ? *dialog++ + '\n' : wordsOf(step);
     }
-    EXPECT_EQ(seen, expected);
-    return seen;
+    return run;
 }

@@ -9,14 +9,11 @@
 #include <cstdlib>
 #include <filesystem>
 #include <fstream>
-#include <iostream>
 #include <optional>
-#include <tuple>
 
 #include "app/environment.h"
-#include "app/stamped_identity.h"
-#include "catalogue/product_catalogue.h"
 #include "platform/files_win.h"
+#include "platform/handle_win.h"
 #include "platform/operating_system_win.h"
 #include "platform/system_library_win.h"
 #include "tools/dialog_driver/installer_run_win.h"
@@ -27,17 +24,20 @@ namespace {
 const std::string ownInstaller = scratch + "Install.exe", recordFile = scratch + "records.txt";
 const std::string installerRuns = scratch + "the installer runs";  ///< a file
 std::string installer;  ///< which one the present row runs
-const std::string uninstallList = "SOFTWARE\\Microsoft\\Windows\\CurrentVersion\\Uninstall\\";
 
 std::string upTo(const std::string& path, char last) {
     return path.substr(0, path.rfind(last));
 }
 
-/// What the installer asks on this release, whatever a row is about; empty where it asks nothing.
-std::string questionAboutRelease() {
+/// The steps of a row, behind what the installer asks on this release unless they are about that.
+std::vector<Step> withQuestionAboutRelease(std::vector<Step> steps) {
     const OperatingSystemIdentity identity = identifyOperatingSystem(queryOperatingSystem());
     const auto message = environmentPolicy(identity.code, identity.name).message;
-    return message ? box(message->text, "warning", "Yes | No").seen : "";
+    if (message && (steps.empty() || steps[0].seen.find("tested on") == std::string::npos)) {
+        steps.insert(steps.begin(), box(message->text, "warning", "Yes | No", "Yes"));
+        steps[0].kind = Step::Kind::DialogOfSomePlatforms;
+    }
+    return steps;
 }
 
 /// As a folder of more than 247 characters, and a file of more than 259, have to be named.
@@ -48,12 +48,11 @@ std::string longPath(const std::string& path) {
 /// A run as it is seen from outside, beside what is expected of it.
 class Playback {
   public:
-    Playback(const std::vector<std::string>& arguments, std::string passedQuestion)
-        : run(installer, arguments, elsewhere), passedQuestion(std::move(passedQuestion)) {}
+    explicit Playback(const std::vector<std::string>& arguments)
+        : run(installer, arguments, elsewhere) {}
 
     /// False: the run is not what it should be, and is not to be followed any further.
     bool meet(const Step& step) {
-        passQuestion();
         if (step.kind == Step::Kind::WaitForFile) {
             return waitsFor(step.seen);
         }
@@ -86,7 +85,6 @@ class Playback {
 
     void end(bool met) {
         if (met) {
-            passQuestion();
             lookOut();
         }
         if (met && !dialog && shown.empty()) {
@@ -114,19 +112,6 @@ class Playback {
         }
     }
 
-    /// It comes ahead of everything. What comes behind it is not looked for: that may take long.
-    void passQuestion() {
-        if (passedQuestion.empty()) {
-            return;
-        }
-        lookOut();
-        if (dialog && shown == passedQuestion) {
-            shown = dialog->act("Yes");
-            dialog.reset();
-        }
-        passedQuestion.clear();
-    }
-
     void takeRecords() {
         const std::string records = readFile(recordFile);
         seen += records.substr(taken);
@@ -134,20 +119,22 @@ class Playback {
     }
 
     bool waitsFor(const std::string& file) {
+        const auto sawWhatIsExpected = [this] {
+            takeRecords();
+            return seen == expected;
+        };
         const DWORD start = GetTickCount();
-        while (readFile(recordFile) != expected &&
-               GetTickCount() - start < InstallerRun::defaultDeadline) {
+        while (!sawWhatIsExpected() && GetTickCount() - start < InstallerRun::defaultDeadline) {
             Sleep(10);
         }
         // Longer than the pause between two looks at the file.
-        const bool waits = WaitForSingleObject(run.process.hProcess, 1500) == WAIT_TIMEOUT &&
-                           readFile(recordFile) == expected;
+        const bool waits =
+            WaitForSingleObject(run.process.hProcess, 1500) == WAIT_TIMEOUT && sawWhatIsExpected();
         shown = waits && DeleteFileA(file.c_str()) ? "" : "does not wait for " + file;
         return waits;
     }
 
     InstallerRun run;
-    std::string passedQuestion;
     std::optional<DialogWindow> dialog;
     std::string shown;
     size_t taken = 0;
@@ -162,7 +149,7 @@ void clear() {
     // 32-bit Windows XP lacks it, and a second view of the list.
     const auto deleteInView = procedureAddress<decltype(&RegDeleteKeyExA)>(
         GetModuleHandleA("advapi32.dll"), "RegDeleteKeyExA");
-    for (std::string key = uninstallList + 'a'; key.back() <= 'h'; ++key.back()) {
+    for (std::string key = uninstallListKey + std::string("\\a"); key.back() <= 'h'; ++key.back()) {
         RegDeleteKeyA(HKEY_LOCAL_MACHINE, key.c_str());
         if (deleteInView != nullptr) {
             deleteInView(HKEY_LOCAL_MACHINE, key.c_str(), KEY_WOW64_64KEY, 0);
@@ -170,23 +157,20 @@ void clear() {
     }
 }
 
-/// The installer of the product with this code, or of none.
-void putInstaller(const std::string& code) {
+void putInstaller(const ProductIdentity& product) {
     // Set by the build, as the stamping tool is a native program. It stamps what ships alone.
     const char* const release = std::getenv("STAMPED_INSTALLERS");
+    const std::string& code = product.code;
     const std::string source = release != nullptr && !code.empty()
                                    ? std::string(release) + '/' + code + "/Install.exe"
                                    : std::getenv("UNSTAMPED_INSTALLER");
     std::string content = readFile(source);
     EXPECT_NE(content, "") << source;
     if (release == nullptr && !code.empty()) {
-        CProductData catalogue;
-        std::string name;
-        std::ignore = catalogue.productName(code, name);
         const std::size_t block = content.find(std::string(stampMarker, sizeof stampMarker));
-        content.replace(block + offsetof(StampedIdentity, productCode), code.size(),
-                        code == "1q" ? "1Q" : code);
-        content.replace(block + offsetof(StampedIdentity, productName), name.size(), name);
+        content.replace(block + offsetof(StampedIdentity, productCode), code.size(), code);
+        content.replace(block + offsetof(StampedIdentity, productName), product.name.size(),
+                        product.name);
     }
     file(ownInstaller, content)();
     installer = ownInstaller;
@@ -269,12 +253,12 @@ Given installerAt(const std::string& path) {
 Given registeredBelow(HKEY root, const std::string& key, const std::string& name,
                       const std::string& text, REGSAM view) {
     return [=] {
-        HKEY opened = nullptr;
-        RegCreateKeyExA(root, key.c_str(), 0, nullptr, 0, KEY_SET_VALUE | view, nullptr, &opened,
-                        nullptr);
-        RegSetValueExA(opened, name.c_str(), 0, REG_SZ, reinterpret_cast<const BYTE*>(text.c_str()),
+        RegistryHandle opened;
+        RegCreateKeyExA(root, key.c_str(), 0, nullptr, 0, KEY_SET_VALUE | view, nullptr,
+                        opened.receive(), nullptr);
+        RegSetValueExA(opened.get(), name.c_str(), 0, REG_SZ,
+                       reinterpret_cast<const BYTE*>(text.c_str()),
                        static_cast<DWORD>(text.size()) + 1);
-        RegCloseKey(opened);
     };
 }
 
@@ -287,36 +271,20 @@ Given release(const std::string& name) {
                            name);
 }
 
-std::string play(const Case& row) {
-    if (row.where == Where::Described) {
-        return "";
-    }
-    SCOPED_TRACE(row.name);
+void clearStage(const ProductIdentity& product) {
     SetEnvironmentVariableA("RECORD_FILE", recordFile.c_str());
     clear();
-    setupIn(media)();
-    file(elsewhere + "ProductData.ini", "[Version Number]\r\nVersion Number=9.9.9.9\r\n")();
-    putInstaller(row.name.substr(0, row.name.find(':')));
-    for (const Given& given : row.given) {
-        given();
-    }
+    putInstaller(product);
+}
+
+Performance perform(const Case& row) {
     DeleteFileA(recordFile.c_str());
     file(installerRuns)();
-
-    const bool aboutTheRelease =
-        !row.steps.empty() && row.steps.front().seen.find("tested on") != std::string::npos;
-    std::optional<Playback> playback(std::in_place, row.arguments,
-                                     aboutTheRelease ? "" : questionAboutRelease());
-    playback->end(std::all_of(row.steps.begin(), row.steps.end(),
-                              [&](const Step& step) { return playback->meet(step); }));
-    EXPECT_EQ(playback->seen, playback->expected);
-    if (playback->hangs()) {
-        // Every row behind it would take as long.
-        playback.reset();
-        std::cerr << "The installer hangs in the row " << row.name << ", which ends the suite.\n";
-        std::exit(1);
-    }
-    return playback->seen;
+    const std::vector<Step> steps = withQuestionAboutRelease(row.steps);
+    Playback playback(row.arguments);
+    playback.end(std::all_of(steps.begin(), steps.end(),
+                             [&](const Step& step) { return playback.meet(step); }));
+    return {playback.expected, playback.seen, playback.hangs()};
 }
 
 std::string readFile(const std::string& path) {
