@@ -38,7 +38,7 @@ int main(int count, char** values) {
         return fail("no installer named");
     }
     InstallerRun run(values[1], {values + 2, values + count});
-    while (const std::optional<DialogWindow> dialog = run.nextDialog(INFINITE).dialog) {
+    while (const std::optional<DialogWindow> dialog = run.nextDialog(INFINITE)) {
         // Wine leaves the caption of a first dialog that has the input as if it had not.
         SendMessageA(dialog->window, WM_NCACTIVATE, TRUE, 0);
         print(*dialog);
@@ -48,9 +48,9 @@ int main(int count, char** values) {
             }
         }
     }
-    // It also says when the installer could not be started at all.
-    if (const std::string error = run.awaitEnd(); !error.empty()) {
-        return fail(error);
+    run.awaitEnd();
+    if (!run.error.empty()) {
+        return fail(run.error);
     }
     std::cout << "end" << std::endl;
     return 0;

@@ -19,7 +19,7 @@ InstallerRun::InstallerRun(const std::string& program, const std::vector<std::st
     startup.cb = sizeof startup;
     if (!CreateProcessA(program.c_str(), command.data(), nullptr, nullptr, FALSE, CREATE_SUSPENDED,
                         nullptr, folder.c_str(), &startup, &process)) {
-        startError = "cannot start " + command + ": error " + std::to_string(GetLastError());
+        error = "cannot start " + command + ": error " + std::to_string(GetLastError());
         return;
     }
     AssignProcessToJobObject(job, process.hProcess);
@@ -33,10 +33,7 @@ InstallerRun::~InstallerRun() {
     CloseHandle(job);
 }
 
-Encounter InstallerRun::nextDialog(DWORD deadline) {
-    if (!startError.empty()) {
-        return {std::nullopt, startError};
-    }
+std::optional<DialogWindow> InstallerRun::nextDialog(DWORD deadline) {
     const DWORD start = GetTickCount();
     do {
         for (const DialogWindow& dialog : DialogWindow::all()) {
@@ -48,20 +45,21 @@ Encounter InstallerRun::nextDialog(DWORD deadline) {
                 IsWindowEnabled(window) &&
                 std::find(seen.begin(), seen.end(), window) == seen.end()) {
                 seen.push_back(window);
-                return {dialog, ""};
+                return dialog;
             }
         }
-        if (WaitForSingleObject(process.hProcess, pollInterval) != WAIT_TIMEOUT) {
-            return {};
+        if (!error.empty() || WaitForSingleObject(process.hProcess, pollInterval) != WAIT_TIMEOUT) {
+            return std::nullopt;
         }
     } while (GetTickCount() - start < deadline);
     hangs = true;
-    return {std::nullopt, "neither a dialog nor the end"};
+    error = "neither a dialog nor the end";
+    return std::nullopt;
 }
 
-std::string InstallerRun::awaitEnd() {
-    if (!startError.empty()) {
-        return startError;
+void InstallerRun::awaitEnd() {
+    if (!error.empty()) {
+        return;
     }
     const DWORD start = GetTickCount();
     JOBOBJECT_BASIC_ACCOUNTING_INFORMATION accounting{};
@@ -72,10 +70,10 @@ std::string InstallerRun::awaitEnd() {
         QueryInformationJobObject(job, JobObjectBasicAccountingInformation, &accounting,
                                   sizeof accounting, nullptr);
         if (installer == WAIT_OBJECT_0 && accounting.ActiveProcesses == 0) {
-            return "";
+            return;
         }
         Sleep(pollInterval);
     } while (GetTickCount() - start < defaultDeadline);
     hangs = true;
-    return std::to_string(accounting.ActiveProcesses) + " processes still run";
+    error = std::to_string(accounting.ActiveProcesses) + " processes still run";
 }

@@ -92,7 +92,8 @@ class Playback {
             GetExitCodeProcess(run.process.hProcess, &exitCode);
             // The installer has left "Setup.Exe" to itself.
             DeleteFileA(installerRuns.c_str());
-            shown = run.awaitEnd() + (exitCode == 0 ? "" : "exit code " + std::to_string(exitCode));
+            run.awaitEnd();
+            shown = run.error + (exitCode == 0 ? "" : "exit code " + std::to_string(exitCode));
         }
         takeRecords();
         seen += shown;
@@ -106,9 +107,8 @@ class Playback {
     /// For the next dialog, if that was not done yet.
     void lookOut() {
         if (!dialog && shown.empty()) {
-            const auto [next, error] = run.nextDialog();
-            dialog = next;
-            shown = dialog ? dialog->description() : error;
+            dialog = run.nextDialog();
+            shown = dialog ? dialog->description() : run.error;
         }
     }
 
