@@ -21,69 +21,54 @@ constexpr DWORD deadline = 20000;  // milliseconds
     std::exit(1);
 }
 
-class Process {
-  public:
-    explicit Process(std::string command) {
-        STARTUPINFOA startup{};
-        startup.cb = sizeof startup;
-        if (!CreateProcessA(nullptr, command.data(), nullptr, nullptr, FALSE, 0, nullptr, nullptr,
-                            &startup, &process)) {
-            fail("cannot start " + command);
-        }
-    }
-    ~Process() {
-        CloseHandle(process.hThread);
-        CloseHandle(process.hProcess);
-    }
-    Process(const Process&) = delete;
-    Process& operator=(const Process&) = delete;
-
-    [[nodiscard]] HWND awaitDialog() const {
-        const DWORD start = GetTickCount();
-        // Idle for the first time: the dialog is up and has nothing left to do.
-        WaitForInputIdle(process.hProcess, deadline);
-        do {
-            for (HWND window = nullptr;
-                 (window = FindWindowExA(nullptr, window, "#32770", nullptr)) != nullptr;) {
-                DWORD processId = 0;
-                GetWindowThreadProcessId(window, &processId);
-                if (processId == process.dwProcessId && IsWindowVisible(window)) {
-                    return window;
-                }
+/// Waits until the dialog is up and has nothing left to do.
+HWND awaitDialog(const PROCESS_INFORMATION& process) {
+    const DWORD start = GetTickCount();
+    // Idle for the first time.
+    WaitForInputIdle(process.hProcess, deadline);
+    do {
+        for (HWND window = nullptr;
+             (window = FindWindowExA(nullptr, window, "#32770", nullptr)) != nullptr;) {
+            DWORD processId = 0;
+            GetWindowThreadProcessId(window, &processId);
+            if (processId == process.dwProcessId && IsWindowVisible(window)) {
+                return window;
             }
-        } while (WaitForSingleObject(process.hProcess, 1) == WAIT_TIMEOUT &&
-                 GetTickCount() - start < deadline);
-        fail("no dialog");
-    }
-    void awaitEnd() const {
-        if (WaitForSingleObject(process.hProcess, deadline) != WAIT_OBJECT_0) {
-            fail("no end");
         }
-    }
-
-  private:
-    PROCESS_INFORMATION process{};
-};
-
-double timeToDialog(const std::string& command) {
-    const auto before = std::chrono::steady_clock::now();
-    const Process process(command);
-    const HWND dialog = process.awaitDialog();
-    const double time = millisecondsSince(before);
-    PostMessageA(dialog, WM_COMMAND, IDCANCEL, 0);
-    process.awaitEnd();
-    return time;
+    } while (WaitForSingleObject(process.hProcess, 1) == WAIT_TIMEOUT &&
+             GetTickCount() - start < deadline);
+    fail("no dialog");
 }
 
-double timeToLaunch(const std::string& command) {
-    static const HANDLE launched = CreateEventA(nullptr, FALSE, FALSE, launchEvent);
-    const auto before = std::chrono::steady_clock::now();
-    const Process process(command);
+const HANDLE launched = CreateEventA(nullptr, FALSE, FALSE, launchEvent);
+
+/// There is no dialog to be closed then.
+HWND awaitLaunch(const PROCESS_INFORMATION&) {
     if (WaitForSingleObject(launched, deadline) != WAIT_OBJECT_0) {
         fail("no launch");
     }
+    return nullptr;
+}
+
+double measure(HWND (*await)(const PROCESS_INFORMATION& process), std::string command) {
+    STARTUPINFOA startup{};
+    startup.cb = sizeof startup;
+    PROCESS_INFORMATION process{};
+    const auto before = std::chrono::steady_clock::now();
+    if (!CreateProcessA(nullptr, command.data(), nullptr, nullptr, FALSE, 0, nullptr, nullptr,
+                        &startup, &process)) {
+        fail("cannot start " + command);
+    }
+    const HWND dialog = await(process);
     const double time = millisecondsSince(before);
-    process.awaitEnd();
+    if (dialog != nullptr) {
+        PostMessageA(dialog, WM_COMMAND, IDCANCEL, 0);
+    }
+    if (WaitForSingleObject(process.hProcess, deadline) != WAIT_OBJECT_0) {
+        fail("no end");
+    }
+    CloseHandle(process.hThread);
+    CloseHandle(process.hProcess);
     return time;
 }
 
@@ -93,7 +78,7 @@ int main(int count, char** arguments) {
     if (count < 4) {
         fail("too few arguments");
     }
-    const auto measure = std::string_view(arguments[1]) == "dialog" ? timeToDialog : timeToLaunch;
+    const auto await = std::string_view(arguments[1]) == "dialog" ? awaitDialog : awaitLaunch;
     const int rounds = std::atoi(arguments[2]);
     const std::vector<std::string> commands(arguments + 3, arguments + count);
     std::vector<double> times(commands.size());
@@ -102,7 +87,7 @@ int main(int count, char** arguments) {
         for (std::size_t turn = 0; turn < commands.size(); ++turn) {
             // Each follows each: the end of the one before reaches into the next.
             const std::size_t command = (static_cast<std::size_t>(round) + turn) % commands.size();
-            times[command] = measure(commands[command]);
+            times[command] = measure(await, commands[command]);
         }
         for (std::size_t command = 0; round > 0 && command < commands.size(); ++command) {
             std::printf("%.2f%c", times[command], command + 1 < commands.size() ? ' ' : '\n');
