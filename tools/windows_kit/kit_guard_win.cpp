@@ -25,7 +25,7 @@
 #include "installed/installation_index.h"
 #include "installed/installed_product.h"
 #include "platform/files_win.h"
-#include "platform/handle_win.h"
+#include "platform/registry_key_win.h"
 
 namespace {
 
@@ -60,16 +60,15 @@ std::vector<std::string> madeFolders() {
 /// Every value of the key and of the keys below it, a line each.
 void describe(HKEY parent, const std::string& name, REGSAM view, const std::string& path,
               std::set<std::string>& lines) {
-    RegistryHandle key;
-    if (RegOpenKeyExA(parent, name.c_str(), 0, KEY_READ | view, key.receive()) != ERROR_SUCCESS) {
+    RegistryKey key;
+    if (key.open(parent, name.c_str(), KEY_READ | view) != ERROR_SUCCESS) {
         return;
     }
     lines.insert(path);
     std::vector<char> text(32768), data(65536);
     for (DWORD index = 0;; ++index) {
         auto length = static_cast<DWORD>(text.size()), size = static_cast<DWORD>(data.size());
-        const LSTATUS result = RegEnumValueA(key.get(), index, text.data(), &length, nullptr,
-                                             nullptr, reinterpret_cast<BYTE*>(data.data()), &size);
+        const auto result = key.enumerateValue(index, text.data(), length, data.data(), size);
         if (result == ERROR_NO_MORE_ITEMS) {
             break;
         }
@@ -81,11 +80,10 @@ void describe(HKEY parent, const std::string& name, REGSAM view, const std::stri
     }
     for (DWORD index = 0;; ++index) {
         auto length = static_cast<DWORD>(text.size());
-        if (RegEnumKeyExA(key.get(), index, text.data(), &length, nullptr, nullptr, nullptr,
-                          nullptr) != ERROR_SUCCESS) {
+        if (key.enumerateSubkey(index, text.data(), length) != ERROR_SUCCESS) {
             break;
         }
-        describe(key.get(), text.data(), view, path + '\\' + text.data(), lines);
+        describe(key.handle.get(), text.data(), view, path + '\\' + text.data(), lines);
     }
 }
 
@@ -101,9 +99,7 @@ std::set<std::string> installedPrograms() {
 /// Why the tests must not run here, a line each.
 std::vector<std::string> objections(const std::set<std::string>& programs) {
     std::vector<std::string> found;
-    RegistryHandle software;
-    if (RegOpenKeyExA(HKEY_LOCAL_MACHINE, "Software", 0, KEY_CREATE_SUB_KEY, software.receive()) !=
-        ERROR_SUCCESS) {
+    if (RegistryKey().open(HKEY_LOCAL_MACHINE, "Software", KEY_CREATE_SUB_KEY) != ERROR_SUCCESS) {
         found.emplace_back("these tests need an administrator: start run.cmd as one");
     }
     for (const std::string& line : programs) {
@@ -116,9 +112,8 @@ std::vector<std::string> objections(const std::set<std::string>& programs) {
     }
     for (const std::string& name : madeKeys) {
         for (const REGSAM view : views) {
-            RegistryHandle key;
-            if (RegOpenKeyExA(HKEY_LOCAL_MACHINE, name.c_str(), 0, KEY_READ | view,
-                              key.receive()) == ERROR_SUCCESS) {
+            if (RegistryKey().open(HKEY_LOCAL_MACHINE, name.c_str(), KEY_READ | view) ==
+                ERROR_SUCCESS) {
                 found.push_back("the key exists: HKEY_LOCAL_MACHINE\\" + name);
                 break;
             }
