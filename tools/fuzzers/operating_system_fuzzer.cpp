@@ -1,7 +1,5 @@
 #include <fuzzer/FuzzedDataProvider.h>
 
-#include <cstring>
-
 #include "platform/operating_system.h"
 #include "tools/fuzzers/fuzz_input.h"
 
@@ -32,13 +30,10 @@ void fuzz(std::string_view bytes) {
 
     const OperatingSystemIdentity identity = identifyOperatingSystem(facts);
     require(identity.code >= -1 && identity.code <= operating_system_code::unknownNewer);
-    char buffer[256];
-    std::memset(buffer, 'x', sizeof buffer);
-    const int code = deliverOperatingSystemName(identity, buffer, bufferSize);
+    std::string buffer(256, 'x');
+    const int code = deliverOperatingSystemName(identity, buffer.data(), bufferSize);
     require(code == identity.code || code == operating_system_code::nameTooLong ||
             code == operating_system_code::noBuffer);
-    require(bufferSize == 0 || code < 0 || std::memchr(buffer, 0, bufferSize) != nullptr);
-    for (std::size_t index = bufferSize; index < sizeof buffer; ++index) {
-        require(buffer[index] == 'x');
-    }
+    require(bufferSize == 0 || code < 0 || buffer.find('\0') < bufferSize);
+    require(buffer.find_first_not_of('x', bufferSize) == std::string::npos);
 }

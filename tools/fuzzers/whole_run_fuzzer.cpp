@@ -165,16 +165,15 @@ void requireWholeString(const std::string& parameters, const CInstallApp& app) {
         backquotes(app.productCode) != 0) {
         return;  // cut off, or spoilt by the media: the tools refuse such a build and such a stamp
     }
-    std::size_t at = 0, fields = 0;
+    std::size_t at = 0;
     for (const char* const name :
          {"-build=", "`-pid=", "`-pf=", "`-type=", "`-bitness=", "`-tmp="}) {
         const std::size_t found = parameters.find(name, at);
         require((found == std::string::npos) == (direct && name == std::string_view("`-bitness=")));
         at = found == std::string::npos ? at : found;
-        fields += found == std::string::npos ? 0 : 1;
     }
     require(parameters.ends_with('`'));
-    require(backquotes(parameters) == fields + backquotes(app.sourceDirectory));
+    require(backquotes(parameters) == (direct ? 5 : 6) + backquotes(app.sourceDirectory));
 }
 
 /// Whether some step of the run may start it: the tool of the media, the driver installer in the
