@@ -91,13 +91,9 @@ HWND focusedControl(HWND dialog, HWND before = nullptr) {
 }
 
 std::string listLook(HWND list) {
-    std::string look;
-    for (WPARAM column = 0;; ++column) {
-        const std::string description = probe(list, columnQuestion | column);
-        if (description.empty()) {
-            break;
-        }
-        look += description + ' ';
+    std::string look, column;
+    for (WPARAM index = 0; !(column = probe(list, columnQuestion | index)).empty(); ++index) {
+        look += column + ' ';
     }
     const LONG style = GetWindowLongA(list, GWL_STYLE);
     const auto extended = static_cast<LONG>(ask(list, LVM_GETEXTENDEDLISTVIEWSTYLE));
