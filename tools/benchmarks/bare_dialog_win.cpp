@@ -3,7 +3,6 @@
 
 #include <commctrl.h>
 
-#include "framework/application.h"
 #include "framework/dialog_win.h"
 #include "ui/resource.h"
 
@@ -17,14 +16,10 @@ class BareDialog : public CDialog {
     bool OnInitDialog() override { return false; }
 };
 
-class BareDialogApp : public CWinApp {
-  public:
-    BareDialogApp() : CWinApp("Bare dialog") {}
-    bool InitInstance() override {
-        InitCommonControls();
-        static_cast<void>(BareDialog().DoModal());  // however it was left
-        return false;
-    }
-} theApp;
-
 }  // namespace
+
+int WINAPI WinMain(HINSTANCE, HINSTANCE, LPSTR, int) {
+    InitCommonControls();
+    static_cast<void>(BareDialog().DoModal());  // however it was left
+    return 0;
+}

@@ -1,6 +1,5 @@
 // The floor for the time to the first dialog: a program of the installer's framework, options
 // and manifest that shows a dialog and nothing else.
-#include "framework/application.h"
 #include "framework/dialog_win.h"
 
 namespace {
@@ -13,13 +12,9 @@ const struct {
     WORD title = 0;
 } emptyTemplate;
 
-class EmptyDialogApp : public CWinApp {
-  public:
-    EmptyDialogApp() : CWinApp("Empty dialog") {}
-    bool InitInstance() override {
-        static_cast<void>(CDialog(&emptyTemplate.header).DoModal());
-        return false;
-    }
-} theApp;
-
 }  // namespace
+
+int WINAPI WinMain(HINSTANCE, HINSTANCE, LPSTR, int) {
+    static_cast<void>(CDialog(&emptyTemplate.header).DoModal());
+    return 0;
+}
