@@ -95,8 +95,8 @@ TEST(WindowsAlone, ComesInFrontOfWhatCoversTheScreen) {
         RECT place{};
         GetWindowRect(front, &place);
         const POINT middle{(place.left + place.right) / 2, (place.top + place.bottom) / 2};
-        inFront = DialogWindow(front).title();
-        inTheMiddle = DialogWindow(GetAncestor(WindowFromPoint(middle), GA_ROOT)).title();
+        inFront = DialogWindow{front}.title();
+        inTheMiddle = DialogWindow{GetAncestor(WindowFromPoint(middle), GA_ROOT)}.title();
     };
     play({{"04: covered", {choice, classicSetup}}});
     DestroyWindow(cover);

@@ -33,7 +33,7 @@ bool isOfClass(HWND window, const char* name) {
 
 BOOL CALLBACK addDialog(HWND window, LPARAM dialogs) {
     if (isOfClass(window, "#32770")) {
-        reinterpret_cast<std::vector<DialogWindow>*>(dialogs)->emplace_back(window);
+        reinterpret_cast<std::vector<DialogWindow>*>(dialogs)->push_back({window});
     }
     return TRUE;
 }

@@ -6,10 +6,7 @@
 #include <string>
 #include <vector>
 
-class DialogWindow {
-  public:
-    explicit DialogWindow(HWND window) : window(window) {}
-
+struct DialogWindow {
     /// The dialogs of every process, the top one first.
     [[nodiscard]] static std::vector<DialogWindow> all();
 

@@ -20,8 +20,7 @@ class InstallerRun {
                  const std::string& currentFolder = "");
     /// Ends what still runs.
     ~InstallerRun();
-    InstallerRun(const InstallerRun&) = delete;
-    InstallerRun& operator=(const InstallerRun&) = delete;
+    InstallerRun& operator=(InstallerRun&&) = delete;  // nor is it copied
 
     /// Waits for a dialog that takes input and was not returned before. Nothing: the program has
     /// ended, or there is an error.
