@@ -188,11 +188,10 @@ bool mayRun(const RunStep& step, const DescribedMachine& machine,
         program.find("\\Halvick Test System II\\Drivers\\") != std::string::npos) {
         return true;
     }
-    return std::any_of(
-        machine.registry.keys.begin(), machine.registry.keys.end(), [&](const auto& key) {
-            const RegistryValue* const command = valueIn(key.second, "UninstallString");
-            return command != nullptr && command->data.starts_with(program);
-        });
+    return std::ranges::any_of(machine.registry.keys, [&](const auto& key) {
+        const RegistryValue* const command = valueIn(key.second, "UninstallString");
+        return command != nullptr && command->data.starts_with(program);
+    });
 }
 
 void requireOrder(const DescribedMachine& machine, const CInstallApp& app) {
