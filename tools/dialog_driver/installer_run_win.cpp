@@ -1,7 +1,5 @@
 #include "tools/dialog_driver/installer_run_win.h"
 
-#include <algorithm>
-
 constexpr DWORD pollInterval = 10;  // milliseconds
 
 InstallerRun::InstallerRun(const std::string& program, const std::vector<std::string>& arguments,
@@ -42,9 +40,7 @@ std::optional<DialogWindow> InstallerRun::nextDialog(DWORD deadline) {
             GetWindowThreadProcessId(window, &owner);
             // A dialog that another one covers is disabled.
             if (owner == process.dwProcessId && IsWindowVisible(window) &&
-                IsWindowEnabled(window) &&
-                std::find(seen.begin(), seen.end(), window) == seen.end()) {
-                seen.push_back(window);
+                IsWindowEnabled(window) && seen.insert(window).second) {
                 return dialog;
             }
         }

@@ -4,6 +4,7 @@
 #include <windows.h>
 
 #include <optional>
+#include <set>
 #include <string>
 #include <vector>
 
@@ -36,5 +37,5 @@ class InstallerRun {
 
   private:
     HANDLE job;
-    std::vector<HWND> seen;
+    std::set<HWND> seen;
 };
