@@ -13,7 +13,7 @@ std::string convert(std::string_view text, const char* from, const char* to, std
     std::string source(text), result(3 * (text.size() / unit), '\0');
     char *next = source.data(), *end = result.data();
     std::size_t left = source.size() / unit * unit, room = result.size();
-    const iconv_t conversion = iconv_open(to, from);
+    iconv_t conversion = iconv_open(to, from);
     while (left > 0 && iconv(conversion, &next, &left, &end, &room) == std::size_t(-1)) {
         end += substitute.copy(end, substitute.size()), room -= substitute.size();
         next += unit, left -= unit;

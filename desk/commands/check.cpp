@@ -108,8 +108,9 @@ Json checkSet(const Choices& choices, const std::vector<MachineDescription>& mac
             continue;
         }
         media.push_back(reportOf(folder, member->second, choices, machines));
-        if (member->second.build.empty() && media.back()["build"] != "") {
-            builds.insert(media.back()["build"].get<std::string>());
+        const std::string build = media.back().value("build", "");
+        if (member->second.build.empty() && !build.empty()) {
+            builds.insert(build);
         }
         missing.erase(member);
     }

@@ -61,7 +61,8 @@ std::uint32_t DescribedMachine::copyFile(const std::string& source, const std::s
     return error;
 }
 
-std::uint32_t DescribedMachine::stopRunning(const std::string&, const std::string& path) {
+std::uint32_t DescribedMachine::stopRunning(const std::string& /*fileName*/,
+                                            const std::string& path) {
     const std::uint32_t code = stopResults.contains(path) ? stopResults.at(path) : 0;
     keep({.kind = RunStep::Kind::Stop, .program = path, .succeeded = code == 0});
     return code;

@@ -32,7 +32,7 @@ std::uint32_t giveData(const std::string& bytes, char* buffer, unsigned long& si
     const bool fits = buffer == nullptr || bytes.size() <= size;
     size = bytes.size();
     if (fits && buffer != nullptr) {
-        std::memcpy(buffer, bytes.data(), bytes.size());
+        bytes.copy(buffer, bytes.size());
     }
     return fits ? errorSuccess : errorMoreData;
 }

@@ -239,7 +239,8 @@ void noteDrivers(const InstallPlan& plan, int systemCode, std::vector<std::strin
 Json endingsOf(Trial& trial, const DryRunMedia& media, const MachineDescription& description) {
     const RunStep* const question = trial.question();
     Json endings = Json::array({endingOf(trial, question == nullptr ? "" : TEXT_LIVE_PRODUCT)});
-    for (std::size_t choice = 1; question && choice < question->dialog.choices.size(); ++choice) {
+    for (std::size_t choice = 1; question != nullptr && choice < question->dialog.choices.size();
+         ++choice) {
         const std::string& label = question->dialog.choices[choice];
         Trial other(media, description, label);
         endings.push_back(endingOf(other, label));

@@ -63,10 +63,10 @@ class Reader {
     void readAll() {
         takeLine();  // the header
         for (; !rest.empty(); takeLine()) {
-            const auto start = text.end() - static_cast<std::ptrdiff_t>(rest.size());
+            const std::string_view before = text.substr(0, text.size() - rest.size());
             const bool isValue = rest.front() == '"' || rest.front() == '@';
             if (!(isValue ? readValue() : readKey()) && problems.size() < mostProblems) {
-                const auto number = std::count(text.begin(), start, '\n') + 1;
+                const auto number = std::count(before.begin(), before.end(), '\n') + 1;
                 problems.push_back("line " + std::to_string(number) + " is not understood");
             }
         }

@@ -71,7 +71,7 @@ std::string Executable::headerDamage() const {
 }
 
 std::string Executable::damage() const {
-    if (const std::string damage = headerDamage(); !damage.empty()) {
+    if (std::string damage = headerDamage(); !damage.empty()) {
         return damage;
     }
     const std::uint32_t kept = number(checksumField(), 4);

@@ -32,7 +32,7 @@ std::optional<BuildNumbers> buildNumbers(std::string_view build) {
     BuildNumbers numbers{};
     int size = 0;
     const bool isRead = build.find_first_not_of("0123456789.") == std::string_view::npos &&
-                        std::sscanf(std::string(build).c_str(), "%9u.%9u.%9u.%9u%n", &numbers[0],
+                        std::sscanf(std::string(build).c_str(), "%9u.%9u.%9u.%9u%n", numbers.data(),
                                     &numbers[1], &numbers[2], &numbers[3], &size) == 4;
     const bool isBuild = isRead && static_cast<std::size_t>(size) == build.size() &&
                          std::ranges::max(numbers) <= 0xFFFF;
@@ -213,7 +213,8 @@ ProductStamp chooseStamp(const std::string& code, const std::string& name,
     }
     const auto isAscii = [](char character) { return character >= ' ' && character <= '~'; };
     if (!std::all_of(stamp.name.begin(), stamp.name.end(), isAscii)) {
-        stamp.notes.push_back("the name holds characters that each code page shows in its own way");
+        stamp.notes.emplace_back(
+            "the name holds characters that each code page shows in its own way");
     }
     if (!build.empty() && !buildNumbers(build)) {
         throw Refusal("The build " + inQuotes(build) +

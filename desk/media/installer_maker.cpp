@@ -41,7 +41,7 @@ fs::path makeInstallers(const std::vector<InstallerOrder>& orders, const Signing
         images.push_back(stampedInstaller(order.installer, order.stamp));
         settings += order.path + ' ' + sha256(images.back()) + '\n';
     }
-    const fs::path folder = output.resumable(sha256(settings));
+    fs::path folder = output.resumable(sha256(settings));
     std::atomic<std::size_t> kept = 0;
     try {
         inParallel(orders.size(), signing.jobs, [&](std::size_t index) {

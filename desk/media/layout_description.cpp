@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <cstring>
+#include <utility>
 
 #include "app/direct_install.h"
 #include "app/setup_parameters.h"
@@ -23,10 +24,10 @@ const std::map<std::string, Kind> kinds = {
 
 }  // namespace
 
-LayoutDescription::LayoutDescription(const std::string& descriptionFile,
+LayoutDescription::LayoutDescription(std::string descriptionFile,
                                      const std::vector<std::string>& settings,
                                      const std::map<std::string, std::string>& forAll)
-    : file(descriptionFile), document(readJson(file)) {
+    : file(std::move(descriptionFile)), document(readJson(file)) {
     requireKnown(document, "the description");
     document.emplace("products", Json::object());
     for (const std::string& setting : settings) {
@@ -111,7 +112,7 @@ Json LayoutDescription::find(const std::string& code, const std::string& key) co
 std::string LayoutDescription::text(const std::string& code, const std::string& key,
                                     const char* otherwise) const {
     const Json found = find(code, key);
-    if (otherwise == nullptr && (found.is_null() || found == "")) {
+    if (otherwise == nullptr && (found.is_null() || found.get<std::string>().empty())) {
         refuse("there is no entry " + inQuotes(key) + ", which product " + code +
                " needs; add it.");
     }
@@ -131,7 +132,8 @@ bool LayoutDescription::has(const std::string& code, const std::string& key) con
 std::string LayoutDescription::installerName(const std::string& code) const {
     std::string name = text(code, "installerName", installerFile);
     const bool isPlain = std::ranges::all_of(name, [](char character) {
-        return character >= ' ' && character <= '~' && !std::strchr("\\/:*?\"<>|%", character);
+        return character >= ' ' && character <= '~' &&
+               std::strchr("\\/:*?\"<>|%", character) == nullptr;
     });
     // Windows starts nothing else, and "install.cmd" is read in another code page than the rest.
     if (!isPlain || name.size() < 5 || !lowerCase(name).ends_with(".exe")) {

@@ -17,7 +17,7 @@ class LayoutDescription {
     /// before those of the file; their paths are relative to the current folder; an empty VALUE
     /// takes the entry away. `forAll` are such entries by KEY, which count before every product's
     /// own as well; an empty one says nothing.
-    LayoutDescription(const std::string& file, const std::vector<std::string>& settings,
+    LayoutDescription(std::string descriptionFile, const std::vector<std::string>& settings,
                       const std::map<std::string, std::string>& forAll);
 
     /// Whether there is an entry for the product, other than false; without a code, for all.

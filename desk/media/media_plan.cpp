@@ -64,7 +64,8 @@ class Planner {
   private:
     void addContent(const fs::path& folder, const std::string& name) {
         const bool isPlain = std::ranges::none_of(name, [](char character) {
-            return (character >= 0 && character < ' ') || std::strchr("\\:*?\"<>|", character);
+            return (character >= 0 && character < ' ') ||
+                   std::strchr("\\:*?\"<>|", character) != nullptr;
         });
         if (!isPlain) {
             problem(inQuotes(folder / name) + " has a name that Windows does not allow.");

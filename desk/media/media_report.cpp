@@ -250,7 +250,7 @@ std::string buildFault(const std::string& build) {
 std::vector<std::string> faultsOf(const Json& report) {
     std::vector<std::string> faults;
     for (const Json& file : report["files"]) {
-        if (file["present"] == false || file["damage"] != "") {
+        if (file["present"] == false || !file.value("damage", "").empty()) {
             faults.push_back(file.value("name", "") + ": " +
                              (file["present"] == true ? file.value("damage", "") : "missing"));
         }
@@ -265,11 +265,11 @@ std::string mediaInWords(const Json& report) {
     for (const Json& run : report["runs"]) {
         words += runInWords(run) + '\n';
     }
-    if (report["productCode"] != "") {
-        words += "product   " + text(report, "productCode") + "  " + text(report, "productName") +
-                 "\ntitle     " + text(report, "title") + "\npath      " + text(report, "path") +
-                 "\nbuild     " + text(report, "build") + "  (" + text(report, "buildOrigin") +
-                 ")\ninstaller " + signatureInWords(report["signature"]) + '\n';
+    if (const std::string code = text(report, "productCode"); !code.empty()) {
+        words += "product   " + code + "  " + text(report, "productName") + "\ntitle     " +
+                 text(report, "title") + "\npath      " + text(report, "path") + "\nbuild     " +
+                 text(report, "build") + "  (" + text(report, "buildOrigin") + ")\ninstaller " +
+                 signatureInWords(report["signature"]) + '\n';
     }
     for (const Json& file : report["files"]) {
         const std::string damage = text(file, "damage");

@@ -12,7 +12,7 @@ namespace {
 
 volatile std::sig_atomic_t isAskedToEnd = 0;
 
-extern "C" void noteThatEndIsAsked(int) {
+extern "C" void noteThatEndIsAsked(int /*signal*/) {
     isAskedToEnd = 1;
 }
 
@@ -63,7 +63,8 @@ OutputFolder::~OutputFolder() {
 }
 
 fs::path OutputFolder::resumable(const std::string& settings) const {
-    const fs::path kept = work / "kept", noted = work / "settings";
+    fs::path kept = work / "kept";
+    const fs::path noted = work / "settings";
     if (readWholeFile(noted) != settings) {
         fs::remove_all(kept);
         writeOutput(noted, settings);

@@ -14,7 +14,7 @@ class OutputFolder {
   public:
     /// Makes the folder where there is none. Throws Refusal when that fails, and when another run
     /// is at work in it.
-    explicit OutputFolder(const fs::path& folder);
+    explicit OutputFolder(const fs::path& given);
     ~OutputFolder();
     OutputFolder(const OutputFolder&) = delete;
     OutputFolder& operator=(const OutputFolder&) = delete;
