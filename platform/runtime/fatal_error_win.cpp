@@ -18,7 +18,7 @@ void* allocate(std::size_t size) {
 void* operator new(std::size_t size) {
     void* memory = allocate(size);
     if (memory == nullptr) {
-        endProcess(statusNoMemory);
+        endProcess(STATUS_NO_MEMORY);
     }
     return memory;
 }
@@ -37,35 +37,35 @@ namespace std {
 const nothrow_t nothrow{};
 
 void __throw_bad_alloc() {
-    endProcess(statusNoMemory);
+    endProcess(STATUS_NO_MEMORY);
 }
 void __throw_bad_array_new_length() {
-    endProcess(statusNoMemory);
+    endProcess(STATUS_NO_MEMORY);
 }
 void __throw_bad_function_call() {
-    endProcess(statusAssertionFailure);
+    endProcess(STATUS_ASSERTION_FAILURE);
 }
 void __throw_length_error(const char*) {
-    endProcess(statusAssertionFailure);
+    endProcess(STATUS_ASSERTION_FAILURE);
 }
 void __throw_logic_error(const char*) {
-    endProcess(statusAssertionFailure);
+    endProcess(STATUS_ASSERTION_FAILURE);
 }
 void __throw_out_of_range(const char*) {
-    endProcess(statusAssertionFailure);
+    endProcess(STATUS_ASSERTION_FAILURE);
 }
 void __throw_out_of_range_fmt(const char*, ...) {
-    endProcess(statusAssertionFailure);
+    endProcess(STATUS_ASSERTION_FAILURE);
 }
 // Called by the library's assertions where they are switched on. With the attribute in the form in
 // which the library declares it: clang takes no other.
 __attribute__((__noreturn__)) void __glibcxx_assert_fail(const char*, int, const char*,
                                                          const char*) noexcept {
-    endProcess(statusAssertionFailure);
+    endProcess(STATUS_ASSERTION_FAILURE);
 }
 
 }  // namespace std
 
 extern "C" [[noreturn]] void __cxa_pure_virtual() {
-    endProcess(statusAssertionFailure);
+    endProcess(STATUS_ASSERTION_FAILURE);
 }

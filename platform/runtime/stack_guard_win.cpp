@@ -13,7 +13,7 @@ extern "C" {
 std::uintptr_t __stack_chk_guard = 0x000A0DFF;
 
 [[noreturn]] void __stack_chk_fail() {
-    endProcess(statusStackBufferOverrun);
+    endProcess(STATUS_STACK_BUFFER_OVERRUN);
 }
 }
 

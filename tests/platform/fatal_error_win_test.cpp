@@ -1,18 +1,18 @@
+#include <windows.h>
+
 #include <gtest/gtest.h>
 #include <process.h>
 
 #include <cstdlib>
 #include <string>
 
-#include "platform/runtime/end_process_win.h"
-
 TEST(FatalError, IsRaisedAndEndsTheProcess) {
     const std::pair<const char*, DWORD> table[] = {{"sound", 0},
-                                                   {"overflow", statusStackBufferOverrun},
-                                                   {"range", statusAssertionFailure},
-                                                   {"length", statusAssertionFailure},
-                                                   {"memory", statusNoMemory},
-                                                   {"raise", statusNoMemory + 1}};
+                                                   {"overflow", STATUS_STACK_BUFFER_OVERRUN},
+                                                   {"range", STATUS_ASSERTION_FAILURE},
+                                                   {"length", STATUS_ASSERTION_FAILURE},
+                                                   {"memory", STATUS_NO_MEMORY},
+                                                   {"raise", STATUS_NO_MEMORY + 1}};
     const std::string own = _pgmptr;
     const std::string sample = own.substr(0, own.rfind('\\')) + "\\fatal_error_sample.exe";
     SetErrorMode(SEM_NOGPFAULTERRORBOX);  // is inherited: nobody is there to close the box

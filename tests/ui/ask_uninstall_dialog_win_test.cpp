@@ -2,6 +2,8 @@
 
 #include <gtest/gtest.h>
 
+#include <tuple>
+
 #include "tests/framework/modal_driver_win.h"
 #include "ui/resource.h"
 
@@ -25,4 +27,18 @@ TEST(AskUninstallDialog, TakesNoSecondAnswer) {
         dialog, [](HWND window) { SendMessageA(GetDlgItem(window, IDYES), BM_CLICK, 0, 0); });
     EXPECT_EQ(result, IDOK);
     EXPECT_EQ(removed, (std::vector<std::string>{"Alpha", "beta"}));
+}
+
+// Sorting borrows them.
+TEST(AskUninstallDialog, GivesBackTheParametersOfItsRows) {
+    const std::vector<InstalledProduct> products{{"beta", "", ""}, {"Alpha", "", ""}};
+    const CAskUninstallDlg::Remove remove = [](const std::string&) {};
+    CAskUninstallDlg dialog(products, remove);
+    std::ignore = driveModal(dialog, [](HWND window) {
+        CListCtrl list;
+        list.m_hWnd = GetDlgItem(window, IDC_VERSION_LIST);
+        EXPECT_EQ(list.GetItemText(0, 1), "Alpha");
+        EXPECT_EQ(list.GetItemData(0), 0);
+        EXPECT_EQ(list.GetItemData(1), 0);
+    });
 }
