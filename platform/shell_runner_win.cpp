@@ -35,7 +35,6 @@ ShellRunner::ShellRunner(HWND owner) {
     execution.cbSize = sizeof execution;
     execution.fMask = SEE_MASK_NOCLOSEPROCESS;
     execution.hwnd = owner;
-    execution.lpParameters = "";
     execution.lpDirectory = "";
     execution.nShow = SW_SHOWNORMAL;
 }
