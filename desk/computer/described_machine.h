@@ -88,6 +88,7 @@ class DescribedMachine : public Machine {
 
     /// What happened, in order.
     std::vector<RunStep> steps;
+    int dispatches = 0;  ///< of messages that a closed dialog may have left
 
     [[nodiscard]] OperatingSystemFacts operatingSystem() override { return facts; }
     [[nodiscard]] bool isWow64() override { return wow64; }
@@ -131,7 +132,7 @@ class DescribedMachine : public Machine {
                       const std::function<void(const std::string& tickedName)>& remove) override;
     [[nodiscard]] std::optional<unsigned> askProductType(
         const ProductTypeQuestion& question) override;
-    void dispatchPendingMessage() override {}
+    void dispatchPendingMessage() override { ++dispatches; }
 
     void appendToLog(const std::string& line) override {
         keep({.kind = RunStep::Kind::Log, .target = line});

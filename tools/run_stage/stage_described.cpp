@@ -155,11 +155,13 @@ Performance perform(const Case& row) {
         dialogs.push_back(fits(step, shown) ? step.seen : shown);
         return step.actions;
     };
-    const bool wentOn = CInstallApp(*onStage).InitInstance();
-    const bool doesNothing = onStage->steps.empty();
-    const bool launches = !doesNothing && onStage->steps.back().kind == RunStep::Kind::Launch;
-    EXPECT_FALSE((doesNothing && wentOn) || (launches && !wentOn))
-        << "InitInstance said " << wentOn;
+    CInstallApp app(*onStage);
+    const bool wentOn = app.InitInstance();
+    const bool launches =
+        !onStage->steps.empty() && onStage->steps.back().kind == RunStep::Kind::Launch;
+    EXPECT_LE(launches, wentOn);
+    EXPECT_LE(wentOn, app.productType != 0) << "only a run with a type goes on";
+    EXPECT_EQ(onStage->dispatches, app.selectionState == 1 ? 1 : 0);
 
     Performance run;
     for (const Step& step : row.steps) {
