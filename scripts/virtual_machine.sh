@@ -106,7 +106,7 @@ SECONDS=0 shown=0
 while sleep 1 && kill -0 "$qemu" 2>/dev/null; do
     [ $SECONDS -lt "$limit" ] || give_up "the kit did not end in $limit seconds"
     [ -s "$console" ] || [ $SECONDS -lt "$start_limit" ] ||
-        give_up "the system did not start the kit in $start_limit seconds: is the image prepared?"
+        give_up "the system did not start the kit in $start_limit seconds: is the image prepared, does KVM work (ACCEL=tcg)?"
     if [ $((SECONDS / 20)) -ne "$shown" ]; then
         shown=$((SECONDS / 20))
         picture
