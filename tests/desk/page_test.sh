@@ -13,8 +13,8 @@ work=$(mktemp -d)
 trap 'rm -rf "$work"' EXIT
 markup='</script><img src=x><!--<script>'
 sed "s|beta EtherTavlink 2|& $markup|" tests/end_to_end/machines/server.json >"$work/server.json"
-PYTHONPATH=scripts python3 -Bc 'import sys, sample_parts
-sys.stdout.buffer.write(sample_parts.executable())' >"$work/installer.exe"
+PYTHONPATH=scripts python3 -Bc 'import pathlib, sys, sample_parts
+sample_parts.make_desk(*map(pathlib.Path, sys.argv[1:]))' "$(dirname "$tool")" "$work"
 cd "$work"
 cat >viewer.json <<'END'
 {"windows": "Windows XP",
@@ -25,9 +25,12 @@ echo '{"windows": "Windows 98"}' >old.json
 "$tool" check --html runs.html --installed server.json
 long=$(printf "release/%090d" 0)
 mkdir -p "$long/1k" # a folder without an installer
-"$tool" stamp installer.exe 1q "$long/1q/Install.exe" # media of an installer alone
-"$tool" stamp installer.exe 1r "$long/1r/Install.exe"
+"$tool" stamp build/release/installer.exe 1q 1q.exe
+mkdir "$long/1q" # media of an installer alone
+osslsigncode sign -certs certificate.pem -key key.pem -in 1q.exe -out "$long/1q/Install.exe" >/dev/null
+"$tool" stamp build/release/installer.exe 1r "$long/1r/Install.exe"
 "$tool" check --html faults.html --release "$long" --installed viewer.json --installed old.json \
+    --ca-file certificate.pem \
     >/dev/null || [ $? -eq 1 ]
 
 cat >measures.html <<'END'
@@ -89,7 +92,7 @@ faults.html at 390: 3 products
 EtherTavlink 07 · 16.4.10002.0 | Asks untested Windows, older versions, product type | 3 offered | – | Live Product, File Viewer, Demonstration
 Tavlink Industrial Analyzer 1m · 16.4.10002.0 | Asks untested Windows, product type | – | 1 | Live Product, File Viewer, Demonstration
 ☑ beta EtherTavlink 2 $(sed 's/</\&lt;/g; s/>/\&gt;/g' <<<"$markup")
-Bluetooth Protocol Viewer 1Q · 16.4.10002.0 | $long/1q | viewer.json | Asks nothing | 1 removed | – | Without a question (a message) | none | 2 problems 2 warnings
+Bluetooth Protocol Viewer 1Q · 16.4.10002.0 | $long/1q | viewer.json | Asks nothing | 1 removed | – | Without a question (a message) | good /CN=Trial | 2 problems 2 warnings
 old.json | Refused | – | – | –
 Tavlink Low Energy Analyzer 1r · 16.4.10002.0 | $long/1r | viewer.json | Ends silently | – | – | – | none | none 3 warnings
 old.json | Refused | – | – | –
