@@ -98,16 +98,16 @@ Release windowsNt(const OperatingSystemFacts& facts) {
             return windows5(facts);
         default:
             // Kept: a release newer than these has no name of its own, only its service pack.
-            return code::hasReleaseRow(facts.majorVersion) ? windows6OrLater(facts)
-                   : facts.majorVersion < 3                ? Release{code::notRecognised, ""}
-                                                           : Release{code::unknownNewer, ""};
+            return code::isToldByExtendedQuery(facts.majorVersion) ? windows6OrLater(facts)
+                   : facts.majorVersion < 3 ? Release{code::notRecognised, ""}
+                                            : Release{code::unknownNewer, ""};
     }
 }
 
 }  // namespace
 
 bool needsExtendedQuery(const OperatingSystemFacts& facts) {
-    return facts.platformId == platformNt && (code::hasReleaseRow(facts.majorVersion) ||
+    return facts.platformId == platformNt && (code::isToldByExtendedQuery(facts.majorVersion) ||
                                               (facts.majorVersion == 5 && facts.minorVersion == 2));
 }
 

@@ -57,8 +57,9 @@ inline constexpr ReleaseRow releaseRows[] = {
     {10, 0, windows10, "Windows 10 Insider Preview", server10,
      "Windows Server 10 Technical Preview"},
 };
-// Kept: not 10, whose row serves where the two queries differ alone.
-constexpr bool hasReleaseRow(std::uint32_t majorVersion) {
+// Of these major versions the extended query tells the release. Kept: not of 10, whose row serves
+// only where the two queries differ.
+constexpr bool isToldByExtendedQuery(std::uint32_t majorVersion) {
     return majorVersion == 6;
 }
 }  // namespace operating_system_code
