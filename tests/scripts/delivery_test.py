@@ -35,6 +35,7 @@ class Delivery(DeskTest):
                       ["layout", "layout.json", "media", "--release", "signed"]):
             made = run(*words)
             assert made.returncode == 0, made.stderr
+        assert "23 made, 0 unchanged" in made.stdout, made.stdout
 
     def copy(self, source):
         shutil.rmtree("copy", ignore_errors=True)
@@ -163,14 +164,19 @@ class Delivery(DeskTest):
         for name in ("1k/Setup.Exe", "1m/Setup.Exe"):
             Path("fewer/parts", name).unlink()
         Path("fewer/parts/04/Setup.Exe").write_bytes(b"MZ")
+        Path("fewer/parts/07/Setup.Exe").write_bytes(b"")
         Path("fewer/contents").mkdir()
         Path("fewer/contents/linked").symlink_to("/usr")
         Path("fewer/layout.json").write_text(Path("layout.json").read_text())
-        result = run("layout", "fewer/layout.json", "none", "--release", "signed", "--set",
-                     "07.contents=fewer/contents", "--set", "0g.installerName=Install")
-        self.expect(result, 1, "1k/Setup.Exe", "1m/Setup.Exe", "04/Setup.Exe", "linked",
-                    "ending in .exe")
+        copy = self.copy("media")
+        before = files(copy)
+        for folder in ("none", copy):
+            result = run("layout", "fewer/layout.json", folder, "--release", "signed", "--set",
+                         "07.contents=fewer/contents", "--set", "0g.installerName=Install")
+            self.expect(result, 1, "1k/Setup.Exe", "1m/Setup.Exe", "04/Setup.Exe", "is empty",
+                        "linked", "ending in .exe")
         self.assertFalse(Path("none").exists())
+        self.assertEqual(files(copy), before)
 
     @unittest.skipIf(os.geteuid() != 0, "an ordinary user mounts nothing")
     def test_a_folder_that_cannot_be_moved_changes_nothing(self):

@@ -90,16 +90,17 @@ class Desk(DeskTest):
             ("failing signature", sign("echo no token; false"), 1, "no token"),
             ("signature without effect", sign("true"), 1, "not signed"),
         ]
-        before = sorted(os.listdir())
+        before = sorted(Path().rglob("*"))
         for what, words, code, message in rows:
             with self.subTest(what):
                 self.expect(run(*words), code, message)
-                self.assertEqual(sorted(os.listdir()), before)
+                self.assertEqual(sorted(Path().rglob("*")), before)
         full_disk = run(*stamp("installer.exe"), shell="trap '' XFSZ; ulimit -f 1; exec \"$@\"")
         self.expect(full_disk, 1, "cannot be written")
-        self.assertEqual(sorted(os.listdir()), before)
+        self.assertEqual(sorted(Path().rglob("*")), before)
         self.expect(run("products", shell='exec "$@" >/dev/full'), 1)
         self.assertEqual(Path("installer.exe").read_bytes(), good)
+        self.assertEqual(Path("a folder/notes").read_bytes(), b"mine")
         self.assertIn("error", json.loads(run(*stamp("none.exe"), "--json").stdout))
 
     def test_data_are_enciphered_with_the_lines_that_windows_reads(self):
