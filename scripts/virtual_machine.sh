@@ -6,7 +6,7 @@
 # IMAGE  the disk of a system that logs an administrator on by itself; any format that QEMU reads. It is
 #        not changed. How to prepare one: tools/windows_kit/README.txt.
 # KIT    what windows_kit.sh made; its run.cmd is started at logon
-# OUT    a folder for what comes back: report.txt, console.txt (what run.cmd printed), screen-SECONDS.png
+# OUT    a folder for what comes back: report.txt, console.txt (what run.cmd prints, as it comes), screen-SECONDS.png
 #
 # Exits with run.cmd's exit code, with 124 when the machine took too long, and with 125 when it could
 # not do its work. In the environment: LIMIT (1800), START_LIMIT (600): seconds for all, and until the

@@ -197,6 +197,6 @@ struct Performance {
     std::string expected, seen;
     bool hangs = false;
 };
-/// Leaves nothing on the machine but the installer of this product.
+/// Leaves nothing on the machine but the installer of this product; with an empty code, of none.
 void clearStage(const ProductIdentity& product);
 [[nodiscard]] Performance perform(const Case& row);

@@ -12,6 +12,7 @@
 #include <optional>
 
 #include "app/environment.h"
+#include "platform/ansi_text.h"
 #include "platform/files_win.h"
 #include "platform/handle_win.h"
 #include "platform/operating_system_win.h"
@@ -162,7 +163,7 @@ void putInstaller(const ProductIdentity& product) {
     const char* const release = std::getenv("STAMPED_INSTALLERS");
     const std::string& code = product.code;
     const std::string source = release != nullptr && !code.empty()
-                                   ? std::string(release) + '/' + code + "/Install.exe"
+                                   ? std::string(release) + '/' + lowerCase(code) + "/Install.exe"
                                    : std::getenv("UNSTAMPED_INSTALLER");
     std::string content = readFile(source);
     EXPECT_NE(content, "") << source;
