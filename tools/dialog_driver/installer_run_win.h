@@ -21,8 +21,7 @@ class InstallerRun {
                  const std::string& currentFolder = "");
     /// Ends what still runs.
     ~InstallerRun();
-    InstallerRun& operator=(InstallerRun&&) =
-        delete;  // deletes the constructors too: neither moved nor copied
+    InstallerRun& operator=(InstallerRun&&) = delete;  // so it is neither moved nor copied
 
     /// Waits for a dialog that takes input and was not returned before. Nothing: the program has
     /// ended, or there is an error.
