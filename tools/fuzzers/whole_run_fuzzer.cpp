@@ -11,6 +11,7 @@
 #include "app/setup_parameters.h"
 #include "catalogue/product_names.h"
 #include "desk/computer/described_machine.h"
+#include "desk/executables/stamp_image.h"
 #include "platform/ansi_text.h"
 #include "tools/fuzzers/fuzz_input.h"
 
@@ -27,11 +28,9 @@ class HostileMachine : public DescribedMachine {
         const auto& [code, name] = *std::next(
             catalogue.ProductNames.begin(),
             input.ConsumeIntegralInRange<int>(0, std::ssize(catalogue.ProductNames) - 1));
-        identity = {code, name};
+        identity = {stampedCode(catalogue, code), name};
         if (rarely()) {
             identity = {text().substr(0, 7), text().substr(0, 103)};
-        } else if (identity.code == "1q") {
-            identity.code = "1Q";
         }
         commandLine = {media + "Install.exe", "-dir", media};
         while (rarely()) {
