@@ -48,9 +48,13 @@ std::string wordsOf(const RunStep& step) {
             return logged(step.target).seen;
         case RunStep::Kind::Wait:
             return "waits " + std::to_string(step.seconds) + " seconds\n";
-        default:
+        case RunStep::Kind::Run:
+        case RunStep::Kind::Launch:
             return step.succeeded ? ran(program, step.arguments).seen : "";
+        case RunStep::Kind::Dialog:
+            break;
     }
+    return "";
 }
 
 /// What is expected, as far as it is the same whatever the run comes to.
@@ -62,9 +66,11 @@ std::string wordsOf(const Step& step) {
             return "";
         case Step::Kind::WaitForFile:  // which stays where it is
             return "waits 180 seconds\n";
-        default:
-            return step.seen;
+        case Step::Kind::Program:
+        case Step::Kind::Unseen:
+            break;
     }
+    return step.seen;
 }
 
 void addFolders(const std::string& path) {
